@@ -1,0 +1,5 @@
+#include "HXMapControls.h"
+
+HXMapControls::HXMapControls() = default;
+
+HXMapControls& HXMapControls::operator=(const HXMapControls&) = default;

@@ -1,0 +1,51 @@
+#pragma once
+// HXMapWidget: the canvas's drawing widget. A bound view's RedrawSignal (possibly on a render thread)
+// makes it render the view into a fresh surface and copy the pixels into its image under the image
+// lock; paintEvent only blits that image, the watermark and the scrolling-notice overlay.
+#include "HXNoticeItem.h"
+
+#include <QImage>
+#include <QList>
+#include <QMutex>
+#include <QTimer>
+#include <QWidget>
+
+class HXMapCanvas;
+
+namespace HXObjects {
+class HOEvent;
+}
+
+class HXMapWidget : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit HXMapWidget(HXMapCanvas* canvas);
+    ~HXMapWidget() override;
+
+    void onViewRedraw(void* sender, HXObjects::HOEvent* event);
+
+    bool mWaterMask = true;
+    bool mLicenseFlag = false;
+    QMutex mImageMutex;
+    QImage mImage;
+    QImage mOverlayImage;
+    QTimer mUpdateTimer;
+    QTimer mLicTimer;
+    bool mLicensed = true;
+    bool mLicensedKept = true;
+    // ShowMessage appends under mNoticeMutex; the list owns its items.
+    QMutex mNoticeMutex;
+    QList<HXNoticeItem*> mNotices;
+
+signals:
+    void sizeChanged(QResizeEvent* e);
+
+public slots:
+    void slotUpdate();
+    void slotCheckLic();
+
+protected:
+    void paintEvent(QPaintEvent* e) override;
+    void resizeEvent(QResizeEvent* e) override;
+};

@@ -1,0 +1,44 @@
+#pragma once
+// HOCoordinateSystem: a coordinate reference system (backed by PROJ through OGR). Axis order is the
+// traditional GIS one everywhere: x = easting or longitude, y = northing or latitude.
+#include "HORefBase.h"
+#include "HORefPtr.h"
+#include "HOString.h"
+#include "HOUnitType.h"
+
+#include <memory>
+
+class OGRSpatialReference;
+
+namespace HXObjects {
+
+class HOCoordinateSystem : public HORefBase {
+public:
+    // "EPSG:4490", WKT or a PROJ string; null when it cannot be read.
+    static HORefPtr<HOCoordinateSystem> FromUserInput(const HOString& definition);
+    static HORefPtr<HOCoordinateSystem> FromEpsg(int code);
+    // Copies the definition; null for a null or empty reference.
+    static HORefPtr<HOCoordinateSystem> FromOgr(const OGRSpatialReference* reference);
+
+    virtual bool IsGeographic();
+    virtual bool IsProjected();
+    // Metre for projected systems, degree for geographic ones (other linear units when defined so).
+    virtual HOUnitType GetUnit();
+    virtual bool ToGeographic(double x, double y, double* lon, double* lat);
+
+    HOString GetName() const;
+    HOString ToWkt() const;
+    int GetEpsgCode() const;  // 0 when unknown
+    bool IsSame(const HOCoordinateSystem* other) const;
+    const OGRSpatialReference* Ogr() const;
+
+protected:
+    ~HOCoordinateSystem() override;
+
+private:
+    HOCoordinateSystem();
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+}  // namespace HXObjects

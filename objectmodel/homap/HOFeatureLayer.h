@@ -1,0 +1,59 @@
+#pragma once
+// HOFeatureLayer: a vector layer read through OGR. Geometries are held in memory in compact form
+// with a spatial index, reprojected on the fly to the map's system (cached per target system), and
+// drawn with the layer style, per-feature overrides (HOUserFeatureRender) and the selection
+// highlighted. Feature ids are the source's FIDs.
+#include "HOFeature.h"
+#include "HOLayer.h"
+#include "HOStyle.h"
+#include "HOUserFeatureRender.h"
+
+#include <memory>
+#include <vector>
+
+namespace HXObjects {
+
+class HOFeatureLayer : public HOLayer {
+public:
+    LayerType GetLayerType() const override;
+    HORefPtr<HOCoordinateSystem> GetSpatialReference() const override;
+    HORect GetExtent() const override;
+    void Render(const HORenderContext& context) override;
+
+    int GetFeatureCount() const;
+    HORefPtr<HOStyle> GetStyle() const;
+    void SetStyle(HORefPtr<HOStyle> style);
+    // Never null.
+    HORefPtr<HOUserFeatureRender> GetCustomFeatureRender() const;
+    bool IsSameCoordinateSystem(HOCoordinateSystem* system) const;
+
+    // Selection (ids). The rectangle is in the given system (the layer's own when null).
+    bool HasSelectedFeatures() const;
+    std::vector<int> GetSelectedIds() const;
+    // Selects the features whose geometry meets the rectangle; adds to the selection when `add`.
+    int SelectByRect(const HORect& rect, bool add, const HOCoordinateSystem* rectSystem = nullptr);
+    void SetSelectedIds(const std::vector<int>& ids);
+    void ClearSelection();
+    // Ids of the features under the point within the tolerance (rectangle system as above), topmost
+    // (last drawn) first.
+    std::vector<int> IdentifyAt(const HOPoint& point, double tolerance,
+                                const HOCoordinateSystem* pointSystem = nullptr) const;
+
+    // Used to flash a feature: the validity query, the lookup by id (a copy), and its geometry.
+    virtual bool IsValid() const;
+    virtual HORefPtr<HOFeature> GetFeature(int id) const;
+    virtual HORefPtr<HOGeometry> GetFeatureGeometry(int id) const;
+    virtual HOGeometry::GeoType GetGeometryType() const;
+
+protected:
+    ~HOFeatureLayer() override;
+
+private:
+    HOFeatureLayer();
+    friend HORefPtr<HOLayer> OpenLayer(const HOString&, HOString*);
+    friend class HOFeatureLayerLoader;
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+}  // namespace HXObjects

@@ -1,0 +1,62 @@
+#pragma once
+// HOLayer: one layer of a map. Each layer kind draws itself through Render() into a picture the map
+// view composes; Render() runs on the render thread and must poll the context's cancel flag.
+#include "HORect.h"
+#include "HORefBase.h"
+#include "HORefPtr.h"
+#include "HOString.h"
+
+#include <atomic>
+#include <mutex>
+
+namespace HXObjects {
+
+class HOCoordinateSystem;
+struct HORenderContext;
+
+class HOLayer : public HORefBase {
+public:
+    enum LayerType {
+        UnknownLayer = 0,
+        PointLayer = 1,
+        PolylineLayer = 3,
+        PolygonLayer = 4,
+        RasterLayer = 10,
+        GraphicsLayer = 11,
+    };
+
+    virtual LayerType GetLayerType() const = 0;
+    virtual HORefPtr<HOCoordinateSystem> GetSpatialReference() const = 0;
+    // Extent in the layer's own coordinate system.
+    virtual HORect GetExtent() const = 0;
+    // Extent in the given system (the layer's own when null or the same).
+    virtual HORect GetExtentIn(const HOCoordinateSystem* system) const;
+    virtual void Render(const HORenderContext& context) = 0;
+
+    HOString GetName() const;
+    void SetName(const HOString& name);
+    // The file or data source the layer was opened from.
+    HOString GetSource() const;
+    void SetSource(const HOString& source);
+    bool IsVisible() const { return m_visible.load(); }
+    void SetVisible(bool visible) { m_visible.store(visible); }
+    // A process-unique id, stable for the layer's life.
+    int GetLayerId() const { return m_id; }
+
+protected:
+    HOLayer();
+    ~HOLayer() override = default;
+
+private:
+    mutable std::mutex m_mutex;
+    HOString m_name;
+    HOString m_source;
+    std::atomic<bool> m_visible{true};
+    int m_id;
+};
+
+// Opens any OGR vector source (first layer, or "path|layername=NAME") or GDAL raster; on failure null
+// and a readable error ("cannot open 'x.shp': reason").
+HORefPtr<HOLayer> OpenLayer(const HOString& source, HOString* error = nullptr);
+
+}  // namespace HXObjects

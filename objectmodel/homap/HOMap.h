@@ -1,0 +1,62 @@
+#pragma once
+// HOMap: an ordered stack of layers (first drawn first), a background colour, a coordinate system
+// (the first layer's while none is set) and a display unit, plus its graphics layer. Thread-safe:
+// the render thread reads the layer list while the GUI thread edits it. LayersChangedSignal fires
+// after every change of the list, a layer's visibility through SetLayerVisible, or the system.
+#include "HOColor.h"
+#include "HOEventSignal.h"
+#include "HOGraphicsLayer.h"
+#include "HOLayer.h"
+#include "HORect.h"
+#include "HORefPtr.h"
+#include "HOUnitType.h"
+
+#include <mutex>
+#include <vector>
+
+namespace HXObjects {
+
+class HOCoordinateSystem;
+
+class HOMap : public HORefBase {
+public:
+    HOMap();
+
+    // All layers in map order (the argument is kept for callers that pass true).
+    std::vector<HORefPtr<HOLayer>> GetLayers(bool all = true) const;
+    int GetLayerCount() const;
+    void AddLayer(HOLayer* layer);
+    void RemoveLayer(HOLayer* layer);
+    // Moves the layer to the index (clamped); no-op for a layer not in the map.
+    void MoveLayer(HOLayer* layer, int index);
+    void SetLayerVisible(HOLayer* layer, bool visible);
+    HORefPtr<HOGraphicsLayer> GetGraphicsLayer() const;
+
+    HOColor GetBackgroundColor() const;
+    void SetBackgroundColor(const HOColor& color);
+    // The set system, else the first layer's; may be null.
+    HORefPtr<HOCoordinateSystem> GetSpatialReference() const;
+    void SetSpatialReference(HOCoordinateSystem* system);
+    HOUnitType GetMapDisplayUnit() const;
+    void SetMapDisplayUnit(HOUnitType unit);
+    // The union of the visible layers' extents in the map's system; empty when there are none.
+    HORect GetFullExtent() const;
+
+    HOEventSignal LayersChangedSignal;
+
+protected:
+    ~HOMap() override = default;
+
+private:
+    void notifyChanged();
+
+    mutable std::mutex m_mutex;
+    std::vector<HORefPtr<HOLayer>> m_layers;
+    HORefPtr<HOGraphicsLayer> m_graphics;
+    HORefPtr<HOCoordinateSystem> m_system;
+    HOColor m_background{255, 255, 255};
+    HOUnitType m_unit = HOUnitMeter;
+    bool m_unitSet = false;
+};
+
+}  // namespace HXObjects

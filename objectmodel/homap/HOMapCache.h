@@ -1,0 +1,14 @@
+#pragma once
+// HOMapCache: the kinds of cached image a map view keeps; a refresh names the cache it invalidates.
+namespace HXObjects {
+
+class HOMapCache {
+public:
+    enum CacheType {
+        CacheAll = 0,       // every layer
+        CacheLayer = 1,     // one layer's image
+        CacheGraphics = 2,  // the graphics layer
+    };
+};
+
+}  // namespace HXObjects

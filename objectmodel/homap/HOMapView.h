@@ -1,0 +1,106 @@
+#pragma once
+// HOMapView: a view of one map. It renders the map's layers on a worker thread, in map order, into
+// cached images, and composes them (with the graphics layer, the current tool's temporary drawing
+// and the ruler-and-grid overlay) whenever Draw() is asked. Draw() never waits for a render: while
+// a new render runs after a pan or zoom it shows the previous picture moved and scaled to the new
+// extent.
+//
+// Threads: navigation and input on the GUI thread; RedrawSignal, RenderFinishedSignal and Draw()
+// may run on the render thread. Created by HOMapViewManager::addView (reference-counted).
+#include "HOMapCache.h"
+#include "HORefPtr.h"
+#include "HOString.h"
+#include "HOView.h"
+
+#include <memory>
+
+namespace HXObjects {
+
+class HOMap;
+class HOLayer;
+class HOGeometry;
+class HOStyle;
+class HOTrackCancel;
+class HOMapRulerAndGrid;
+class HOMapRenderer;
+
+class HOMapView : public HOView {
+public:
+    explicit HOMapView(const HOString& name = HOString());
+
+    // HOView, in table order.
+    bool KeyDown(int key) override;
+    void MouseDown(int button, int x, int y) override;
+    void MouseUp(int button, int x, int y) override;
+    void MouseMove(int button, int x, int y) override;
+    void DoubleClick(int button, int x, int y) override;
+    void Wheel(int reserved, int delta, int x, int y) override;
+    void SetSize(int width, int height) override;
+    void DrawTo(HOGraphics* surface, int reserved) override;
+    void SetSize(const HOSize& size) override;
+    HORect GetExtent() override;
+    void SetExtent(const HORect& extent) override;
+    void RefreshView(bool all) override;
+    void PauseRender() override;
+    void ResumeRender() override;
+    HOPoint GetCenter() override;
+    double GetScale() override;
+    void SetScale(double denominator) override;
+    void SetCurrentTool(HOTool* tool) override;
+    void ZoomIn() override;
+    void ZoomOut() override;
+    void ZoomByFactor(double factor, const HOPoint* centre) override;
+    HODisplay* GetScreenDisplay() override;
+    HODisplayTransform GetDisplayTransform() override;
+    void SetToolBuddy(HOToolBuddy* buddy) override;
+    void ResizeRefresh(int delayMs) override;
+    HOTool* GetCurrentTool() const override;
+    HOToolBuddy* GetToolBuddy() const override;
+
+    HOString GetName() const;
+    HOMap* GetMap() const;
+    // Shows another map (the view keeps a reference) and renders it at its full extent.
+    void SetMap(HOMap* map);
+
+    // Composes the finished images into the surface; never waits for the render thread.
+    void Draw(HOGraphics* surface);
+    // Re-renders an area (an empty rectangle: everything).
+    void RefreshMap(bool all, const HORect& area);
+    // Re-renders one layer's cached image only.
+    void Refresh(HOLayer* layer, HOMapCache::CacheType cacheType, const HORect& area);
+    // Cancels the running render; with wait, returns after the render thread has stopped.
+    void StopRender(bool wait);
+    // Selects every feature of the visible feature layers.
+    void SelectAll();
+    HOTrackCancel* GetTrackCancel();
+    HOMapRulerAndGrid* GetRulerAndGridSetting();
+    // Flashes the geometry (map coordinates) `times` times over the map; null style: a highlight.
+    void TwinkleGeometry(HOGeometry* geometry, HOStyle* style, int times);
+    // Asks for a new picture after display settings changed (grid, styles).
+    virtual void RequestRedraw(bool all);
+
+    // Fits the map's full extent into the view.
+    void ZoomToFullExtent();
+    bool IsRendering() const;
+    // Fired once when a render completes (not when it is cancelled), on the render thread.
+    HOEventSignal RenderFinishedSignal;
+    // Fired when the visible extent really changed, with a non-null event.
+    HOEventSignal BoundChangedSignal;
+
+    // Interactive panning: the current picture follows the mouse (offsets in pixels since BeginPan)
+    // without rendering; EndPan applies the offset to the extent and renders once.
+    void BeginPan();
+    void PanTo(int dx, int dy);
+    void EndPan(int dx, int dy);
+    // Recomposes without re-rendering, e.g. after the current tool's temporary drawing changed.
+    void RefreshToolPaint();
+
+protected:
+    ~HOMapView() override;
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+}  // namespace HXObjects

@@ -1,0 +1,28 @@
+#pragma once
+// HORenderContext: everything a layer needs to draw one picture: the painter, the pixel <-> map
+// transform, the output size, the visible extent in the map's coordinate system, that system, and
+// the cancel flag to poll between batches.
+#include "HODisplayTransform.h"
+#include "HORect.h"
+#include "HOSize.h"
+#include "HOTrackCancel.h"
+
+class QPainter;
+
+namespace HXObjects {
+
+class HOCoordinateSystem;
+
+struct HORenderContext {
+    QPainter* painter = nullptr;
+    HODisplayTransform transform;
+    HOSize size;
+    HORect extent;                                  // map coordinates of the visible area
+    const HOCoordinateSystem* mapSystem = nullptr;  // null: layers draw in their own coordinates
+    const HOTrackCancel* cancel = nullptr;
+    double dpi = 96.0;
+
+    bool IsCancelled() const { return cancel && cancel->IsCancelled(); }
+};
+
+}  // namespace HXObjects

@@ -1,0 +1,47 @@
+#pragma once
+// HOStyle: how a feature is drawn. Three kinds: a marker for points (shape, size, colour), a line
+// (width, colour, dash) and a fill for polygons (colour, outline colour and width). Styles are
+// plain data, shared by reference; change them only before handing them to a layer.
+#include "HOColor.h"
+#include "HORefBase.h"
+#include "HORefPtr.h"
+
+namespace HXObjects {
+
+class HOStyle : public HORefBase {
+public:
+    enum StyleType { MarkerStyle = 0, LineStyle = 1, FillStyle = 2 };
+    enum MarkerShape { Circle = 0, Square, Triangle, Diamond, Cross, Star };
+    enum DashPattern { Solid = 0, Dash, Dot, DashDot };
+
+    explicit HOStyle(StyleType type) : m_type(type) {}
+    static HORefPtr<HOStyle> NewMarker(MarkerShape shape, double size, const HOColor& color);
+    static HORefPtr<HOStyle> NewLine(double width, const HOColor& color, DashPattern dash = Solid);
+    static HORefPtr<HOStyle> NewFill(const HOColor& fill, const HOColor& outline, double outlineWidth);
+
+    StyleType GetStyleType() const { return m_type; }
+
+    MarkerShape GetMarkerShape() const { return m_shape; }
+    void SetMarkerShape(MarkerShape shape) { m_shape = shape; }
+    double GetSize() const { return m_size; }  // marker diameter in pixels
+    void SetSize(double size) { m_size = size; }
+    HOColor GetColor() const { return m_color; }  // marker, line or fill colour
+    void SetColor(const HOColor& color) { m_color = color; }
+    double GetWidth() const { return m_width; }  // line width or polygon outline width, pixels
+    void SetWidth(double width) { m_width = width; }
+    DashPattern GetDash() const { return m_dash; }
+    void SetDash(DashPattern dash) { m_dash = dash; }
+    HOColor GetOutlineColor() const { return m_outline; }  // marker and fill outline
+    void SetOutlineColor(const HOColor& color) { m_outline = color; }
+
+private:
+    StyleType m_type;
+    MarkerShape m_shape = Circle;
+    DashPattern m_dash = Solid;
+    double m_size = 6.0;
+    double m_width = 1.0;
+    HOColor m_color{80, 80, 80};
+    HOColor m_outline{40, 40, 40};
+};
+
+}  // namespace HXObjects

@@ -1,0 +1,28 @@
+#pragma once
+// HOUserFeatureRender: per-feature styles that override a layer's own style, keyed by feature id.
+// Read by the render thread while the GUI thread changes it, hence the lock.
+#include "HORefBase.h"
+#include "HORefPtr.h"
+#include "HOStyle.h"
+
+#include <map>
+#include <mutex>
+#include <vector>
+
+namespace HXObjects {
+
+class HOUserFeatureRender : public HORefBase {
+public:
+    // Ids in ascending order.
+    void GetCustomIds(std::vector<int>& ids) const;
+    HORefPtr<HOStyle> GetFeatureStyle(const int& id) const;
+    void SetFeatureStyle(const int& id, HORefPtr<HOStyle> style);
+    void RemoveFeatureStyle(const int& id);
+    bool IsEmpty() const;
+
+private:
+    mutable std::mutex m_mutex;
+    std::map<int, HORefPtr<HOStyle>> m_styles;
+};
+
+}  // namespace HXObjects
