@@ -1,0 +1,126 @@
+#include "HOMap.h"
+
+#include "HOCoordinateSystem.h"
+
+#include <algorithm>
+
+namespace HXObjects {
+
+HOMap::HOMap() : m_graphics(new HOGraphicsLayer) {}
+
+std::vector<HORefPtr<HOLayer>> HOMap::GetLayers(bool) const {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_layers;
+}
+
+int HOMap::GetLayerCount() const {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return static_cast<int>(m_layers.size());
+}
+
+void HOMap::AddLayer(HOLayer* layer) {
+    if (!layer) return;
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        if (std::find(m_layers.begin(), m_layers.end(), layer) != m_layers.end()) return;
+        m_layers.emplace_back(layer);
+    }
+    notifyChanged();
+}
+
+void HOMap::RemoveLayer(HOLayer* layer) {
+    // The reference is dropped after the lock is released: a layer's destructor may be slow.
+    HORefPtr<HOLayer> removed;
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        const auto it = std::find(m_layers.begin(), m_layers.end(), layer);
+        if (it == m_layers.end()) return;
+        removed = *it;
+        m_layers.erase(it);
+    }
+    notifyChanged();
+}
+
+void HOMap::MoveLayer(HOLayer* layer, int index) {
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        const auto it = std::find(m_layers.begin(), m_layers.end(), layer);
+        if (it == m_layers.end()) return;
+        const int from = static_cast<int>(it - m_layers.begin());
+        const int to = std::clamp(index, 0, static_cast<int>(m_layers.size()) - 1);
+        if (from == to) return;
+        HORefPtr<HOLayer> moved = *it;
+        m_layers.erase(it);
+        m_layers.insert(m_layers.begin() + to, moved);
+    }
+    notifyChanged();
+}
+
+void HOMap::SetLayerVisible(HOLayer* layer, bool visible) {
+    if (!layer || layer->IsVisible() == visible) return;
+    layer->SetVisible(visible);
+    notifyChanged();
+}
+
+HORefPtr<HOGraphicsLayer> HOMap::GetGraphicsLayer() const { return m_graphics; }
+
+HOColor HOMap::GetBackgroundColor() const {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_background;
+}
+
+void HOMap::SetBackgroundColor(const HOColor& color) {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_background = color;
+}
+
+HORefPtr<HOCoordinateSystem> HOMap::GetSpatialReference() const {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_system) return m_system;
+    for (const auto& layer : m_layers) {
+        if (auto system = layer->GetSpatialReference()) return system;
+    }
+    return {};
+}
+
+void HOMap::SetSpatialReference(HOCoordinateSystem* system) {
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_system.get() == system) return;
+        m_system = system;
+    }
+    notifyChanged();
+}
+
+HOUnitType HOMap::GetMapDisplayUnit() const {
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_unitSet) return m_unit;
+    }
+    // Unset: the unit of the map's coordinate system.
+    const auto system = GetSpatialReference();
+    return system ? system->GetUnit() : HOUnitMeter;
+}
+
+void HOMap::SetMapDisplayUnit(HOUnitType unit) {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_unit = unit;
+    m_unitSet = true;
+}
+
+HORect HOMap::GetFullExtent() const {
+    const auto layers = GetLayers(true);
+    const auto system = GetSpatialReference();
+    HORect full;
+    for (const auto& layer : layers) {
+        if (layer->IsVisible()) full = full.United(layer->GetExtentIn(system.get()));
+    }
+    return full;
+}
+
+void HOMap::notifyChanged() {
+    HOEvent event;
+    LayersChangedSignal.fire(this, &event);
+}
+
+}  // namespace HXObjects
