@@ -1,15 +1,22 @@
 #pragma once
 // Readable QCOMPARE failures and _data() columns for the object model's value types.
+#include "HOColor.h"
 #include "HOPoint.h"
 #include "HORect.h"
 
 #include <QMetaType>
 #include <QtTest>
 
+Q_DECLARE_METATYPE(HXObjects::HOColor)
 Q_DECLARE_METATYPE(HXObjects::HOPoint)
 Q_DECLARE_METATYPE(HXObjects::HORect)
 
 namespace HXObjects {
+
+inline char* toString(const HOColor& c) {
+    return QTest::toString(
+        QStringLiteral("HOColor(%1, %2, %3, %4)").arg(c.getR()).arg(c.getG()).arg(c.getB()).arg(c.getA()));
+}
 
 inline char* toString(const HOPoint& p) {
     return QTest::toString(QStringLiteral("HOPoint(%1, %2)").arg(p.x, 0, 'g', 17).arg(p.y, 0, 'g', 17));
