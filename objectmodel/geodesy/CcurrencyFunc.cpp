@@ -1,9 +1,9 @@
 #include "CcurrencyFunc.h"
 
-#include "private/HOTransverseMercator.h"
-
 #include <cmath>
 #include <limits>
+
+#include "private/HOTransverseMercator.h"
 
 using HXObjects::HOTransverseMercator;
 
@@ -58,7 +58,9 @@ bool ReadAngle(double value, int angleFormat, double* degrees) {
 }
 
 // False for NaN too.
-bool InRange(double degrees, double limit) { return std::fabs(degrees) <= limit; }
+bool InRange(double degrees, double limit) {
+    return std::fabs(degrees) <= limit;
+}
 
 void WriteFailure(double* northing, double* easting) {
     if (northing) *northing = std::numeric_limits<double>::quiet_NaN();

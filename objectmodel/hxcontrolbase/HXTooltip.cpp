@@ -20,8 +20,10 @@ QRect AvailableScreenArea(QPoint globalPos) {
 QPoint PlaceBeside(QPoint globalPos, QSize size, const QRect& screen) {
     QPoint topLeft = globalPos + kOffset;
     if (screen.isEmpty()) return topLeft;
-    if (topLeft.x() + size.width() > screen.right() + 1) topLeft.setX(globalPos.x() - kOffset.x() - size.width());
-    if (topLeft.y() + size.height() > screen.bottom() + 1) topLeft.setY(globalPos.y() - kOffset.y() - size.height());
+    if (topLeft.x() + size.width() > screen.right() + 1)
+        topLeft.setX(globalPos.x() - kOffset.x() - size.width());
+    if (topLeft.y() + size.height() > screen.bottom() + 1)
+        topLeft.setY(globalPos.y() - kOffset.y() - size.height());
     topLeft.setX(qBound(screen.left(), topLeft.x(), screen.right() + 1 - size.width()));
     topLeft.setY(qBound(screen.top(), topLeft.y(), screen.bottom() + 1 - size.height()));
     return topLeft;

@@ -6,13 +6,17 @@
 #include <QSvgRenderer>
 
 // Resources in a static library are linked only when something refers to them.
-static void InitThemeResource() { Q_INIT_RESOURCE(hxgistheme); }
+static void InitThemeResource() {
+    Q_INIT_RESOURCE(hxgistheme);
+}
 
 namespace {
 
 const QString kThemeRoot = QStringLiteral(":/images/themes/default/");
 
-bool IsSvg(const QString& path) { return path.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive); }
+bool IsSvg(const QString& path) {
+    return path.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive);
+}
 
 QPixmap RenderSvg(const QString& path, QSize size) {
     QSvgRenderer renderer(path);

@@ -27,4 +27,6 @@ void HXMapSettings::setExtent(const HXObjects::HORect& extent, bool magnified) {
     mExtent = magnified || extent.IsEmpty() ? extent : ScaledAboutCentre(extent, 1.0 / mMagnification);
 }
 
-bool HXMapSettings::hasValidSettings() const { return !mOutputSize.isEmpty() && !mExtent.IsEmpty(); }
+bool HXMapSettings::hasValidSettings() const {
+    return !mOutputSize.isEmpty() && !mExtent.IsEmpty();
+}

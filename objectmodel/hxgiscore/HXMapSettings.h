@@ -5,10 +5,10 @@
 // Magnification enlarges the drawing without changing the map scale: with a factor of 2 the same
 // output shows half the extent. setExtent(rect, false) takes an unmagnified extent and applies the
 // factor; setExtent(rect, true) takes the extent as it is to be shown.
-#include "HORect.h"
-
 #include <QFlags>
 #include <QSize>
+
+#include "HORect.h"
 
 class HXMapSettings {
 public:

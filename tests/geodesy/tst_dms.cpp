@@ -1,10 +1,10 @@
 // Packed degree-minute-second and degree-decimal-minute angles.
-#include "CcurrencyFunc.h"
-#include "HOUnitConversion.h"
-
 #include <QtTest>
 #include <cmath>
 #include <limits>
+
+#include "CcurrencyFunc.h"
+#include "HOUnitConversion.h"
 
 using HXObjects::HOUnitConversion;
 

@@ -1,12 +1,12 @@
 // Gauss–Krüger forward projection, checked against PROJ's transverse Mercator.
-#include "CcurrencyFunc.h"
-#include "HOUnitConversion.h"
-
 #include <proj.h>
 
 #include <QtTest>
 #include <cmath>
 #include <limits>
+
+#include "CcurrencyFunc.h"
+#include "HOUnitConversion.h"
 
 using HXObjects::HOUnitConversion;
 
@@ -70,8 +70,8 @@ void TestGaussKruger::matchesProj_data() {
     }
     QTest::newRow("CGCS2000 L0=117 packed DMS")
         << int(CcurrencyFunc::CGCS2000) << cgcs2000 << 117.0 << int(CcurrencyFunc::PackedDms);
-    QTest::newRow("CGCS2000 zone 0, L0=-3") << int(CcurrencyFunc::CGCS2000) << cgcs2000 << -3.0
-                                            << int(CcurrencyFunc::PackedDms);
+    QTest::newRow("CGCS2000 zone 0, L0=-3")
+        << int(CcurrencyFunc::CGCS2000) << cgcs2000 << -3.0 << int(CcurrencyFunc::PackedDms);
     QTest::newRow("Krassovsky L0=111") << int(CcurrencyFunc::Krassovsky) << QStringLiteral("+ellps=krass")
                                        << 111.0 << int(CcurrencyFunc::DecimalDegrees);
     QTest::newRow("IAG-75 L0=93") << int(CcurrencyFunc::IAG75) << QStringLiteral("+a=6378140 +rf=298.257")
@@ -150,14 +150,17 @@ void TestGaussKruger::rejects() {
     QFETCH(double, falseEasting);
     QFETCH(int, angleFormat);
     double n = 0, e = 0;
-    QVERIFY(!CcurrencyFunc::bl2XY(ellipsoid, lat, lon, centralMeridian, 20, falseEasting, &n, &e, angleFormat));
+    QVERIFY(
+        !CcurrencyFunc::bl2XY(ellipsoid, lat, lon, centralMeridian, 20, falseEasting, &n, &e, angleFormat));
     QVERIFY(std::isnan(n));
     QVERIFY(std::isnan(e));
     QVERIFY(!CcurrencyFunc::bl2XY(ellipsoid, lat, lon, centralMeridian, 20, falseEasting, nullptr, nullptr,
                                   angleFormat));
 }
 
-void TestGaussKruger::printWorst() { qInfo("worst difference from PROJ over all grids: %.6f mm", m_worstMm); }
+void TestGaussKruger::printWorst() {
+    qInfo("worst difference from PROJ over all grids: %.6f mm", m_worstMm);
+}
 
 QTEST_APPLESS_MAIN(TestGaussKruger)
 #include "tst_gausskruger.moc"

@@ -1,11 +1,11 @@
 // HORect: emptiness, union and conversion to and from OGR envelopes.
-#include "HORect.h"
-#include "HOTestPrinters.h"
-
 #include <ogr_core.h>
 
 #include <QtTest>
 #include <limits>
+
+#include "HORect.h"
+#include "HOTestPrinters.h"
 
 using HXObjects::HOPoint;
 using HXObjects::HORect;
@@ -84,7 +84,8 @@ void TestHORect::united_data() {
     QTest::addColumn<HORect>("expected");
     QTest::newRow("overlapping") << HORect(0, 10, 0, 10) << HORect(5, 20, -5, 5) << HORect(0, 20, -5, 10);
     QTest::newRow("empty left") << HORect() << HORect(1, 2, 3, 4) << HORect(1, 2, 3, 4);
-    QTest::newRow("empty right ignored, not the origin") << HORect(1, 2, 3, 4) << HORect() << HORect(1, 2, 3, 4);
+    QTest::newRow("empty right ignored, not the origin")
+        << HORect(1, 2, 3, 4) << HORect() << HORect(1, 2, 3, 4);
 }
 
 void TestHORect::united() {

@@ -1,12 +1,12 @@
 // HORefPtr / HORefBase: reference counts, ownership transfer and deletion exactly once, also when
 // many threads share one object.
-#include "HORefPtr.h"
-#include "HORefBase.h"
-
 #include <QtTest>
 #include <atomic>
 #include <thread>
 #include <vector>
+
+#include "HORefBase.h"
+#include "HORefPtr.h"
 
 using HXObjects::HORefBase;
 using HXObjects::HORefPtr;

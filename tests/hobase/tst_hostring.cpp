@@ -1,8 +1,8 @@
 // HOString: encodings, formatting, comparison and number reading.
-#include "HOString.h"
-
 #include <QtTest>
 #include <clocale>
+
+#include "HOString.h"
 
 using HXObjects::HOString;
 
@@ -63,12 +63,18 @@ void TestHOString::compareNoCase_data() {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("other");
     QTest::addColumn<int>("sign");
-    QTest::newRow("ascii case") << "HXObjects::HOToolPan" << "hxobjects::hotoolpan" << 0;
-    QTest::newRow("non-ascii case") << "Ärger" << "äRGER" << 0;
-    QTest::newRow("less") << "abc" << "ABD" << -1;
-    QTest::newRow("greater") << "abd" << "ABC" << 1;
-    QTest::newRow("prefix is less") << "ab" << "ABC" << -1;
-    QTest::newRow("both empty") << "" << "" << 0;
+    QTest::newRow("ascii case") << "HXObjects::HOToolPan"
+                                << "hxobjects::hotoolpan" << 0;
+    QTest::newRow("non-ascii case") << "Ärger"
+                                    << "äRGER" << 0;
+    QTest::newRow("less") << "abc"
+                          << "ABD" << -1;
+    QTest::newRow("greater") << "abd"
+                             << "ABC" << 1;
+    QTest::newRow("prefix is less") << "ab"
+                                    << "ABC" << -1;
+    QTest::newRow("both empty") << ""
+                                << "" << 0;
 }
 
 void TestHOString::compareNoCase() {

@@ -1,12 +1,12 @@
 // HOGraphics: the QImage surface renderers draw into and the canvas copies from.
+#include <QPainter>
+#include <QtTest>
+#include <cstring>
+
 #include "HOGraphics.h"
 #include "HOGraphicsEngineManager.h"
 #include "HORefPtr.h"
 #include "HOTestPrinters.h"
-
-#include <QPainter>
-#include <QtTest>
-#include <cstring>
 
 using HXObjects::HOColor;
 using HXObjects::HOGraphics;
@@ -15,7 +15,9 @@ using HXObjects::HORefPtr;
 
 namespace {
 
-HORefPtr<HOGraphics> NewSurface() { return HOGraphicsEngineManager::instance("")->NewGraphics(); }
+HORefPtr<HOGraphics> NewSurface() {
+    return HOGraphicsEngineManager::instance("")->NewGraphics();
+}
 
 // The pixel at (x, y) read straight from Bits(), as the canvas reads it.
 QRgb BitsPixel(HOGraphics* g, int x, int y) {
@@ -60,7 +62,7 @@ void TestHOGraphics::sizes() {
     QCOMPARE(g->Height(), hasBits ? height : 0);
     if (!hasBits) return;
     QCOMPARE(g->Image().format(), QImage::Format_ARGB32_Premultiplied);
-    QCOMPARE(g->Image().bytesPerLine(), width * 4);  // rows are packed, as Bits() promises
+    QCOMPARE(g->Image().bytesPerLine(), width * 4);          // rows are packed, as Bits() promises
     QCOMPARE(BitsPixel(g, width - 1, height - 1), QRgb(0));  // starts transparent
 }
 

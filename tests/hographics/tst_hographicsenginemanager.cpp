@@ -1,10 +1,10 @@
 // HOGraphicsEngineManager: one process-wide manager, "QT" the only engine.
-#include "HOGraphicsEngineManager.h"
-#include "HORefPtr.h"
-
 #include <QtTest>
 #include <thread>
 #include <vector>
+
+#include "HOGraphicsEngineManager.h"
+#include "HORefPtr.h"
 
 using HXObjects::HOGraphics;
 using HXObjects::HOGraphicsEngineManager;

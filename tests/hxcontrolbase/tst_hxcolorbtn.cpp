@@ -1,11 +1,11 @@
 // Colour button: the colour shown, stored, signalled and picked.
-#include "HXColorBtn.h"
-
 #include <QApplication>
 #include <QColorDialog>
 #include <QSignalSpy>
 #include <QTimer>
 #include <QtTest>
+
+#include "HXColorBtn.h"
 
 class TestHXColorBtn : public QObject {
     Q_OBJECT

@@ -1,11 +1,11 @@
 // Tip window: placement beside the point, following, staying on screen, ownership.
-#include "HXTooltip.h"
-
 #include <QGuiApplication>
 #include <QPointer>
 #include <QScreen>
 #include <QWidget>
 #include <QtTest>
+
+#include "HXTooltip.h"
 
 class TestHXTooltip : public QObject {
     Q_OBJECT

@@ -1,8 +1,8 @@
 // Settings location and the compiled-in image theme.
-#include "HXApplication.h"
-
 #include <QApplication>
 #include <QtTest>
+
+#include "HXApplication.h"
 
 namespace {
 
@@ -45,10 +45,11 @@ void TestHXApplication::settingsFileDefaultsToConfigFolder() {
 void TestHXApplication::themeImages_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<int>("minimumSide");
-    for (const char* cursor : {"zoom-in.png", "zoom-out.png", "mActionRotatePointSymbols.png", "Identify.png"})
+    for (const char* cursor :
+         {"zoom-in.png", "zoom-out.png", "mActionRotatePointSymbols.png", "Identify.png"})
         QTest::newRow(cursor) << QString::fromLatin1(cursor) << 32;
-    for (const char* message :
-         {"/mIconInfo.png", "/mIconWarning.svg", "/mIconCritical.png", "/mIconSuccess.png", "mIconTimerPause.png"})
+    for (const char* message : {"/mIconInfo.png", "/mIconWarning.svg", "/mIconCritical.png",
+                                "/mIconSuccess.png", "mIconTimerPause.png"})
         QTest::newRow(message) << QString::fromLatin1(message) << 24;
     QTest::newRow("leading slash optional") << QStringLiteral("mIconInfo.png") << 24;
 }

@@ -1,7 +1,7 @@
 // Typed numbers in the user's locale, and the default scale list.
-#include "HXGis.h"
-
 #include <QtTest>
+
+#include "HXGis.h"
 
 class TestHXGis : public QObject {
     Q_OBJECT

@@ -1,9 +1,9 @@
 // Map settings: flags, magnification against extent, validity.
-#include "HXMapSettings.h"
-#include "HOTestPrinters.h"
-
 #include <QtTest>
 #include <limits>
+
+#include "HOTestPrinters.h"
+#include "HXMapSettings.h"
 
 using HXObjects::HORect;
 
@@ -90,7 +90,8 @@ void TestHXMapSettings::rejectsBadNumbers() {
     HXMapSettings s;
     s.setMagnificationFactor(2.0);
     s.setRotation(30.0);
-    for (double bad : {0.0, -1.0, std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()})
+    for (double bad :
+         {0.0, -1.0, std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()})
         s.setMagnificationFactor(bad);
     s.setRotation(std::numeric_limits<double>::quiet_NaN());
     QCOMPARE(s.magnificationFactor(), 2.0);

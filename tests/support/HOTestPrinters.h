@@ -1,11 +1,11 @@
 #pragma once
 // Readable QCOMPARE failures and _data() columns for the object model's value types.
+#include <QMetaType>
+#include <QtTest>
+
 #include "HOColor.h"
 #include "HOPoint.h"
 #include "HORect.h"
-
-#include <QMetaType>
-#include <QtTest>
 
 Q_DECLARE_METATYPE(HXObjects::HOColor)
 Q_DECLARE_METATYPE(HXObjects::HOPoint)
