@@ -197,6 +197,11 @@ protected:
     void MapViewContextMenu(int x, int y);
 
 private:
+    // Status bar, coordinates, scale and render toggle (constructor helper).
+    void buildStatusBar();
+    // The view navigation acts on: the map view in map-view mode, the layout in page-layout mode.
+    HXObjects::HOView* navigatedView() const;
+
     // Tool-host and input state (interaction/).
     bool mIsBrowseTool = false;
     bool mIsDigitizePolygon = false;

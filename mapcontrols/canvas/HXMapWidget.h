@@ -14,7 +14,9 @@ class HXMapCanvas;
 
 namespace HXObjects {
 class HOEvent;
-}
+class HOGraphics;
+class HOView;
+}  // namespace HXObjects
 
 class HXMapWidget : public QWidget {
     Q_OBJECT
@@ -48,4 +50,12 @@ public slots:
 protected:
     void paintEvent(QPaintEvent* e) override;
     void resizeEvent(QResizeEvent* e) override;
+
+private:
+    // Fills the surface with the view's background and draws the view into it.
+    static void drawView(HXObjects::HOView* view, HXObjects::HOGraphics* surface);
+    void scheduleRepaint();
+    int noticeCount();
+    HXNoticeItem* noticeAt(int index);
+    void removeNotice(HXNoticeItem* item);
 };

@@ -1,0 +1,159 @@
+#include "HXMapWidget.h"
+
+#include "HOGraphicsEngineManager.h"
+#include "HOMap.h"
+#include "HOMapView.h"
+#include "HOPageLayoutView.h"
+#include "HXMapCanvas.h"
+
+#include <QMutexLocker>
+#include <QPainter>
+#include <QThread>
+
+using namespace HXObjects;
+
+namespace {
+
+const int kOverlayIntervalMs = 100;
+const int kLicenceIntervalMs = 10000;
+// A notice crosses the widget in fifteen ticks.
+const int kNoticeStepsPerWidth = 15;
+
+const QImage& WatermarkImage() {
+    // The resource never changes, so it is decoded once rather than on every paint.
+    static const QImage watermark(":/res/WATERMARK.png");
+    return watermark;
+}
+
+}  // namespace
+
+HXMapWidget::HXMapWidget(HXMapCanvas* canvas) : QWidget(canvas) {
+    setMouseTracking(true);
+    mUpdateTimer.setInterval(kOverlayIntervalMs);
+    connect(&mUpdateTimer, SIGNAL(timeout()), this, SLOT(slotUpdate()));
+    mUpdateTimer.start();
+    mLicensed = true;
+    mLicensedKept = true;
+    mLicTimer.setInterval(kLicenceIntervalMs);
+    connect(&mLicTimer, SIGNAL(timeout()), this, SLOT(slotCheckLic()));
+    mLicTimer.start();
+}
+
+HXMapWidget::~HXMapWidget() {
+    mUpdateTimer.stop();
+    QMutexLocker lock(&mNoticeMutex);
+    qDeleteAll(mNotices);
+    mNotices.clear();
+}
+
+void HXMapWidget::onViewRedraw(void* sender, HOEvent*) {
+    if (!sender) return;
+    const int w = width();
+    const int h = height();
+    const HORefPtr<HOGraphics> surface = HOGraphicsEngineManager::instance(HOString())->NewGraphics();
+    if (!surface) return;
+    surface->SetSize(w, h);
+    surface->Begin();
+    drawView(static_cast<HOView*>(sender), surface);
+
+    const QImage pixels(surface->Bits(), surface->Width(), surface->Height(), QImage::Format_ARGB32_Premultiplied);
+    {
+        QMutexLocker lock(&mImageMutex);
+        mImage = pixels.copy();
+    }
+    scheduleRepaint();
+}
+
+void HXMapWidget::drawView(HOView* view, HOGraphics* surface) {
+    if (auto* mapView = dynamic_cast<HOMapView*>(view)) {
+        HOMap* map = mapView->GetMap();
+        surface->Clear(map ? map->GetBackgroundColor() : HOColor(255, 255, 255, 255));
+        mapView->Draw(surface);
+    } else if (auto* layout = dynamic_cast<HOPageLayoutView*>(view)) {
+        surface->Clear(HOColor(255, 255, 255, 255));
+        layout->DrawTo(surface, 0);
+    }
+}
+
+void HXMapWidget::scheduleRepaint() {
+    // Views fire their redraw from the render thread; update() belongs to the GUI thread.
+    if (QThread::currentThread() == thread())
+        update();
+    else
+        QMetaObject::invokeMethod(this, [this] { update(); }, Qt::QueuedConnection);
+}
+
+void HXMapWidget::paintEvent(QPaintEvent*) {
+    const QImage& watermark = WatermarkImage();
+    // Read before taking the image lock: the two locks are never held together.
+    const bool hasNotices = noticeCount() > 0;
+    QMutexLocker lock(&mImageMutex);
+    QPainter painter(this);
+    if (!mLicensed) {
+        const QRect r = rect();
+        painter.drawText(QPoint((r.left() + r.right()) / 2, (r.top() + r.bottom()) / 2), "No license");
+    } else {
+        painter.drawImage(0, 0, mImage);
+    }
+    if (mWaterMask)
+        painter.drawImage(width() - watermark.width() - 2, height() - watermark.height() - 2, watermark);
+    if (hasNotices) painter.drawImage(0, 0, mOverlayImage);
+    painter.end();
+}
+
+void HXMapWidget::resizeEvent(QResizeEvent* e) { emit sizeChanged(e); }
+
+void HXMapWidget::slotUpdate() {
+    if (noticeCount() == 0) return;
+    const int w = width();
+    const int h = height();
+    if (w <= 0 || h <= 0) return;
+
+    QImage overlay(w, h, QImage::Format_ARGB32_Premultiplied);
+    overlay.fill(QColor(255, 255, 255, 0));
+    QPainter painter(&overlay);
+    painter.setPen(QColor(0, 0, 255, 255));
+    QFont font;
+    font.setWeight(75);
+    font.setPixelSize(20);
+    painter.setFont(font);
+
+    const int step = w / kNoticeStepsPerWidth;
+    for (int i = noticeCount() - 1; i >= 0; --i) {
+        HXNoticeItem* item = noticeAt(i);
+        if (!item) continue;
+        painter.drawText(item->x, static_cast<int>(h * item->fraction), item->text);
+        if (item->x + step <= w)
+            item->x += step;
+        else
+            removeNotice(item);
+    }
+    painter.end();
+    mOverlayImage = overlay.copy();
+    update();
+}
+
+int HXMapWidget::noticeCount() {
+    QMutexLocker lock(&mNoticeMutex);
+    return mNotices.count();
+}
+
+HXNoticeItem* HXMapWidget::noticeAt(int index) {
+    QMutexLocker lock(&mNoticeMutex);
+    return index < mNotices.count() ? mNotices.at(index) : nullptr;
+}
+
+void HXMapWidget::removeNotice(HXNoticeItem* item) {
+    {
+        QMutexLocker lock(&mNoticeMutex);
+        mNotices.removeOne(item);
+    }
+    delete item;
+}
+
+// This build carries no licence service: a check the host asks for finds no licence.
+void HXMapWidget::slotCheckLic() {
+    if (!mLicenseFlag || !mLicensed) return;
+    mLicensed = false;
+    update();
+}
