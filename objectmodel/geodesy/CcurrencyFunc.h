@@ -34,8 +34,10 @@ public:
     //                    is never prefixed with it: the caller chooses the false easting, and displays
     //                    show the plain easting.
     //   falseEasting     added to the easting, e.g. 500000.0.
-    //   northing         receives X, the distance along the central meridian from the equator (m).
-    //   easting          receives Y, the offset from the central meridian plus falseEasting (m).
+    //   northing         (first output) receives X, the distance from the equator along the central
+    //                    meridian, in metres; negative south of it (no false northing).
+    //   easting          (second output) receives Y, the offset from the central meridian plus
+    //                    falseEasting, in metres. Displays write it first: "easting , northing".
     // Returns false, and writes NaN to the outputs given, for an unknown ellipsoid or format, a
     // null output, a non-finite argument, a latitude beyond ±90°, a longitude or central meridian
     // beyond ±360°, or a point 90° or more from the central meridian (where the projection has no

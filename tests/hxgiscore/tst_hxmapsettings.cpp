@@ -11,7 +11,6 @@ class TestHXMapSettings : public QObject {
     Q_OBJECT
 private slots:
     void defaults();
-    void flags();
     void validity_data();
     void validity();
     void extentAndMagnification_data();
@@ -26,15 +25,6 @@ void TestHXMapSettings::defaults() {
     QCOMPARE(s.magnificationFactor(), 1.0);
     QCOMPARE(s.rotation(), 0.0);
     QVERIFY(!s.hasValidSettings());
-}
-
-void TestHXMapSettings::flags() {
-    HXMapSettings s;
-    s.setFlag(HXMapSettings::Antialiasing, false);
-    QVERIFY(!s.testFlag(HXMapSettings::Antialiasing));
-    QCOMPARE(s.flags(), HXMapSettings::Flags());
-    s.setFlags(HXMapSettings::Antialiasing);
-    QVERIFY(s.testFlag(HXMapSettings::Antialiasing));
 }
 
 void TestHXMapSettings::validity_data() {
