@@ -50,16 +50,20 @@ SampleLayer LanduseMosaic::build(double scale) {
 void LanduseMosaic::addParcel(const Node& corner, const DryLand& dryLand, SampleLayer& layer) const {
     const Site site = siteOf(corner);
     if (site == Site::Water) return;
-    const QString landClass = classAt((position(corner) + position({corner.i + 1, corner.j + 1})) / 2);
     auto shape = parcel(corner);
     if (site == Site::Inland) {
-        layer.add(std::move(shape), {landClass});
+        layer.add(std::move(shape), {classAt((position(corner) + position({corner.i + 1, corner.j + 1})) / 2)});
         return;
     }
     if (!DryLand::canClip()) return;
     const double sliver = kMinShoreParcel * m_cell * m_cell;
-    for (auto& part : dryLand.clip(*shape))
-        if (part->get_Area() > sliver) layer.add(std::move(part), {landClass});
+    for (auto& part : dryLand.clip(*shape)) {
+        if (part->get_Area() <= sliver) continue;
+        // Classed where the remaining land is: the cell's middle may lie at sea or outside the region.
+        OGRPoint inside;
+        part->PointOnSurface(&inside);
+        layer.add(std::move(part), {classAt(QPointF(inside.getX(), inside.getY()))});
+    }
 }
 
 std::unique_ptr<OGRPolygon> LanduseMosaic::parcel(const Node& corner) const {
@@ -139,8 +143,8 @@ QString LanduseMosaic::classAt(const QPointF& p) const {
     const bool lakeShore = std::any_of(m_lakes.begin(), m_lakes.end(),
                                        [&](const StarShape& lake) { return lake.edgeDistance(p) > -1.5 * m_cell - 300; });
     if ((elevation < 12 && moisture > 0.05) || (lakeShore && moisture > -0.15)) return "wetland";
-    if (elevation > 300 + 200 * cover || cover > 0.3) return "forest";
-    if (elevation > 180) return "grassland";
+    if (elevation > 560 + 200 * cover || cover > 0.3) return "forest";
+    if (elevation > 480) return "grassland";
     if (cover < -0.3) return "orchard";
     return "farmland";
 }
