@@ -1,0 +1,15 @@
+#pragma once
+// HXLayerStyler: the viewer's cartography for layers it recognises by name (the generated sample
+// region's land, lakes, landuse, rivers, roads and towns) and the sea colour behind land. Other
+// layers keep their default style.
+namespace HXObjects {
+class HOLayer;
+class HOMap;
+}  // namespace HXObjects
+
+class HXLayerStyler {
+public:
+    static void style(HXObjects::HOLayer* layer);
+    // A map with a "land" layer shows the sea as its background.
+    static void styleMap(HXObjects::HOMap* map);
+};

@@ -1,0 +1,253 @@
+#include "HXViewerWindow.h"
+
+#include "HOCoordinateSystem.h"
+#include "HOLayer.h"
+#include "HOMap.h"
+#include "HOMapView.h"
+#include "HXApplication.h"
+#include "HXCommandDock.h"
+#include "HXDataSources.h"
+#include "HXIdentifyPanel.h"
+#include "HXLayerPanel.h"
+#include "HXLayerStyler.h"
+#include "HXMapCanvas.h"
+#include "HXMessageBar.h"
+#include "HXRecentFiles.h"
+#include "HXViewerTools.h"
+
+#include <QActionGroup>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QSettings>
+#include <QStyle>
+#include <QThread>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+using namespace HXObjects;
+
+namespace {
+const char* const kRenderKey = "hxmapviewer render finished";
+const char* const kFileFilter =
+    "Map data (*.gpkg *.shp *.geojson *.json *.kml *.gml *.tab *.mif *.csv *.tif *.tiff *.img *.jp2 *.png *.jpg *.vrt);;"
+    "All files (*)";
+}  // namespace
+
+HXViewerWindow::HXViewerWindow(QWidget* parent) : QMainWindow(parent) {
+    setWindowTitle(tr("HXMapViewer"));
+    auto* central = new QWidget(this);
+    auto* layout = new QVBoxLayout(central);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    mMessageBar = new HXMessageBar(central);
+    mCanvas = new HXMapCanvas(HXMapCanvas::MapViewMode, central);
+    layout->addWidget(mMessageBar);
+    layout->addWidget(mCanvas, 1);
+    setCentralWidget(central);
+    mCanvas->installEventFilter(this);
+
+    mLayers = new HXLayerPanel(mCanvas, this);
+    mIdentify = new HXIdentifyPanel(this);
+    mCommand = new HXCommandDock(mCanvas, this);
+    addDockWidget(Qt::LeftDockWidgetArea, mLayers);
+    addDockWidget(Qt::RightDockWidgetArea, mIdentify);
+    addDockWidget(Qt::BottomDockWidgetArea, mCommand);
+    mCanvas->SetCommandControl(mCommand);
+
+    if (HOMapView* view = mCanvas->GetMapView()) {
+        view->RenderFinishedSignal.bind(kRenderKey, [this](void*, HOEvent*) { ++mRendersFinished; });
+    }
+    buildToolBar();
+    buildMenus();
+    bindIdentifyTool();
+    restoreSettings();
+    mCanvas->setFocus();
+}
+
+HXViewerWindow::~HXViewerWindow() {
+    if (HOMapView* view = mCanvas->GetMapView()) view->RenderFinishedSignal.unbind(kRenderKey);
+}
+
+void HXViewerWindow::buildToolBar() {
+    QToolBar* bar = addToolBar(tr("Map tools"));
+    bar->setObjectName("mapTools");
+    mToolGroup = new QActionGroup(this);
+    for (const HXViewerTool& tool : HXViewerTools::all()) {
+        const QIcon icon = tool.icon.isEmpty() ? style()->standardIcon(QStyle::SP_ArrowRight)
+                                               : HXApplication::getThemeIcon(tool.icon);
+        QAction* action = bar->addAction(icon, tool.label);
+        action->setCheckable(true);
+        action->setShortcut(QKeySequence(tool.shortcut));
+        action->setToolTip(QString("%1 (%2)").arg(tool.label, tool.shortcut));
+        action->setData(tool.className);
+        mToolGroup->addAction(action);
+        connect(action, &QAction::triggered, this,
+                [this, name = tool.className] { mCanvas->setMapTool(HOString(name)); });
+    }
+    mToolGroup->actions().first()->trigger();
+    bar->addSeparator();
+    bar->addAction(style()->standardIcon(QStyle::SP_DesktopIcon), tr("Full extent"), this,
+                   &HXViewerWindow::zoomToFullExtent);
+    bar->addAction(style()->standardIcon(QStyle::SP_BrowserReload), tr("Refresh"), mCanvas, &HXMapCanvas::refresh);
+}
+
+void HXViewerWindow::buildMenus() {
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    file->addAction(tr("&Open…"), this, &HXViewerWindow::openWithPrompt, QKeySequence::Open);
+    mRecentMenu = file->addMenu(tr("Open &recent"));
+    rebuildRecentMenu();
+    file->addSeparator();
+    file->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
+
+    // Page Up / Page Down and the arrows are the canvas's own bindings; the menu shows them.
+    QMenu* view = menuBar()->addMenu(tr("&View"));
+    view->addAction(tr("Zoom in\tPgUp"), mCanvas, &HXMapCanvas::zoomIn);
+    view->addAction(tr("Zoom out\tPgDown"), mCanvas, &HXMapCanvas::zoomOut);
+    view->addAction(tr("Full extent"), this, &HXViewerWindow::zoomToFullExtent, QKeySequence(Qt::Key_Home));
+    view->addAction(tr("Refresh"), mCanvas, &HXMapCanvas::refresh, QKeySequence::Refresh);
+    view->addSeparator();
+    view->addAction(mLayers->toggleViewAction());
+    view->addAction(mIdentify->toggleViewAction());
+    view->addAction(mCommand->toggleViewAction());
+
+    QMenu* map = menuBar()->addMenu(tr("&Map"));
+    map->addAction(tr("Coordinate system…"), this, &HXViewerWindow::chooseCoordinateSystem);
+}
+
+void HXViewerWindow::rebuildRecentMenu() {
+    mRecentMenu->clear();
+    for (const QString& path : HXRecentFiles::load()) {
+        mRecentMenu->addAction(QFileInfo(path).fileName(), this, [this, path] { openFiles({path}); })
+            ->setToolTip(path);
+    }
+    mRecentMenu->setEnabled(!mRecentMenu->isEmpty());
+}
+
+void HXViewerWindow::restoreSettings() {
+    QSettings settings(HXApplication::hxgisSettingsFilePath(), QSettings::IniFormat);
+    restoreGeometry(settings.value("viewer/geometry").toByteArray());
+    restoreState(settings.value("viewer/state").toByteArray());
+}
+
+void HXViewerWindow::closeEvent(QCloseEvent* event) {
+    QSettings settings(HXApplication::hxgisSettingsFilePath(), QSettings::IniFormat);
+    settings.setValue("viewer/geometry", saveGeometry());
+    settings.setValue("viewer/state", saveState());
+    QMainWindow::closeEvent(event);
+}
+
+int HXViewerWindow::openFiles(const QStringList& paths) {
+    HOMapView* view = mCanvas->GetMapView();
+    if (!view) return paths.size();
+    const bool wasEmpty = view->GetMap()->GetLayerCount() == 0;
+    int failures = 0;
+    for (const QString& path : paths) {
+        bool opened = false;
+        for (const QString& source : HXDataSources::layerSources(path)) opened = openSource(source) || opened;
+        if (!opened) {
+            ++failures;
+            continue;
+        }
+        HXRecentFiles::add(QFileInfo(path).absoluteFilePath());
+        mMessageBar->pushSuccess(tr("Opened"), QFileInfo(path).fileName());
+    }
+    HXLayerStyler::styleMap(view->GetMap());
+    rebuildRecentMenu();
+    mCanvas->ReloadLayerTree();
+    if (wasEmpty && view->GetMap()->GetLayerCount() > 0) zoomToFullExtent();
+    return failures;
+}
+
+bool HXViewerWindow::openSource(const QString& source) {
+    HOString error;
+    HORefPtr<HOLayer> layer = OpenLayer(HOString(source), &error);
+    if (!layer) {
+        mErrors << error.toQString();
+        mMessageBar->pushCritical(QString(), error.toQString());
+        return false;
+    }
+    HXLayerStyler::style(layer);
+    mCanvas->GetMapView()->GetMap()->AddLayer(layer);
+    return true;
+}
+
+void HXViewerWindow::openWithPrompt() {
+    const std::vector<HOString> chosen = mCanvas->getOpenFileNames(HOString(tr("Open map data")), HOString(),
+                                                                    HOString(QString(kFileFilter)));
+    QStringList paths;
+    for (const HOString& path : chosen) paths << path.toQString();
+    if (!paths.isEmpty()) openFiles(paths);
+}
+
+bool HXViewerWindow::setCoordinateSystem(const QString& definition) {
+    HORefPtr<HOCoordinateSystem> system = HOCoordinateSystem::FromUserInput(HOString(definition));
+    HOMapView* view = mCanvas->GetMapView();
+    if (!system || !view) {
+        mMessageBar->pushWarning(tr("Coordinate system"), tr("cannot read '%1'").arg(definition));
+        return false;
+    }
+    view->GetMap()->SetSpatialReference(system);
+    view->GetMap()->SetMapDisplayUnit(system->IsGeographic() ? HOUnitDegree : HOUnitMeter);
+    zoomToFullExtent();
+    mMessageBar->pushInfo(tr("Coordinate system"), system->GetName().toQString());
+    return true;
+}
+
+void HXViewerWindow::chooseCoordinateSystem() {
+    HOMapView* view = mCanvas->GetMapView();
+    HORefPtr<HOCoordinateSystem> current = view ? view->GetMap()->GetSpatialReference() : nullptr;
+    const QString initial =
+        current && current->GetEpsgCode() ? QString("EPSG:%1").arg(current->GetEpsgCode()) : QString("EPSG:4490");
+    bool ok = false;
+    const QString text = QInputDialog::getText(this, tr("Map coordinate system"),
+                                               tr("EPSG code, WKT or PROJ definition:"), QLineEdit::Normal,
+                                               initial, &ok);
+    if (ok && !text.trimmed().isEmpty()) setCoordinateSystem(text.trimmed());
+}
+
+void HXViewerWindow::zoomToFullExtent() {
+    if (HOMapView* view = mCanvas->GetMapView()) view->ZoomToFullExtent();
+}
+
+bool HXViewerWindow::waitForRender(int timeoutMs) {
+    QElapsedTimer clock;
+    clock.start();
+    const int before = mRendersFinished.load();
+    HOMapView* view = mCanvas->GetMapView();
+    while (clock.elapsed() < timeoutMs) {
+        QApplication::processEvents(QEventLoop::AllEvents, 50);
+        const bool finished = mRendersFinished.load() > before && view && !view->IsRendering();
+        // A resize schedules its render a moment later: let it start before trusting "finished".
+        if (finished && clock.elapsed() > 400) {
+            QApplication::processEvents();
+            return true;
+        }
+        QThread::msleep(10);
+    }
+    return false;
+}
+
+bool HXViewerWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == mCanvas && event->type() == QEvent::DragEnter) {
+        auto* drag = static_cast<QDragEnterEvent*>(event);
+        if (drag->mimeData()->hasUrls()) drag->acceptProposedAction();
+        return true;
+    }
+    if (watched == mCanvas && event->type() == QEvent::Drop) {
+        QStringList paths;
+        for (const QUrl& url : static_cast<QDropEvent*>(event)->mimeData()->urls()) {
+            if (url.isLocalFile()) paths << url.toLocalFile();
+        }
+        openFiles(paths);
+        return true;
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void HXViewerWindow::bindIdentifyTool() {}

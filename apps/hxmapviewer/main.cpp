@@ -1,0 +1,74 @@
+// hxmapviewer: a small desktop map viewer built on HXMapCanvas.
+//   hxmapviewer [FILE...]
+//   hxmapviewer --screenshot out.png [--size 1280x800] [--crs EPSG:4490] [FILE...]
+#include "HXViewerWindow.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QRegularExpression>
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+bool wantsScreenshot(int argc, char** argv) {
+    for (int i = 1; i < argc; ++i) {
+        if (std::strcmp(argv[i], "--screenshot") == 0) return true;
+    }
+    return false;
+}
+
+QSize parseSize(const QString& text) {
+    const QRegularExpressionMatch m = QRegularExpression("^(\\d+)x(\\d+)$").match(text);
+    return m.hasMatch() ? QSize(m.captured(1).toInt(), m.captured(2).toInt()) : QSize();
+}
+
+int takeScreenshot(HXViewerWindow& window, const QString& out, const QStringList& files) {
+    window.show();
+    const int failures = window.openFiles(files);
+    const bool rendered = window.waitForRender(120000);
+    if (!window.grab().save(out)) {
+        std::fprintf(stderr, "hxmapviewer: cannot write '%s'\n", qPrintable(out));
+        return 4;
+    }
+    for (const QString& error : window.errors()) std::fprintf(stderr, "hxmapviewer: %s\n", qPrintable(error));
+    if (failures) return 2;
+    if (!rendered) {
+        std::fprintf(stderr, "hxmapviewer: the map did not finish rendering in time\n");
+        return 3;
+    }
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    // A screenshot needs no display.
+    if (wantsScreenshot(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    QApplication app(argc, argv);
+    QApplication::setApplicationName("hxmapviewer");
+    QApplication::setOrganizationName("HXMapControls");
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription("A map viewer for vector and raster data.");
+    parser.addHelpOption();
+    parser.addPositionalArgument("files", "Vector or raster files to open.", "[FILE...]");
+    QCommandLineOption screenshot("screenshot", "Render, write the window to a PNG and exit.", "out.png");
+    QCommandLineOption size("size", "Window size for the screenshot.", "WxH", "1280x800");
+    QCommandLineOption crs("crs", "The map's coordinate system (EPSG code, WKT or PROJ).", "definition");
+    parser.addOptions({screenshot, size, crs});
+    parser.process(app);
+
+    HXViewerWindow window;
+    if (parser.isSet(crs)) window.setCoordinateSystem(parser.value(crs));
+    if (parser.isSet(screenshot)) {
+        const QSize wanted = parseSize(parser.value(size));
+        window.resize(wanted.isValid() ? wanted : QSize(1280, 800));
+        return takeScreenshot(window, parser.value(screenshot), parser.positionalArguments());
+    }
+    window.show();
+    window.openFiles(parser.positionalArguments());
+    return app.exec();
+}

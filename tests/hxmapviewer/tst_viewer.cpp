@@ -1,0 +1,160 @@
+// The reference viewer on the generated sample region: what a person sees, and how it reports files
+// it cannot open.
+#include "HOFeatureLayer.h"
+#include "HOMap.h"
+#include "HOMapView.h"
+#include "HXMapCanvas.h"
+#include "HXMapWidget.h"
+#include "HXMessageBar.h"
+#include "HXViewerWindow.h"
+
+#include <QProcess>
+#include <QStatusBar>
+#include <QTextEdit>
+#include <QtTest>
+
+using namespace HXObjects;
+
+namespace {
+
+QString samplePath(const QString& name) { return qEnvironmentVariable("HX_TEST_DATA") + "/sample/" + name; }
+
+bool isSea(QRgb c) { return qAbs(qRed(c) - 168) < 12 && qAbs(qGreen(c) - 204) < 12 && qAbs(qBlue(c) - 238) < 12; }
+bool isReddish(QRgb c) { return qRed(c) > qGreen(c) + 50 && qRed(c) > qBlue(c) + 50; }
+bool isLand(QRgb c) { return !isSea(c) && qRed(c) > 150 && qGreen(c) > 150 && qBlue(c) < qRed(c); }
+
+HOFeatureLayer* layerNamed(HOMap* map, const char* name) {
+    for (const HORefPtr<HOLayer>& layer : map->GetLayers(true)) {
+        if (layer->GetName() == name) return dynamic_cast<HOFeatureLayer*>(layer.get());
+    }
+    return nullptr;
+}
+
+QImage mapImage(HXMapCanvas* canvas) {
+    auto* widget = canvas->findChild<HXMapWidget*>();
+    return widget ? widget->grab().toImage().convertToFormat(QImage::Format_RGB32) : QImage();
+}
+
+}  // namespace
+
+class TestViewer : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void sampleShowsSeaLandAndRoads();
+    void unreadableFilesAreReportedAndLayersKept();
+    void screenshotProgramWritesThePicture();
+    void screenshotProgramFailsOnAMissingFile();
+
+private:
+    std::unique_ptr<HXViewerWindow> openSample();
+};
+
+void TestViewer::initTestCase() {
+    QVERIFY2(QFile::exists(samplePath("region.gpkg")), "the sample region fixture is missing");
+}
+
+std::unique_ptr<HXViewerWindow> TestViewer::openSample() {
+    auto window = std::make_unique<HXViewerWindow>();
+    window->resize(1100, 750);
+    window->show();
+    if (window->openFiles({samplePath("region.gpkg")}) != 0) return nullptr;
+    if (!window->waitForRender(120000)) return nullptr;
+    return window;
+}
+
+void TestViewer::sampleShowsSeaLandAndRoads() {
+    auto window = openSample();
+    QVERIFY(window);
+    HOMapView* view = window->canvas()->GetMapView();
+    const QImage image = mapImage(window->canvas());
+    QVERIFY(!image.isNull());
+
+    int sea = 0, land = 0;
+    for (int y = 0; y < image.height(); y += 4) {
+        for (int x = 0; x < image.width(); x += 4) {
+            const QRgb c = image.pixel(x, y);
+            sea += isSea(c);
+            land += isLand(c);
+        }
+    }
+    const int samples = (image.width() / 4) * (image.height() / 4);
+    QVERIFY2(sea > samples / 50, qPrintable(QString("sea pixels %1 of %2").arg(sea).arg(samples)));
+    QVERIFY2(land > samples / 5, qPrintable(QString("land pixels %1 of %2").arg(land).arg(samples)));
+
+    // The middle vertex of a road is drawn in the road colour.
+    HOFeatureLayer* roads = layerNamed(view->GetMap(), "roads");
+    QVERIFY(roads);
+    HORefPtr<HOFeature> road;
+    for (int id = 0; !road && id < 10; ++id) road = roads->GetFeature(id);
+    QVERIFY(road);
+    const auto& path = road->GetGeometry()->Parts().front();
+    const HOPoint pixel = view->GetDisplayTransform().ToDevice(path[path.size() / 2]);
+    bool roadColour = false;
+    for (int dy = -2; dy <= 2; ++dy) {
+        for (int dx = -2; dx <= 2; ++dx) {
+            const QPoint p(int(pixel.x) + dx, int(pixel.y) + dy);
+            if (image.rect().contains(p)) roadColour = roadColour || isReddish(image.pixel(p));
+        }
+    }
+    QVERIFY2(roadColour, "no road colour at a road vertex");
+
+    QStatusBar* status = window->canvas()->StatusBar();
+    QVERIFY(status->isVisible());
+    QCOMPARE(status->geometry().bottom(), window->canvas()->height() - 1);
+}
+
+void TestViewer::unreadableFilesAreReportedAndLayersKept() {
+    auto window = openSample();
+    QVERIFY(window);
+    HOMap* map = window->canvas()->GetMapView()->GetMap();
+    const int layers = map->GetLayerCount();
+
+    QTemporaryDir dir;
+    const QString missing = dir.filePath("nowhere.shp");
+    const QString corrupt = dir.filePath("broken.gpkg");
+    QFile file(corrupt);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("SQLite format 3\0 but nothing after it", 38);
+    file.close();
+
+    QCOMPARE(window->openFiles({missing, corrupt}), 2);
+    QCOMPARE(map->GetLayerCount(), layers);
+    QCOMPARE(window->errors().size(), 2);
+    QVERIFY(window->errors()[0].contains("cannot open") && window->errors()[0].contains("nowhere.shp"));
+    QVERIFY(window->errors()[1].contains("cannot open") && window->errors()[1].contains("broken.gpkg"));
+    bool shown = false;
+    for (QTextEdit* text : window->messageBar()->findChildren<QTextEdit*>("textEdit")) {
+        shown = shown || text->toPlainText().contains("cannot open");
+    }
+    QVERIFY2(shown, "the message bar does not show the error");
+}
+
+void TestViewer::screenshotProgramWritesThePicture() {
+    QTemporaryDir dir;
+    const QString out = dir.filePath("viewer.png");
+    QProcess viewer;
+    viewer.start(HX_VIEWER_BIN, {"--screenshot", out, "--size", "900x600", samplePath("region.gpkg")});
+    QVERIFY(viewer.waitForFinished(180000));
+    QCOMPARE(viewer.exitCode(), 0);
+    QImage image(out);
+    QCOMPARE(image.size(), QSize(900, 600));
+    QSet<QRgb> colours;
+    for (int y = 0; y < image.height(); y += 7) {
+        for (int x = 0; x < image.width(); x += 7) colours.insert(image.pixel(x, y));
+    }
+    QVERIFY2(colours.size() > 50, "the screenshot is nearly uniform");
+}
+
+void TestViewer::screenshotProgramFailsOnAMissingFile() {
+    QTemporaryDir dir;
+    QProcess viewer;
+    viewer.start(HX_VIEWER_BIN, {"--screenshot", dir.filePath("x.png"), dir.filePath("absent.geojson")});
+    QVERIFY(viewer.waitForFinished(180000));
+    QVERIFY(viewer.exitCode() != 0);
+    QVERIFY(QString::fromUtf8(viewer.readAllStandardError()).contains("cannot open"));
+}
+
+QTEST_MAIN(TestViewer)
+#include "tst_viewer.moc"
