@@ -1,16 +1,15 @@
 #include "HXScaleComboBox.h"
 
-#include "HXApplication.h"
-#include "HXGis.h"
-
 #include <QAbstractItemView>
 #include <QLineEdit>
 #include <QLocale>
 #include <QSettings>
 #include <QSignalBlocker>
-
 #include <cmath>
 #include <limits>
+
+#include "HXApplication.h"
+#include "HXGis.h"
 
 namespace {
 
@@ -24,7 +23,9 @@ QString configuredScales() {
 }
 
 // The denominator after the ':' of a "1:n" text as a plain C-locale integer; 0 when it is not one.
-int plainDenominator(const QString& text) { return text.section(QLatin1Char(':'), 1, 1).toInt(nullptr, 10); }
+int plainDenominator(const QString& text) {
+    return text.section(QLatin1Char(':'), 1, 1).toInt(nullptr, 10);
+}
 
 bool fitsInt64(double value) {
     return std::isfinite(value) && std::fabs(value) < static_cast<double>(std::numeric_limits<qint64>::max());
@@ -41,9 +42,13 @@ HXScaleComboBox::HXScaleComboBox(QWidget* parent) : QComboBox(parent) {
     connect(lineEdit(), SIGNAL(editingFinished()), this, SLOT(fixupScale()));
 }
 
-double HXScaleComboBox::scale() const { return mScale; }
+double HXScaleComboBox::scale() const {
+    return mScale;
+}
 
-void HXScaleComboBox::setScale(double scale) { setScaleString(toString(scale)); }
+void HXScaleComboBox::setScale(double scale) {
+    setScaleString(toString(scale));
+}
 
 bool HXScaleComboBox::setScaleString(const QString& scaleTxt) {
     bool ok = false;
@@ -136,7 +141,9 @@ void HXScaleComboBox::updateScales(const QStringList& scales) {
     setScaleString(oldScale);
 }
 
-void HXScaleComboBox::updateScales() { updateScales(QStringList()); }
+void HXScaleComboBox::updateScales() {
+    updateScales(QStringList());
+}
 
 void HXScaleComboBox::setMinScale(double scale) {
     mMinScale = scale;

@@ -1,12 +1,5 @@
 #include "HXStatusBarCoordinatesWidget.h"
 
-#include "CcurrencyFunc.h"
-#include "HOCoordinateSystem.h"
-#include "HOMap.h"
-#include "HOMapView.h"
-#include "HOUnitConversion.h"
-#include "HXMapCanvas.h"
-
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QIcon>
@@ -17,8 +10,14 @@
 #include <QSpacerItem>
 #include <QTimer>
 #include <QToolButton>
-
 #include <functional>
+
+#include "CcurrencyFunc.h"
+#include "HOCoordinateSystem.h"
+#include "HOMap.h"
+#include "HOMapView.h"
+#include "HOUnitConversion.h"
+#include "HXMapCanvas.h"
 
 using namespace HXObjects;
 
@@ -60,13 +59,19 @@ QString unitLabel(const DisplayUnit& unit) {
     return QCoreApplication::translate("HXStatusBarCoordinatesWidget", unit.label);
 }
 
-QString number(double value) { return QString::number(value, 'f', 3); }
+QString number(double value) {
+    return QString::number(value, 'f', 3);
+}
 
-QString pairText(double first, double second) { return number(first) + kSeparator + number(second); }
+QString pairText(double first, double second) {
+    return number(first) + kSeparator + number(second);
+}
 
 // The 6-degree zone of a longitude. The integer conversion truncates toward zero, so longitudes
 // between -6 and 0 fall in zone 0 (central meridian -3) rather than -1.
-int sixDegreeZone(double lon) { return static_cast<int>((lon + 6.0) / 6.0); }
+int sixDegreeZone(double lon) {
+    return static_cast<int>((lon + 6.0) / 6.0);
+}
 
 // Easting and northing of a geographic position in its 6-degree Gauss–Krüger zone (CGCS2000).
 QPointF gaussKrugerPosition(double lon, double lat) {
@@ -121,10 +126,12 @@ PositionText formatPosition(const QPointF& p, HOMap* map) {
         double lon = 0.0;
         double lat = 0.0;
         cs->ToGeographic(x, y, &lon, &lat);
-        return formatInUnit(unit, p, [p] { return p; }, QPointF(lon, lat));
+        return formatInUnit(
+            unit, p, [p] { return p; }, QPointF(lon, lat));
     }
     if (cs && !cs->IsProjected() && cs->IsGeographic() && cs->GetUnit() == HOUnitDegree) {
-        return formatInUnit(unit, p, [x, y] { return gaussKrugerPosition(x, y); }, p);
+        return formatInUnit(
+            unit, p, [x, y] { return gaussKrugerPosition(x, y); }, p);
     }
     return {pairText(x, y), unitLabel(*findDisplayUnit(HOUnitUnknown))};
 }
@@ -253,15 +260,16 @@ void HXStatusBarCoordinatesWidget::showExtent() {
     QString label = tr("Pixel");
     if (HOMapView* view = mMapCanvas->GetMapView()) {
         HOMap* map = view->GetMap();
-        const HORefPtr<HOCoordinateSystem> cs = map ? map->GetSpatialReference() : HORefPtr<HOCoordinateSystem>();
+        const HORefPtr<HOCoordinateSystem> cs =
+            map ? map->GetSpatialReference() : HORefPtr<HOCoordinateSystem>();
         // The system's own unit, not the display unit: the extent is shown in raw map coordinates.
         const DisplayUnit* unit = cs ? findDisplayUnit(cs->GetUnit()) : nullptr;
         if (unit) label = unitLabel(*unit);
     }
     mLabelUnit->setText(label);
 
-    const QString text = number(extent.minx) + QLatin1Char(',') + number(extent.miny) + QStringLiteral(" ; ") +
-                         number(extent.maxx) + QLatin1Char(',') + number(extent.maxy);
+    const QString text = number(extent.minx) + QLatin1Char(',') + number(extent.miny) +
+                         QStringLiteral(" ; ") + number(extent.maxx) + QLatin1Char(',') + number(extent.maxy);
     mLineEdit->setText(text);
     mLineEdit->setToolTip(text);
 }

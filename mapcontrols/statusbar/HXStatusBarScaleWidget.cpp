@@ -1,12 +1,12 @@
 #include "HXStatusBarScaleWidget.h"
 
-#include "HXMapCanvas.h"
-#include "HXScaleComboBox.h"
-
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
+
+#include "HXMapCanvas.h"
+#include "HXScaleComboBox.h"
 
 HXStatusBarScaleWidget::HXStatusBarScaleWidget(QWidget* parent) : QWidget(parent) {
     mLayout = new QHBoxLayout(this);
@@ -37,7 +37,9 @@ HXStatusBarScaleWidget::HXStatusBarScaleWidget(QWidget* parent) : QWidget(parent
 
 HXStatusBarScaleWidget::~HXStatusBarScaleWidget() = default;
 
-void HXStatusBarScaleWidget::setMapCanvas(HXMapCanvas* canvas) { mMapCanvas = canvas; }
+void HXStatusBarScaleWidget::setMapCanvas(HXMapCanvas* canvas) {
+    mMapCanvas = canvas;
+}
 
 void HXStatusBarScaleWidget::setFont(const QFont& font) {
     mScaleLabel->setFont(font);
@@ -49,9 +51,13 @@ void HXStatusBarScaleWidget::setScale(double scale) {
     mScaleEdit->setScale(scale);
 }
 
-void HXStatusBarScaleWidget::updateScales(const QStringList& scales) { mScaleEdit->updateScales(scales); }
+void HXStatusBarScaleWidget::updateScales(const QStringList& scales) {
+    mScaleEdit->updateScales(scales);
+}
 
-void HXStatusBarScaleWidget::updateScales() { mScaleEdit->updateScales(); }
+void HXStatusBarScaleWidget::updateScales() {
+    mScaleEdit->updateScales();
+}
 
 void HXStatusBarScaleWidget::userScale() {
     if (mMapCanvas) mMapCanvas->zoomScale(1.0 / mScaleEdit->scale());
