@@ -1,0 +1,41 @@
+#include "HOCMDPool.h"
+
+#include "tools/HOToolIdentify.h"
+#include "tools/HOToolPan.h"
+#include "tools/HOToolSingleSelect.h"
+#include "tools/HOToolZoomIn.h"
+#include "tools/HOToolZoomOut.h"
+
+namespace HXObjects {
+
+HOCMDPool* HOCMDPool::GetInstance() {
+    static HOCMDPool pool;
+    return &pool;
+}
+
+HOCMDPool::HOCMDPool() {
+    for (HOTool* tool : std::initializer_list<HOTool*>{new HOToolPan, new HOToolZoomIn, new HOToolZoomOut,
+                                                       new HOToolSingleSelect, new HOToolIdentify})
+        RegisterTool(tool);
+}
+
+HOTool* HOCMDPool::GetTool(HOString className) {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    const auto it = m_tools.find(className);
+    return it == m_tools.end() ? nullptr : it->second.get();
+}
+
+void HOCMDPool::RegisterTool(HOTool* tool) {
+    if (!tool) return;
+    HORefPtr<HOTool> held(tool);
+    const HOString name = tool->GetClassName();
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_tools[name] = held;
+}
+
+void HOCMDPool::UnregisterTool(const HOString& className) {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_tools.erase(className);
+}
+
+}  // namespace HXObjects

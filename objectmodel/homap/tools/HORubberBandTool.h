@@ -1,0 +1,36 @@
+#pragma once
+// HORubberBandTool: the base of the tools that act on a click or on a box dragged with the left
+// button. While dragging, the box is drawn over the map as the tool's temporary drawing; on release
+// the subclass gets either the clicked map point or the box in map units.
+#include "HOMapTool.h"
+#include "HORect.h"
+
+namespace HXObjects {
+
+class HORubberBandTool : public HOMapTool {
+public:
+    void Deactivate() override;
+    void ClearToolPaint() override;
+    void OnMouseDown(int button, int x, int y) override;
+    void OnMouseMove(int button, int x, int y) override;
+    void OnMouseUp(int button, int x, int y) override;
+    void DrawToolPaint(QPainter& painter, const HODisplayTransform& transform) override;
+
+    // A drag shorter than this (pixels, each way) is a click at the press point.
+    static constexpr int kMinimumBoxPixels = 3;
+
+protected:
+    virtual void OnClick(const HOPoint& point) = 0;
+    virtual void OnBox(const HORect& box) = 0;
+
+private:
+    bool isBox(int x, int y) const;
+    HORect boxTo(int x, int y) const;
+    void setBand(const HORect& band);
+
+    bool m_pressed = false;
+    int m_pressX = 0, m_pressY = 0;
+    HORect m_band;  // map units; empty while nothing is drawn (guarded by paintMutex)
+};
+
+}  // namespace HXObjects

@@ -1,0 +1,126 @@
+#include "HOToolSingleSelect.h"
+
+#include "HOCoordinateSystem.h"
+#include "HOFeatureLayer.h"
+#include "HOMap.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace HXObjects {
+
+struct HOToolSingleSelect::LayerPick {
+    HORefPtr<HOFeatureLayer> layer;
+    std::vector<int> before;
+    std::vector<int> picked;
+};
+
+namespace {
+
+std::vector<HORefPtr<HOFeatureLayer>> VisibleFeatureLayers(HOMap* map) {
+    std::vector<HORefPtr<HOFeatureLayer>> result;
+    for (const auto& layer : map->GetLayers(true)) {
+        auto* features = dynamic_cast<HOFeatureLayer*>(layer.get());
+        if (features && features->IsVisible()) result.emplace_back(features);
+    }
+    return result;
+}
+
+std::vector<int> Sorted(std::vector<int> ids) {
+    std::sort(ids.begin(), ids.end());
+    ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
+    return ids;
+}
+
+}  // namespace
+
+std::vector<int> HOToolSingleSelect::Combine(const std::vector<int>& before, const std::vector<int>& picked,
+                                             Mode mode) {
+    const std::vector<int> a = Sorted(before), b = Sorted(picked);
+    std::vector<int> result;
+    switch (mode) {
+        case Replace:
+            return b;
+        case Add:
+            std::set_union(a.begin(), a.end(), b.begin(), b.end(), std::back_inserter(result));
+            break;
+        case Toggle:
+            std::set_symmetric_difference(a.begin(), a.end(), b.begin(), b.end(), std::back_inserter(result));
+            break;
+    }
+    return result;
+}
+
+void HOToolSingleSelect::Activate() {
+    HORubberBandTool::Activate();
+    ShowCursor(HOToolBuddy::ArrowCursor);
+}
+
+HOToolSingleSelect::Mode HOToolSingleSelect::currentMode() const {
+    const int modifiers = Modifiers();
+    if (modifiers & HOToolBuddy::ControlModifier) return Toggle;
+    if (modifiers & HOToolBuddy::ShiftModifier) return Add;
+    return Replace;
+}
+
+void HOToolSingleSelect::OnClick(const HOPoint& point) {
+    HOMap* map = MapView()->GetMap();
+    if (!map) return;
+    const double tolerance = PixelsToMap(kTolerancePixels);
+    const HORefPtr<HOCoordinateSystem> system = map->GetSpatialReference();
+    // Only the topmost feature under the mouse is picked: walk the layers from the top down.
+    std::vector<LayerPick> picks;
+    bool found = false;
+    const auto layers = VisibleFeatureLayers(map);
+    for (auto it = layers.rbegin(); it != layers.rend(); ++it) {
+        LayerPick pick{*it, (*it)->GetSelectedIds(), {}};
+        if (!found) {
+            const std::vector<int> hits = (*it)->IdentifyAt(point, tolerance, system.get());
+            if (!hits.empty()) pick.picked.push_back(hits.front());
+            found = !hits.empty();
+        }
+        picks.push_back(std::move(pick));
+    }
+    selectElementAt(map, point, tolerance);
+    apply(map, picks);
+}
+
+void HOToolSingleSelect::OnBox(const HORect& box) {
+    HOMap* map = MapView()->GetMap();
+    if (!map) return;
+    const HORefPtr<HOCoordinateSystem> system = map->GetSpatialReference();
+    std::vector<LayerPick> picks;
+    for (const auto& layer : VisibleFeatureLayers(map)) {
+        LayerPick pick{layer, layer->GetSelectedIds(), {}};
+        // The layer finds what meets the box; apply() then decides what stays selected.
+        layer->SelectByRect(box, false, system.get());
+        pick.picked = layer->GetSelectedIds();
+        picks.push_back(std::move(pick));
+    }
+    apply(map, picks);
+}
+
+void HOToolSingleSelect::apply(HOMap* map, const std::vector<LayerPick>& picks) {
+    const Mode mode = currentMode();
+    int count = 0;
+    for (const LayerPick& pick : picks) {
+        const std::vector<int> ids = Combine(pick.before, pick.picked, mode);
+        pick.layer->SetSelectedIds(ids);
+        count += static_cast<int>(ids.size());
+    }
+    selectFeatureNum = count;
+    MapView()->RefreshMap(false, HORect());
+}
+
+void HOToolSingleSelect::selectElementAt(HOMap* map, const HOPoint& point, double tolerance) {
+    const HORefPtr<HOGraphicsLayer> graphics = map->GetGraphicsLayer();
+    if (!graphics) return;
+    const auto elements = graphics->LocateElements(point, tolerance, MapView()->GetScreenDisplay());
+    const Mode mode = currentMode();
+    if (mode == Replace) graphics->ClearSelection();
+    if (elements.empty()) return;
+    const int id = elements.front()->GetID();
+    graphics->SelectElement(id, mode == Toggle ? !graphics->IsElementSelected(id) : true);
+}
+
+}  // namespace HXObjects

@@ -1,0 +1,18 @@
+#pragma once
+// HOToolZoomIn ("HXObjects::HOToolZoomIn"): a click zooms in by 2 about the clicked point; a
+// dragged box becomes the visible extent.
+#include "HORubberBandTool.h"
+
+namespace HXObjects {
+
+class HOToolZoomIn : public HORubberBandTool {
+public:
+    HOString GetClassName() override { return "HXObjects::HOToolZoomIn"; }
+    void Activate() override;
+
+protected:
+    void OnClick(const HOPoint& point) override;
+    void OnBox(const HORect& box) override;
+};
+
+}  // namespace HXObjects
