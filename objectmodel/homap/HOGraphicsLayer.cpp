@@ -1,7 +1,12 @@
 #include "HOGraphicsLayer.h"
 
 #include "HOCoordinateSystem.h"
+#include "HODisplay.h"
+#include "HOGeometryHit.h"
+#include "HOGeometryPainter.h"
 #include "HORenderContext.h"
+
+#include <QPainter>
 
 namespace HXObjects {
 
@@ -18,7 +23,23 @@ HORect HOGraphicsLayer::GetExtent() const {
     return extent;
 }
 
-void HOGraphicsLayer::Render(const HORenderContext&) {}
+void HOGraphicsLayer::Render(const HORenderContext& context) {
+    if (!context.painter) return;
+    std::vector<HORefPtr<HOElement>> elements;
+    std::set<int> selected;
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        elements = m_elements;
+        selected = m_selected;
+    }
+    HOGeometryPainter painter(*context.painter, context.transform);
+    for (const auto& element : elements) {
+        const HORefPtr<HOGeometry> geometry = element->GetGeometry();
+        if (!geometry || !geometry->GetEnvelope().Intersects(context.extent)) continue;
+        painter.Draw(*geometry, element->GetStyle().get());
+        if (selected.count(element->GetID())) painter.DrawHighlight(*geometry, QColor(0, 255, 255), 2.0);
+    }
+}
 
 int HOGraphicsLayer::AddElement(HORefPtr<HOGeometry> geometry, HORefPtr<HOStyle> style) {
     std::lock_guard<std::mutex> lock(m_mutex);
@@ -43,8 +64,20 @@ std::vector<HORefPtr<HOElement>> HOGraphicsLayer::GetElements() const {
     return m_elements;
 }
 
-std::vector<HORefPtr<HOElement>> HOGraphicsLayer::LocateElements(const HOPoint&, double, HODisplay*) const {
-    return {};
+std::vector<HORefPtr<HOElement>> HOGraphicsLayer::LocateElements(const HOPoint& point, double tolerance,
+                                                                  HODisplay* display) const {
+    const double unitsPerPixel = display ? display->GetDisplayTransform().unitsPerPixel : 0.0;
+    std::vector<HORefPtr<HOElement>> found;
+    for (auto it = m_elements.rbegin(); it != m_elements.rend(); ++it) {
+        const HORefPtr<HOGeometry> geometry = (*it)->GetGeometry();
+        if (!geometry) continue;
+        // A marker is hit anywhere on its symbol, which the display gives the size of.
+        const HORefPtr<HOStyle> style = (*it)->GetStyle();
+        const bool marker = style && style->GetStyleType() == HOStyle::MarkerStyle;
+        const double reach = tolerance + (marker ? style->GetSize() / 2.0 * unitsPerPixel : 0.0);
+        if (HOGeometryHit::Distance(*geometry, point) <= reach) found.push_back(*it);
+    }
+    return found;
 }
 
 bool HOGraphicsLayer::IsElementSelected(int id) const {

@@ -1,0 +1,29 @@
+#pragma once
+// HORenderRequest: what a map view asks its renderer for — the map, where to look, and which layers
+// must be drawn again even where their cached picture is still at the right place.
+#include "HOColor.h"
+#include "HODisplayTransform.h"
+#include "HOMap.h"
+#include "HORefPtr.h"
+#include "HOSize.h"
+
+#include <set>
+
+namespace HXObjects {
+
+struct HORenderRequest {
+    HORefPtr<HOMap> map;
+    HODisplayTransform transform;
+    HOSize size;
+    double dpi = 96.0;
+    bool redrawAll = false;
+    std::set<int> redrawLayers;  // layer ids
+    bool dropCaches = false;     // the pictures belong to another map
+
+    // Folds an older request that was not finished into this newer one: the newer place wins, the
+    // layers either wanted drawn again are drawn again.
+    void Absorb(const HORenderRequest& older);
+    bool MustRedraw(int layerId) const { return redrawAll || redrawLayers.count(layerId) != 0; }
+};
+
+}  // namespace HXObjects

@@ -1,0 +1,24 @@
+#pragma once
+// HOViewFrame: a rendered picture and the transform it was drawn at. Drawn at another transform it is
+// moved and scaled so that every map point lands where that transform puts it — the preview shown
+// while a new picture renders. Copies share the pixels (QImage is implicitly shared).
+#include "HODisplayTransform.h"
+
+#include <QImage>
+#include <QRectF>
+
+class QPainter;
+
+namespace HXObjects {
+
+struct HOViewFrame {
+    QImage image;
+    HODisplayTransform transform;
+
+    bool IsAt(const HODisplayTransform& target) const { return !image.isNull() && transform == target; }
+    // The picture's rectangle in pixels of a surface drawn at `target`.
+    QRectF PlacedIn(const HODisplayTransform& target) const;
+    void DrawInto(QPainter& painter, const HODisplayTransform& target) const;
+};
+
+}  // namespace HXObjects
