@@ -38,6 +38,10 @@ public:
     // (last drawn) first.
     std::vector<int> IdentifyAt(const HOPoint& point, double tolerance,
                                 const HOCoordinateSystem* pointSystem = nullptr) const;
+    // Ids of the features whose geometry meets the rectangle, in drawing order.
+    std::vector<int> IdentifyIn(const HORect& rect, const HOCoordinateSystem* rectSystem = nullptr) const;
+    // Bytes of geometry held in memory in the layer's own system (spatial index aside).
+    std::size_t GetGeometryBytes() const;
 
     // Used to flash a feature: the validity query, the lookup by id (a copy), and its geometry.
     virtual bool IsValid() const;

@@ -19,6 +19,8 @@ public:
     void SetFeatureStyle(const int& id, HORefPtr<HOStyle> style);
     void RemoveFeatureStyle(const int& id);
     bool IsEmpty() const;
+    // A copy of every override, for a renderer to read without holding the lock.
+    std::map<int, HORefPtr<HOStyle>> GetAllStyles() const;
 
 private:
     mutable std::mutex m_mutex;

@@ -1,0 +1,150 @@
+#include "HOFeatureLayer.h"
+
+#include "private/layerdata/HOFeatureHitTest.h"
+#include "private/layerdata/HOFeatureLayerPrivate.h"
+#include "private/layerdata/HOFeatureRenderer.h"
+#include "private/layerdata/HOFeatureStyleSet.h"
+
+#include <ogrsf_frmts.h>
+
+#include <algorithm>
+
+namespace HXObjects {
+
+namespace {
+
+HOBox boxOf(const HORect& r) {
+    HOBox box;
+    box.min = {r.minx, r.miny};
+    box.max = {r.maxx, r.maxy};
+    return box;
+}
+
+}  // namespace
+
+HOFeatureLayer::HOFeatureLayer() = default;
+HOFeatureLayer::~HOFeatureLayer() = default;
+
+HOLayer::LayerType HOFeatureLayer::GetLayerType() const { return d->type; }
+
+HORefPtr<HOCoordinateSystem> HOFeatureLayer::GetSpatialReference() const { return d->system; }
+
+HORect HOFeatureLayer::GetExtent() const {
+    const HOBox& e = d->stores.Source()->Extent();
+    return e.IsValid() ? HORect(e.min.x, e.max.x, e.min.y, e.max.y) : HORect();
+}
+
+void HOFeatureLayer::Render(const HORenderContext& context) {
+    const std::shared_ptr<const HOFeatureStore> store = d->stores.StoreFor(context.mapSystem);
+    if (!store) return;  // no transformation into the map's system
+    std::unique_lock<std::mutex> lock(d->mutex);
+    const HOFeatureStyleSet styles(d->style, d->custom->GetAllStyles(), d->selected);
+    lock.unlock();
+    HOFeatureRenderer(*store, styles, context).Render();
+}
+
+int HOFeatureLayer::GetFeatureCount() const { return int(d->stores.Source()->FeatureCount()); }
+
+std::size_t HOFeatureLayer::GetGeometryBytes() const { return d->stores.Source()->GeometryBytes(); }
+
+HORefPtr<HOStyle> HOFeatureLayer::GetStyle() const {
+    std::lock_guard<std::mutex> lock(d->mutex);
+    return d->style;
+}
+
+void HOFeatureLayer::SetStyle(HORefPtr<HOStyle> style) {
+    std::lock_guard<std::mutex> lock(d->mutex);
+    if (style) d->style = std::move(style);
+}
+
+HORefPtr<HOUserFeatureRender> HOFeatureLayer::GetCustomFeatureRender() const { return d->custom; }
+
+bool HOFeatureLayer::IsSameCoordinateSystem(HOCoordinateSystem* system) const {
+    if (!system || !d->system) return !system && !d->system;
+    return d->system->IsSame(system);
+}
+
+bool HOFeatureLayer::HasSelectedFeatures() const {
+    std::lock_guard<std::mutex> lock(d->mutex);
+    return !d->selected.empty();
+}
+
+std::vector<int> HOFeatureLayer::GetSelectedIds() const {
+    std::lock_guard<std::mutex> lock(d->mutex);
+    return std::vector<int>(d->selected.begin(), d->selected.end());
+}
+
+int HOFeatureLayer::SelectByRect(const HORect& rect, bool add, const HOCoordinateSystem* rectSystem) {
+    const std::vector<int> found = IdentifyIn(rect, rectSystem);
+    std::vector<int> ids = add ? GetSelectedIds() : std::vector<int>();
+    ids.insert(ids.end(), found.begin(), found.end());
+    SetSelectedIds(ids);
+    return int(found.size());
+}
+
+void HOFeatureLayer::SetSelectedIds(const std::vector<int>& ids) {
+    std::vector<int64_t> sorted(ids.begin(), ids.end());
+    std::sort(sorted.begin(), sorted.end());
+    sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
+    std::lock_guard<std::mutex> lock(d->mutex);
+    d->selected = std::move(sorted);
+}
+
+void HOFeatureLayer::ClearSelection() {
+    std::lock_guard<std::mutex> lock(d->mutex);
+    d->selected.clear();
+}
+
+std::vector<int> HOFeatureLayer::IdentifyAt(const HOPoint& point, double tolerance,
+                                            const HOCoordinateSystem* pointSystem) const {
+    const double t = std::max(tolerance, 0.0);
+    std::vector<int> ids = IdentifyIn(HORect(point.x - t, point.x + t, point.y - t, point.y + t), pointSystem);
+    std::reverse(ids.begin(), ids.end());
+    return ids;
+}
+
+std::vector<int> HOFeatureLayer::IdentifyIn(const HORect& rect, const HOCoordinateSystem* rectSystem) const {
+    std::vector<int> ids;
+    const std::shared_ptr<const HOFeatureStore> store = d->stores.StoreFor(rectSystem);
+    if (!store || !(rect.maxx >= rect.minx && rect.maxy >= rect.miny)) return ids;
+    const HOBox box = boxOf(rect);
+    for (const uint32_t f : store->FeaturesIn(box))
+        if (HOFeatureHitTest::Meets(*store, f, box)) ids.push_back(int(store->Topology().Id(f)));
+    return ids;
+}
+
+bool HOFeatureLayer::IsValid() const { return d && d->stores.Source(); }
+
+HORefPtr<HOFeature> HOFeatureLayer::GetFeature(int id) const {
+    HORefPtr<HOGeometry> geometry = GetFeatureGeometry(id);
+    if (!geometry) return nullptr;
+    std::vector<HOFeature::Attribute> attributes;
+    std::lock_guard<std::mutex> lock(d->mutex);
+    OGRFeatureUniquePtr feature(d->ogrLayer->GetFeature(id));
+    if (feature) {
+        for (int i = 0; i < feature->GetFieldCount(); ++i)
+            attributes.emplace_back(HOString(feature->GetFieldDefnRef(i)->GetNameRef()),
+                                    HOString(feature->IsFieldSetAndNotNull(i) ? feature->GetFieldAsString(i) : ""));
+    }
+    return HORefPtr<HOFeature>(new HOFeature(id, geometry, std::move(attributes)));
+}
+
+HORefPtr<HOGeometry> HOFeatureLayer::GetFeatureGeometry(int id) const {
+    const std::shared_ptr<const HOFeatureStore> store = d->stores.Source();
+    const HOFeatureTopology& t = store->Topology();
+    const long feature = t.IndexOf(id);
+    if (feature < 0) return nullptr;
+    HORefPtr<HOGeometry> geometry(new HOGeometry(GetGeometryType()));
+    const HOVertex* v = store->Vertices().data();
+    for (uint32_t part = t.PartBegin(std::size_t(feature)); part < t.PartEnd(std::size_t(feature)); ++part) {
+        HOGeometry::Part points;
+        points.reserve(t.VertexEnd(part) - t.VertexBegin(part));
+        for (uint32_t i = t.VertexBegin(part); i < t.VertexEnd(part); ++i) points.emplace_back(v[i].x, v[i].y);
+        geometry->AddPart(std::move(points));
+    }
+    return geometry;
+}
+
+HOGeometry::GeoType HOFeatureLayer::GetGeometryType() const { return d->geometryType; }
+
+}  // namespace HXObjects

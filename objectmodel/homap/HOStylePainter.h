@@ -1,0 +1,30 @@
+#pragma once
+// HOStylePainter: turns an HOStyle into QPainter pens, brushes and marker shapes, so layers, tools
+// and symbol previews draw a style the same way.
+#include "HOStyle.h"
+
+#include <QBrush>
+#include <QImage>
+#include <QPen>
+
+class QPainter;
+class QPointF;
+class QRectF;
+
+namespace HXObjects {
+
+class HOStylePainter {
+public:
+    // The line of a line style, or the outline of a fill or marker style (no pen for width 0).
+    static QPen Pen(const HOStyle& style);
+    // The fill of a fill or marker style; no brush for a line style.
+    static QBrush Brush(const HOStyle& style);
+    // Draws a marker centred on the point with the current painter state replaced by the style's.
+    static void DrawMarker(QPainter& painter, const HOStyle& style, const QPointF& centre);
+    // A premultiplied image of the marker, its centre at the image's centre.
+    static QImage MarkerImage(const HOStyle& style);
+    // A sample of the style fitted into the rectangle: a marker, a zigzag line or a filled square.
+    static void DrawPreview(QPainter& painter, const HOStyle& style, const QRectF& rect);
+};
+
+}  // namespace HXObjects

@@ -1,0 +1,35 @@
+#pragma once
+// HOOgrGeometryReader: reads every geometry of an OGR layer into flat storage. All OGR calls for
+// vector geometry happen here. The whole layer is read without a spatial filter (a filter makes some
+// drivers slower and can drop features on its edge), attribute fields are skipped, coordinates are
+// copied in bulk per ring or path, and vertices that are not finite numbers are dropped.
+#include "HOFeatureTopology.h"
+
+#include <functional>
+
+class OGRLayer;
+class OGRGeometry;
+class OGRSimpleCurve;
+
+namespace HXObjects {
+
+class HOOgrGeometryReader {
+public:
+    // False when cancelled through `keepGoing` (polled every few thousand features).
+    bool Read(OGRLayer* layer, const std::function<bool()>& keepGoing = {});
+
+    HOFeatureTopology& Topology() { return m_topology; }
+    std::vector<HOVertex>& Vertices() { return m_vertices; }
+    // The kind most features have (Empty for a layer without geometry).
+    HOFeatureKind DominantKind() const;
+
+private:
+    HOFeatureKind append(const OGRGeometry* geometry);
+    void appendCurve(const OGRSimpleCurve* curve);
+
+    HOFeatureTopology m_topology;
+    std::vector<HOVertex> m_vertices;
+    std::size_t m_kindCounts[4] = {0, 0, 0, 0};
+};
+
+}  // namespace HXObjects

@@ -1,0 +1,15 @@
+#pragma once
+// HORasterLayerLoader: makes a raster layer of an open GDAL raster data source.
+#include "HORasterLayer.h"
+
+#include <gdal_priv.h>
+
+namespace HXObjects {
+
+class HORasterLayerLoader {
+public:
+    // Null with the reason when the source has no band the layer can draw.
+    static HORefPtr<HORasterLayer> Load(GDALDatasetUniquePtr dataset, HOString* reason);
+};
+
+}  // namespace HXObjects
