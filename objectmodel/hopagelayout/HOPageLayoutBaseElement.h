@@ -1,6 +1,8 @@
 #pragma once
 // HOPageLayoutBaseElement: an element placed on a page, positioned by its offset (page units, the
-// top-left corner) and its size.
+// bottom-left corner) and its size. Page coordinates grow rightwards and upwards from the page's
+// bottom-left corner, like map coordinates, so the display transform that maps pixels to map units
+// maps pixels to page units too.
 #include "HOMapElementType.h"
 #include "HORect.h"
 #include "HORefBase.h"
@@ -22,7 +24,7 @@ public:
     double get_width() const { return m_width; }
     double get_height() const { return m_height; }
     void set_size(double width, double height) { m_width = width; m_height = height; }
-    // The element's area on the page (page units, y growing downwards).
+    // The element's area on the page (page units, y growing upwards).
     HORect get_bounds() const { return {m_offX, m_offX + m_width, m_offY, m_offY + m_height}; }
     // Draws the element; `pageToPixels` maps page units to surface pixels.
     virtual void draw(QPainter& painter, const HODisplayTransform& pageToPixels) = 0;
