@@ -27,7 +27,9 @@ bool HOExtentProjector::IsIdentity(const HOCoordinateSystem* from, const HOCoord
 }
 
 HORect HOExtentProjector::Project(const HORect& rect, const HOCoordinateSystem* from, const HOCoordinateSystem* to) {
-    if (rect.IsEmpty() || IsIdentity(from, to)) return rect;
+    // A single point's extent has no area but still has a place.
+    const bool valid = rect.maxx >= rect.minx && rect.maxy >= rect.miny;
+    if (!valid || IsIdentity(from, to)) return rect;
     auto transform = transformation(from, to);
     HORect out;
     if (!transform ||

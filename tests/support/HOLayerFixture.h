@@ -1,0 +1,96 @@
+#pragma once
+// Small data files written by the layer tests themselves (OGR and GDAL into a temporary folder), and
+// the render context that draws an extent into an image. Header-only: only the tests that include
+// it link GDAL and the map library.
+#include "HOCoordinateSystem.h"
+#include "HORenderContext.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QString>
+#include <QtTest>
+#include <gdal_priv.h>
+#include <ogrsf_frmts.h>
+
+#include <string>
+#include <vector>
+
+class HOLayerFixture {
+public:
+    struct Feature {
+        std::string wkt;
+        GIntBig fid = OGRNullFID;
+        std::string name;
+    };
+
+    // One layer named "data" in a new file; epsg 0 writes no coordinate system. False on failure.
+    static bool WriteVector(const QString& path, const char* driver, int epsg, OGRwkbGeometryType type,
+                            const std::vector<Feature>& features) {
+        GDALAllRegister();
+        GDALDriver* d = GetGDALDriverManager()->GetDriverByName(driver);
+        if (!d) return false;
+        GDALDatasetUniquePtr ds(d->Create(path.toUtf8().constData(), 0, 0, 0, GDT_Unknown, nullptr));
+        if (!ds) return false;
+        OGRSpatialReference srs;
+        srs.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+        if (epsg) srs.importFromEPSG(epsg);
+        OGRLayer* layer = ds->CreateLayer("data", epsg ? &srs : nullptr, type, nullptr);
+        if (!layer) return false;
+        OGRFieldDefn name("name", OFTString);
+        layer->CreateField(&name);
+        for (const Feature& f : features) {
+            OGRFeature feature(layer->GetLayerDefn());
+            OGRGeometry* geometry = nullptr;
+            if (OGRGeometryFactory::createFromWkt(f.wkt.c_str(), nullptr, &geometry) != OGRERR_NONE) return false;
+            feature.SetGeometryDirectly(geometry);
+            feature.SetFID(f.fid);
+            feature.SetField("name", f.name.c_str());
+            if (layer->CreateFeature(&feature) != OGRERR_NONE) return false;
+        }
+        return true;
+    }
+
+    // A north-up GeoTIFF of `bands` Byte or Float32 bands, each pixel from value(band, x, y).
+    template <class Value>
+    static bool WriteRaster(const QString& path, int width, int height, int bands, GDALDataType type, int epsg,
+                            const double geoTransform[6], Value value, double noData = NAN) {
+        GDALAllRegister();
+        GDALDriver* d = GetGDALDriverManager()->GetDriverByName("GTiff");
+        GDALDatasetUniquePtr ds(d->Create(path.toUtf8().constData(), width, height, bands, type, nullptr));
+        if (!ds) return false;
+        ds->SetGeoTransform(const_cast<double*>(geoTransform));
+        OGRSpatialReference srs;
+        if (epsg && srs.importFromEPSG(epsg) == OGRERR_NONE) ds->SetSpatialRef(&srs);
+        std::vector<double> row(std::size_t(width), 0.0);
+        for (int b = 1; b <= bands; ++b) {
+            GDALRasterBand* band = ds->GetRasterBand(b);
+            if (!std::isnan(noData)) band->SetNoDataValue(noData);
+            for (int y = 0; y < height; ++y) {
+                for (int x = 0; x < width; ++x) row[std::size_t(x)] = value(b, x, y);
+                if (band->RasterIO(GF_Write, 0, y, width, 1, row.data(), width, 1, GDT_Float64, 0, 0) != CE_None)
+                    return false;
+            }
+        }
+        return true;
+    }
+
+    // Draws `extent` (map units, square pixels, top-left anchored) into an image of `size`.
+    static HXObjects::HORenderContext Context(QPainter* painter, const QSize& size, const HXObjects::HORect& extent,
+                                              const HXObjects::HOCoordinateSystem* system = nullptr) {
+        HXObjects::HORenderContext context;
+        context.painter = painter;
+        context.size = {size.width(), size.height()};
+        context.extent = extent;
+        context.mapSystem = system;
+        context.transform.extentLeft = extent.minx;
+        context.transform.extentTop = extent.maxy;
+        context.transform.unitsPerPixel = std::max(extent.Width() / size.width(), extent.Height() / size.height());
+        return context;
+    }
+
+    static QImage WhiteImage(const QSize& size) {
+        QImage image(size, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::white);
+        return image;
+    }
+};
