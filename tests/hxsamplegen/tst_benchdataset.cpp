@@ -12,9 +12,12 @@
 namespace {
 int vertexCount(const OGRGeometry* g) {
     switch (wkbFlatten(g->getGeometryType())) {
-        case wkbPolygon: return g->toPolygon()->getExteriorRing()->getNumPoints();
-        case wkbLineString: return g->toLineString()->getNumPoints();
-        default: return 1;
+        case wkbPolygon:
+            return g->toPolygon()->getExteriorRing()->getNumPoints();
+        case wkbLineString:
+            return g->toLineString()->getNumPoints();
+        default:
+            return 1;
     }
 }
 }  // namespace
@@ -40,13 +43,17 @@ void TestBenchDataset::initTestCase() {
     counts.points = 3000;
     QStringList progress;
     SampleGenerator generator([&progress](const QString& message) { progress << message; });
-    QVERIFY2(generator.writeBench(m_dir.path(), SampleOptions::kDefaultSeed, counts), qPrintable(generator.error()));
+    QVERIFY2(generator.writeBench(m_dir.path(), SampleOptions::kDefaultSeed, counts),
+             qPrintable(generator.error()));
     QVERIFY(progress.filter("polygons: 300 features").size() == 1);
-    m_bench = GDALDataset::Open(m_dir.filePath("bench.gpkg").toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_READONLY);
+    m_bench = GDALDataset::Open(m_dir.filePath("bench.gpkg").toUtf8().constData(),
+                                GDAL_OF_VECTOR | GDAL_OF_READONLY);
     QVERIFY(m_bench);
 }
 
-void TestBenchDataset::cleanupTestCase() { GDALClose(m_bench); }
+void TestBenchDataset::cleanupTestCase() {
+    GDALClose(m_bench);
+}
 
 void TestBenchDataset::layers_data() {
     QTest::addColumn<QString>("name");

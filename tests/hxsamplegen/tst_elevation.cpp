@@ -41,17 +41,20 @@ void TestElevation::initTestCase() {
     options.demPixelSize = kPixel;
     SampleGenerator generator;
     QVERIFY2(generator.writeRegion(options), qPrintable(generator.error()));
-    m_dem = GDALDataset::Open(m_dir.filePath("elevation.tif").toUtf8().constData(), GDAL_OF_RASTER | GDAL_OF_READONLY);
+    m_dem = GDALDataset::Open(m_dir.filePath("elevation.tif").toUtf8().constData(),
+                              GDAL_OF_RASTER | GDAL_OF_READONLY);
     QVERIFY(m_dem);
     m_columns = m_dem->GetRasterXSize();
     m_rows = m_dem->GetRasterYSize();
     m_values.resize(size_t(m_columns) * m_rows);
-    QCOMPARE(m_dem->GetRasterBand(1)->RasterIO(GF_Read, 0, 0, m_columns, m_rows, m_values.data(), m_columns, m_rows,
-                                               GDT_Float32, 0, 0),
+    QCOMPARE(m_dem->GetRasterBand(1)->RasterIO(GF_Read, 0, 0, m_columns, m_rows, m_values.data(), m_columns,
+                                               m_rows, GDT_Float32, 0, 0),
              CE_None);
 }
 
-void TestElevation::cleanupTestCase() { GDALClose(m_dem); }
+void TestElevation::cleanupTestCase() {
+    GDALClose(m_dem);
+}
 
 void TestElevation::georeferencedInGaussKruger117() {
     const OGRSpatialReference* srs = m_dem->GetSpatialRef();
@@ -96,7 +99,8 @@ void TestElevation::coastIsAtSeaLevelAndHillsRiseInland() {
         for (int column = 1; column + 1 < m_columns; ++column) {
             if (isSea(column, row)) continue;
             highest = std::max(highest, value(column, row));
-            if (isSea(column - 1, row) || isSea(column + 1, row) || isSea(column, row - 1) || isSea(column, row + 1)) {
+            if (isSea(column - 1, row) || isSea(column + 1, row) || isSea(column, row - 1) ||
+                isSea(column, row + 1)) {
                 coastSum += value(column, row);
                 ++coastPixels;
             }

@@ -137,8 +137,9 @@ void TestSampleRegion::layerSchema() {
     QStringList actual;
     OGRFeatureDefn* definition = l->GetLayerDefn();
     for (int i = 0; i < definition->GetFieldCount(); ++i)
-        actual << QString("%1:%2").arg(definition->GetFieldDefn(i)->GetNameRef(),
-                                       OGRFieldDefn::GetFieldTypeName(definition->GetFieldDefn(i)->GetType()));
+        actual << QString("%1:%2").arg(
+            definition->GetFieldDefn(i)->GetNameRef(),
+            OGRFieldDefn::GetFieldTypeName(definition->GetFieldDefn(i)->GetType()));
     QCOMPARE(actual, fields);
     QVERIFY(l->GetFeatureCount() > 0);
 }
@@ -211,7 +212,8 @@ void TestSampleRegion::polygonsAreValid() {
     QFETCH(QString, name);
     if (!OGRGeometryFactory::haveGEOS()) QSKIP("GDAL was built without GEOS");
     for (const auto& feature : featuresOf(layer(name.toUtf8().constData())))
-        QVERIFY2(feature->GetGeometryRef()->IsValid(), qPrintable(QString("feature %1").arg(feature->GetFID())));
+        QVERIFY2(feature->GetGeometryRef()->IsValid(),
+                 qPrintable(QString("feature %1").arg(feature->GetFID())));
 }
 
 void TestSampleRegion::lakesLieOnLand() {
@@ -233,7 +235,9 @@ void TestSampleRegion::parcelsDoNotOverlap() {
             std::unique_ptr<OGRGeometry> overlap(parcel->Intersection(other->GetGeometryRef()));
             const double area = overlap ? OGR_G_Area(OGRGeometry::ToHandle(overlap.get())) : 0;
             QVERIFY2(area < 1.0, qPrintable(QString("parcels %1 and %2 overlap by %3 m2")
-                                                .arg(parcels[i]->GetFID()).arg(other->GetFID()).arg(area)));
+                                                .arg(parcels[i]->GetFID())
+                                                .arg(other->GetFID())
+                                                .arg(area)));
         }
     }
     l->SetSpatialFilter(nullptr);
@@ -255,7 +259,8 @@ void TestSampleRegion::riversEndInSeaOrRiver() {
         const bool atSea = !mouth.Within(land.get());
         toSea += atSea;
         // A tributary ends on a vertex of the river it joins.
-        QVERIFY2(atSea || riverVertices.contains({mouth.getX(), mouth.getY()}), river->GetFieldAsString("name"));
+        QVERIFY2(atSea || riverVertices.contains({mouth.getX(), mouth.getY()}),
+                 river->GetFieldAsString("name"));
     }
     QVERIFY(toSea >= 3);
 }
@@ -298,7 +303,8 @@ void TestSampleRegion::townsOnDryLandWithUniqueNames() {
 
 void TestSampleRegion::geographicMatchesProjected_data() {
     QTest::addColumn<QString>("name");
-    for (const char* name : {"land", "lakes", "landuse", "rivers", "roads", "towns"}) QTest::newRow(name) << name;
+    for (const char* name : {"land", "lakes", "landuse", "rivers", "roads", "towns"})
+        QTest::newRow(name) << name;
 }
 
 void TestSampleRegion::geographicMatchesProjected() {
@@ -327,7 +333,8 @@ void TestSampleRegion::geographicMatchesProjected() {
             QVERIFY2(std::abs(x - expected[v].x()) < 1e-6 && std::abs(y - expected[v].y()) < 1e-6,
                      qPrintable(QString("feature %1 vertex %2").arg(f).arg(v)));
             // x is the longitude: the region lies east of 116 degrees and around 31 degrees north.
-            QVERIFY(expected[v].x() > 116 && expected[v].x() < 119 && expected[v].y() > 30 && expected[v].y() < 32);
+            QVERIFY(expected[v].x() > 116 && expected[v].x() < 119 && expected[v].y() > 30 &&
+                    expected[v].y() < 32);
         }
     }
 }

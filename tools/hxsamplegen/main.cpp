@@ -15,8 +15,12 @@ int main(int argc, char* argv[]) {
         "region_4490.gpkg (geographic CGCS2000) and elevation.tif; or, with --bench, bench.gpkg.");
     parser.addHelpOption();
     const QCommandLineOption out("out", "Directory to write the region into (default: current).", "DIR", ".");
-    const QCommandLineOption scale("scale", "Multiplies the number of parcels, rivers, towns and roads.", "N", "1");
-    const QCommandLineOption seed("seed", "Seed of the region.", "S", QString::number(SampleOptions::kDefaultSeed));
+    const QCommandLineOption scale("scale",
+                                   "Multiplies the number of parcels, rivers, towns and roads\n(about 220 "
+                                   "gives over a million features).",
+                                   "N", "1");
+    const QCommandLineOption seed("seed", "Seed of the region.", "S",
+                                  QString::number(SampleOptions::kDefaultSeed));
     const QCommandLineOption pixel("pixel", "DEM pixel size in metres (default 50).", "M", "50");
     const QCommandLineOption bench("bench", "Write the benchmark load bench.gpkg into DIR instead.", "DIR");
     parser.addOptions({out, scale, seed, pixel, bench});

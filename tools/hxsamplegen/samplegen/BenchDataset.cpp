@@ -27,9 +27,20 @@ bool BenchDataset::write(const QString& path, const Progress& progress, QString*
         QElapsedTimer timer;
         timer.start();
         if (!writeLayer(writer, layer.name, layer.type, layer.count, layer.make)) break;
-        if (progress) progress(QString("%1: %2 features in %3 s").arg(layer.name).arg(layer.count).arg(timer.elapsed() / 1000.0));
+        if (progress)
+            progress(QString("%1: %2 features in %3 s")
+                         .arg(layer.name)
+                         .arg(layer.count)
+                         .arg(timer.elapsed() / 1000.0));
     }
-    if (writer.close()) return true;
+    QElapsedTimer closing;
+    closing.start();
+    if (writer.close()) {
+        if (progress)
+            progress(
+                QString("spatial indexes built and file closed in %1 s").arg(closing.elapsed() / 1000.0));
+        return true;
+    }
     if (error) *error = writer.error();
     return false;
 }
@@ -43,9 +54,10 @@ bool BenchDataset::writeLayer(GpkgWriter& writer, const QString& name, int type,
 
 std::unique_ptr<OGRGeometry> BenchDataset::polygon() {
     const QRectF region = SampleRegion::extent();
-    const QPointF centre(m_random.uniform(region.left(), region.right()), m_random.uniform(region.top(), region.bottom()));
-    const StarShape blob = StarShape::blob(centre, m_random.uniform(60, 400), 0.2, m_counts.polygonVertices - 1,
-                                           m_noise, m_random.uniform(0, 200));
+    const QPointF centre(m_random.uniform(region.left(), region.right()),
+                         m_random.uniform(region.top(), region.bottom()));
+    const StarShape blob = StarShape::blob(centre, m_random.uniform(60, 400), 0.2,
+                                           m_counts.polygonVertices - 1, m_noise, m_random.uniform(0, 200));
     auto polygon = std::make_unique<OGRPolygon>();
     polygon->addRingDirectly(blob.ring().release());
     return polygon;
@@ -53,7 +65,8 @@ std::unique_ptr<OGRGeometry> BenchDataset::polygon() {
 
 std::unique_ptr<OGRGeometry> BenchDataset::line() {
     const QRectF region = SampleRegion::extent();
-    double x = m_random.uniform(region.left(), region.right()), y = m_random.uniform(region.top(), region.bottom());
+    double x = m_random.uniform(region.left(), region.right()),
+           y = m_random.uniform(region.top(), region.bottom());
     double heading = m_random.uniform(0, 2 * M_PI);
     const double step = m_random.uniform(30, 90);
     auto line = std::make_unique<OGRLineString>();
@@ -62,7 +75,8 @@ std::unique_ptr<OGRGeometry> BenchDataset::line() {
         line->setPoint(i, x, y);
         heading += m_random.uniform(-0.35, 0.35);
         // Turn back at the region's edge so every track stays inside it.
-        if (!region.contains(QPointF(x + step * std::cos(heading), y + step * std::sin(heading)))) heading += M_PI;
+        if (!region.contains(QPointF(x + step * std::cos(heading), y + step * std::sin(heading))))
+            heading += M_PI;
         x += step * std::cos(heading);
         y += step * std::sin(heading);
     }
@@ -72,7 +86,9 @@ std::unique_ptr<OGRGeometry> BenchDataset::line() {
 std::unique_ptr<OGRGeometry> BenchDataset::point() {
     const QRectF region = SampleRegion::extent();
     for (;;) {
-        const double x = m_random.uniform(region.left(), region.right()), y = m_random.uniform(region.top(), region.bottom());
-        if (m_noise.fractal(x / 8000, y / 8000, 4) > m_random.uniform(-0.6, 0.4)) return std::make_unique<OGRPoint>(x, y);
+        const double x = m_random.uniform(region.left(), region.right()),
+                     y = m_random.uniform(region.top(), region.bottom());
+        if (m_noise.fractal(x / 8000, y / 8000, 4) > m_random.uniform(-0.6, 0.4))
+            return std::make_unique<OGRPoint>(x, y);
     }
 }

@@ -12,8 +12,9 @@ constexpr double kEpsilon = 1e-6;
 
 // Which sides of the rectangle a point lies on, one bit per side.
 int sidesOf(const QRectF& r, const QPointF& p) {
-    return (std::abs(p.x() - r.left()) < kEpsilon ? 1 : 0) | (std::abs(p.x() - r.right()) < kEpsilon ? 2 : 0) |
-           (std::abs(p.y() - r.top()) < kEpsilon ? 4 : 0) | (std::abs(p.y() - r.bottom()) < kEpsilon ? 8 : 0);
+    return (std::abs(p.x() - r.left()) < kEpsilon ? 1 : 0) |
+           (std::abs(p.x() - r.right()) < kEpsilon ? 2 : 0) | (std::abs(p.y() - r.top()) < kEpsilon ? 4 : 0) |
+           (std::abs(p.y() - r.bottom()) < kEpsilon ? 8 : 0);
 }
 }  // namespace
 
@@ -24,7 +25,9 @@ bool Coastline::isLand(const QPointF& p, double margin) const {
     return m_region.adjusted(margin, margin, -margin, -margin).contains(p) && m_shape.contains(p, margin);
 }
 
-bool Coastline::facesSea(double angle) const { return m_shape.radiusAt(angle) < rayToRegionEdge(angle); }
+bool Coastline::facesSea(double angle) const {
+    return m_shape.radiusAt(angle) < rayToRegionEdge(angle);
+}
 
 double Coastline::rayToRegionEdge(double angle) const {
     const double c = std::cos(angle), s = std::sin(angle);
@@ -46,9 +49,11 @@ std::unique_ptr<OGRPolygon> Coastline::polygon() const {
     // Walk the rim by angle, inserting the rectangle's corners where they fall, so the cut follows
     // the rectangle exactly.
     std::vector<std::pair<double, double>> samples;  // angle, radius
-    for (int i = 0; i < m_shape.vertexCount(); ++i) samples.emplace_back(m_shape.angleOf(i), m_shape.radius(i));
+    for (int i = 0; i < m_shape.vertexCount(); ++i)
+        samples.emplace_back(m_shape.angleOf(i), m_shape.radius(i));
     const QPointF o = m_shape.centre();
-    for (const QPointF& corner : {m_region.topLeft(), m_region.topRight(), m_region.bottomLeft(), m_region.bottomRight()}) {
+    for (const QPointF& corner :
+         {m_region.topLeft(), m_region.topRight(), m_region.bottomLeft(), m_region.bottomRight()}) {
         double angle = std::atan2(corner.y() - o.y(), corner.x() - o.x());
         if (angle < 0) angle += 2 * M_PI;
         samples.emplace_back(angle, m_shape.radiusAt(angle));
@@ -62,7 +67,8 @@ std::unique_ptr<OGRPolygon> Coastline::polygon() const {
     const size_t n = points.size();
     for (size_t i = 0; i < n; ++i) {
         const QPointF& before = kept.empty() ? points[n - 1] : kept.back();
-        const int shared = sidesOf(m_region, before) & sidesOf(m_region, points[i]) & sidesOf(m_region, points[(i + 1) % n]);
+        const int shared =
+            sidesOf(m_region, before) & sidesOf(m_region, points[i]) & sidesOf(m_region, points[(i + 1) % n]);
         if (!shared) kept.push_back(points[i]);
     }
     auto ring = new OGRLinearRing;

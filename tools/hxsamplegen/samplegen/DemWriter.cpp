@@ -17,7 +17,8 @@ bool failed(QString* error, const QString& path, const QString& what) {
     return false;
 }
 
-std::vector<float> sample(const Terrain& terrain, const QRectF& extent, double pixelSize, int columns, int rows) {
+std::vector<float> sample(const Terrain& terrain, const QRectF& extent, double pixelSize, int columns,
+                          int rows) {
     std::vector<float> values(size_t(columns) * rows);
     for (int row = 0; row < rows; ++row) {
         const double y = extent.bottom() - (row + 0.5) * pixelSize;  // north-up: row 0 is the northern edge
@@ -43,7 +44,8 @@ bool DemWriter::write(const QString& path, const Terrain& terrain, const QRectF&
     options.SetNameValue("PREDICTOR", "3");
     QFile::remove(path);
     QFile::remove(path + ".aux.xml");  // statistics of an earlier run would describe other terrain
-    GDALDataset* dataset = driver->Create(path.toUtf8().constData(), columns, rows, 1, GDT_Float32, options.List());
+    GDALDataset* dataset =
+        driver->Create(path.toUtf8().constData(), columns, rows, 1, GDT_Float32, options.List());
     if (!dataset) return failed(error, path, "cannot create the file");
 
     double transform[6] = {extent.left(), pixelSize, 0, extent.bottom(), 0, -pixelSize};
@@ -52,7 +54,8 @@ bool DemWriter::write(const QString& path, const Terrain& terrain, const QRectF&
     GDALRasterBand* band = dataset->GetRasterBand(1);
     band->SetNoDataValue(kNoData);
     std::vector<float> values = sample(terrain, extent, pixelSize, columns, rows);
-    bool ok = band->RasterIO(GF_Write, 0, 0, columns, rows, values.data(), columns, rows, GDT_Float32, 0, 0) == CE_None;
+    bool ok = band->RasterIO(GF_Write, 0, 0, columns, rows, values.data(), columns, rows, GDT_Float32, 0,
+                             0) == CE_None;
     const int levels[] = {2, 4, 8, 16, 32};
     ok = ok && GDALBuildOverviews(dataset, "AVERAGE", 5, levels, 0, nullptr, nullptr, nullptr) == CE_None;
     if (!ok) failed(error, path, "cannot write the elevations");

@@ -36,7 +36,8 @@ DryLand::DryLand(const OGRPolygon& land, const std::vector<const OGRGeometry*>& 
     const int rows = int(std::ceil(region.height() / tileSize));
     for (int row = 0; row < rows; ++row) {
         for (int column = 0; column < m_columns; ++column) {
-            const QRectF tile(region.left() + column * tileSize, region.top() + row * tileSize, tileSize, tileSize);
+            const QRectF tile(region.left() + column * tileSize, region.top() + row * tileSize, tileSize,
+                              tileSize);
             const auto box = rectangle(tile.adjusted(-margin, -margin, margin, margin));
             std::unique_ptr<OGRGeometry> piece(dry->Intersection(box.get()));
             m_tiles.push_back(piece && !piece->IsEmpty() ? std::move(piece) : nullptr);
@@ -46,7 +47,9 @@ DryLand::DryLand(const OGRPolygon& land, const std::vector<const OGRGeometry*>& 
 
 DryLand::~DryLand() = default;
 
-bool DryLand::canClip() { return OGRGeometryFactory::haveGEOS(); }
+bool DryLand::canClip() {
+    return OGRGeometryFactory::haveGEOS();
+}
 
 const OGRGeometry* DryLand::tileFor(const OGRGeometry& shape) const {
     OGREnvelope envelope;
@@ -54,7 +57,8 @@ const OGRGeometry* DryLand::tileFor(const OGRGeometry& shape) const {
     if (m_tiles.empty()) return nullptr;
     const int rows = int(m_tiles.size()) / m_columns;
     // Shapes hanging over the region's edge belong to the edge tile, whose margin reaches out to them.
-    const int column = std::clamp(int(std::floor((envelope.MinX - m_region.left()) / m_tileSize)), 0, m_columns - 1);
+    const int column =
+        std::clamp(int(std::floor((envelope.MinX - m_region.left()) / m_tileSize)), 0, m_columns - 1);
     const int row = std::clamp(int(std::floor((envelope.MinY - m_region.top()) / m_tileSize)), 0, rows - 1);
     return m_tiles[size_t(row) * m_columns + column].get();
 }

@@ -5,8 +5,12 @@
 #include "SampleRandom.h"
 
 namespace {
-double fade(double t) { return t * t * t * (t * (t * 6.0 - 15.0) + 10.0); }
-double lerp(double a, double b, double t) { return a + (b - a) * t; }
+double fade(double t) {
+    return t * t * t * (t * (t * 6.0 - 15.0) + 10.0);
+}
+double lerp(double a, double b, double t) {
+    return a + (b - a) * t;
+}
 }  // namespace
 
 FractalNoise::FractalNoise(quint64 seed) {
@@ -18,14 +22,22 @@ FractalNoise::FractalNoise(quint64 seed) {
 
 double FractalNoise::corner(int ix, int iy, double dx, double dy) const {
     switch (m_permutation[m_permutation[ix & 255] + (iy & 255)] & 7) {
-        case 0: return dx + dy;
-        case 1: return -dx + dy;
-        case 2: return dx - dy;
-        case 3: return -dx - dy;
-        case 4: return dx;
-        case 5: return -dx;
-        case 6: return dy;
-        default: return -dy;
+        case 0:
+            return dx + dy;
+        case 1:
+            return -dx + dy;
+        case 2:
+            return dx - dy;
+        case 3:
+            return -dx - dy;
+        case 4:
+            return dx;
+        case 5:
+            return -dx;
+        case 6:
+            return dy;
+        default:
+            return -dy;
     }
 }
 

@@ -34,11 +34,14 @@ GpkgWriter::GpkgWriter(const QString& path, int epsg) : m_path(path), m_srs(Samp
     if (!m_dataset) fail("cannot create the file");
 }
 
-GpkgWriter::~GpkgWriter() { close(); }
+GpkgWriter::~GpkgWriter() {
+    close();
+}
 
 bool GpkgWriter::fail(const QString& what) {
     const QString reason = CPLGetLastErrorMsg();
-    m_error = QString("cannot write '%1': %2%3").arg(m_path, what, reason.isEmpty() ? QString() : ": " + reason);
+    m_error =
+        QString("cannot write '%1': %2%3").arg(m_path, what, reason.isEmpty() ? QString() : ": " + reason);
     return false;
 }
 
@@ -56,7 +59,8 @@ bool GpkgWriter::begin(const QString& name, OGRwkbGeometryType type, const std::
     m_types.clear();
     for (const SampleField& field : fields) {
         OGRFieldDefn definition(field.name.toUtf8().constData(), field.type);
-        if (m_layer->CreateField(&definition) != OGRERR_NONE) return fail("cannot create field " + field.name);
+        if (m_layer->CreateField(&definition) != OGRERR_NONE)
+            return fail("cannot create field " + field.name);
         m_types.push_back(field.type);
     }
     m_feature = std::make_unique<OGRFeature>(m_layer->GetLayerDefn());
@@ -68,10 +72,18 @@ bool GpkgWriter::add(std::unique_ptr<OGRGeometry> geometry, const std::vector<QV
     if (m_transform && geometry->transform(m_transform.get()) != OGRERR_NONE) return fail("cannot reproject");
     for (int i = 0; i < int(m_types.size()); ++i) {
         switch (m_types[i]) {
-            case OFTInteger: m_feature->SetField(i, values[i].toInt()); break;
-            case OFTInteger64: m_feature->SetField(i, GIntBig(values[i].toLongLong())); break;
-            case OFTReal: m_feature->SetField(i, values[i].toDouble()); break;
-            default: m_feature->SetField(i, values[i].toString().toUtf8().constData()); break;
+            case OFTInteger:
+                m_feature->SetField(i, values[i].toInt());
+                break;
+            case OFTInteger64:
+                m_feature->SetField(i, GIntBig(values[i].toLongLong()));
+                break;
+            case OFTReal:
+                m_feature->SetField(i, values[i].toDouble());
+                break;
+            default:
+                m_feature->SetField(i, values[i].toString().toUtf8().constData());
+                break;
         }
     }
     m_feature->SetGeometryDirectly(geometry.release());

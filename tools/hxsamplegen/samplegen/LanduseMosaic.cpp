@@ -12,18 +12,26 @@
 #include "Terrain.h"
 
 namespace {
-constexpr double kBaseCell = 1000;      // parcel size in metres at scale 1
-constexpr double kJitter = 0.22;        // of a cell
-constexpr double kEdgeWander = 0.06;    // of an edge's length
+constexpr double kBaseCell = 1000;    // parcel size in metres at scale 1
+constexpr double kJitter = 0.22;      // of a cell
+constexpr double kEdgeWander = 0.06;  // of an edge's length
 constexpr double kEdgeVertexSpacing = 130;
 constexpr double kMinShoreParcel = 0.02;  // of a cell's area: smaller shore slivers are dropped
 
-quint64 nodeKey(int i, int j) { return (quint64(quint32(i)) << 32) | quint32(j); }
+quint64 nodeKey(int i, int j) {
+    return (quint64(quint32(i)) << 32) | quint32(j);
+}
 }  // namespace
 
-LanduseMosaic::LanduseMosaic(const Coastline& coastline, const Terrain& terrain, const std::vector<StarShape>& lakes,
-                             const std::vector<Town>& towns, quint64 seed)
-    : m_coastline(coastline), m_terrain(terrain), m_lakes(lakes), m_towns(towns), m_seed(seed), m_noise(seed) {
+LanduseMosaic::LanduseMosaic(const Coastline& coastline, const Terrain& terrain,
+                             const std::vector<StarShape>& lakes, const std::vector<Town>& towns,
+                             quint64 seed)
+    : m_coastline(coastline),
+      m_terrain(terrain),
+      m_lakes(lakes),
+      m_towns(towns),
+      m_seed(seed),
+      m_noise(seed) {
     for (int t = 0; t < int(towns.size()); ++t)
         if (towns[t].kind != Town::Village) m_townIndex.insert(towns[t].position, t);
 }
@@ -39,7 +47,8 @@ SampleLayer LanduseMosaic::build(double scale) {
         lakeShapes.push_back(lakes.back().get());
     }
     const QRectF& region = m_coastline.region();
-    const DryLand dryLand(*m_coastline.polygon(), lakeShapes, region, std::max(5000.0, 4 * m_cell), 2 * m_cell);
+    const DryLand dryLand(*m_coastline.polygon(), lakeShapes, region, std::max(5000.0, 4 * m_cell),
+                          2 * m_cell);
     // One cell beyond the region on every side, so that the clipped parcels reach its edges.
     const int columns = int(region.width() / m_cell) + 1, rows = int(region.height() / m_cell) + 1;
     for (int j = -1; j < rows; ++j)
@@ -52,7 +61,8 @@ void LanduseMosaic::addParcel(const Node& corner, const DryLand& dryLand, Sample
     if (site == Site::Water) return;
     auto shape = parcel(corner);
     if (site == Site::Inland) {
-        layer.add(std::move(shape), {classAt((position(corner) + position({corner.i + 1, corner.j + 1})) / 2)});
+        layer.add(std::move(shape),
+                  {classAt((position(corner) + position({corner.i + 1, corner.j + 1})) / 2)});
         return;
     }
     if (!DryLand::canClip()) return;
@@ -95,11 +105,13 @@ std::vector<QPointF> LanduseMosaic::edge(const Node& a, const Node& b) const {
     const double length = std::hypot(q.x() - p.x(), q.y() - p.y());
     const int segments = std::clamp(int(length / kEdgeVertexSpacing), 1, 8);
     const QPointF across = QPointF(p.y() - q.y(), q.x() - p.x()) / length;
-    const double phase = 100 * SampleRandom::unit(SampleRandom::mix(nodeKey(from.i, from.j) ^ (nodeKey(to.i, to.j) << 1)));
+    const double phase =
+        100 * SampleRandom::unit(SampleRandom::mix(nodeKey(from.i, from.j) ^ (nodeKey(to.i, to.j) << 1)));
     std::vector<QPointF> points;
     for (int k = 0; k <= segments; ++k) {
         const double t = double(k) / segments;
-        const double wander = k == 0 || k == segments ? 0 : std::sin(M_PI * t) * m_noise.fractal(phase + 1.7 * t, phase, 2);
+        const double wander =
+            k == 0 || k == segments ? 0 : std::sin(M_PI * t) * m_noise.fractal(phase + 1.7 * t, phase, 2);
         points.push_back(p + (q - p) * t + across * (kEdgeWander * length * wander));
     }
     if (!forward) std::reverse(points.begin(), points.end());
@@ -128,9 +140,11 @@ LanduseMosaic::Site LanduseMosaic::siteOf(const Node& corner) const {
 bool LanduseMosaic::isUrban(const QPointF& p) const {
     for (int t : m_townIndex.nearest(p, 3)) {
         const Town& town = m_towns[t];
-        const double reach = (town.kind == Town::City ? 1200 : 300) + 3.5 * std::sqrt(double(town.population));
+        const double reach =
+            (town.kind == Town::City ? 1200 : 300) + 3.5 * std::sqrt(double(town.population));
         const QPointF d = town.position - p;
-        if (std::hypot(d.x(), d.y()) < reach * (1 + 0.35 * m_noise.noise(p.x() / 900, p.y() / 900))) return true;
+        if (std::hypot(d.x(), d.y()) < reach * (1 + 0.35 * m_noise.noise(p.x() / 900, p.y() / 900)))
+            return true;
     }
     return false;
 }
@@ -140,8 +154,9 @@ QString LanduseMosaic::classAt(const QPointF& p) const {
     const double elevation = m_terrain.elevation(p);
     const double moisture = m_noise.fractal(p.x() / 7000 + 300, p.y() / 7000, 3);
     const double cover = m_noise.fractal(p.x() / 5000 - 300, p.y() / 5000, 3);
-    const bool lakeShore = std::any_of(m_lakes.begin(), m_lakes.end(),
-                                       [&](const StarShape& lake) { return lake.edgeDistance(p) > -1.5 * m_cell - 300; });
+    const bool lakeShore = std::any_of(m_lakes.begin(), m_lakes.end(), [&](const StarShape& lake) {
+        return lake.edgeDistance(p) > -1.5 * m_cell - 300;
+    });
     if ((elevation < 12 && moisture > 0.05) || (lakeShore && moisture > -0.15)) return "wetland";
     if (elevation > 560 + 200 * cover || cover > 0.3) return "forest";
     if (elevation > 480) return "grassland";

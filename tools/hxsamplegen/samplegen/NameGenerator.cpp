@@ -3,9 +3,9 @@
 #include <array>
 
 namespace {
-const std::array<const char*, 24> kOnsets = {"b",  "d",  "f",  "g",  "h",  "j",  "k",  "l",
-                                             "m",  "n",  "p",  "r",  "s",  "t",  "v",  "w",
-                                             "z",  "ch", "sh", "br", "kr", "st", "tr", "gl"};
+const std::array<const char*, 24> kOnsets = {"b", "d",  "f",  "g",  "h",  "j",  "k",  "l",
+                                             "m", "n",  "p",  "r",  "s",  "t",  "v",  "w",
+                                             "z", "ch", "sh", "br", "kr", "st", "tr", "gl"};
 const std::array<const char*, 10> kVowels = {"a", "e", "i", "o", "u", "a", "o", "ai", "ou", "ea"};
 const std::array<const char*, 8> kCodas = {"", "", "", "n", "r", "l", "s", "m"};
 const std::array<const char*, 8> kEndings = {"ford", "ton", "haven", "wick", "dale", "mere", "by", "stead"};
@@ -17,9 +17,11 @@ QString NameGenerator::candidate() {
     for (int i = 0; i < syllables; ++i) {
         name += kOnsets[m_random.integer(0, int(kOnsets.size()) - 1)];
         name += kVowels[m_random.integer(0, int(kVowels.size()) - 1)];
-        if (i + 1 == syllables || m_random.chance(0.25)) name += kCodas[m_random.integer(0, int(kCodas.size()) - 1)];
+        if (i + 1 == syllables || m_random.chance(0.25))
+            name += kCodas[m_random.integer(0, int(kCodas.size()) - 1)];
     }
-    if (syllables == 2 && m_random.chance(0.3)) name += kEndings[m_random.integer(0, int(kEndings.size()) - 1)];
+    if (syllables == 2 && m_random.chance(0.3))
+        name += kEndings[m_random.integer(0, int(kEndings.size()) - 1)];
     name[0] = name[0].toUpper();
     return name;
 }

@@ -23,7 +23,9 @@ void PointIndex::insert(const QPointF& p, int id) {
     m_tree->points[id] = p;
 }
 
-bool PointIndex::anyWithin(const QPointF& p, double radius) const { return nearestWithin(p, radius) >= 0; }
+bool PointIndex::anyWithin(const QPointF& p, double radius) const {
+    return nearestWithin(p, radius) >= 0;
+}
 
 int PointIndex::nearestWithin(const QPointF& p, double radius) const {
     const auto found = nearest(p, 1);
@@ -39,7 +41,9 @@ std::vector<int> PointIndex::nearest(const QPointF& p, int count) const {
     return ids;
 }
 
-QPointF PointIndex::point(int id) const { return m_tree->points.at(id); }
+QPointF PointIndex::point(int id) const {
+    return m_tree->points.at(id);
+}
 
 double PointIndex::distanceTo(int id, const QPointF& p) const {
     const QPointF q = point(id);

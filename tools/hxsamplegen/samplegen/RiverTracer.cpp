@@ -8,8 +8,8 @@
 #include "Terrain.h"
 
 namespace {
-constexpr double kStep = 90;                // metres between river vertices
-constexpr double kJoinDistance = 120;       // a river this close to another flows into it
+constexpr double kStep = 90;           // metres between river vertices
+constexpr double kJoinDistance = 120;  // a river this close to another flows into it
 constexpr int kMaxSteps = 2000;
 constexpr int kMinVertices = 12;
 constexpr int kAttemptsPerRiver = 30;
@@ -20,13 +20,15 @@ QPointF unit(const QPointF& v) {
 }
 }  // namespace
 
-RiverTracer::RiverTracer(const Coastline& coastline, const Terrain& terrain, NameGenerator& names, SampleRandom random)
+RiverTracer::RiverTracer(const Coastline& coastline, const Terrain& terrain, NameGenerator& names,
+                         SampleRandom random)
     : m_coastline(coastline), m_terrain(terrain), m_names(names), m_random(random), m_noise(random.next()) {}
 
 SampleLayer RiverTracer::build(double scale) {
     SampleLayer layer("rivers", wkbLineString, {{"name", OFTString}});
     const int wanted = std::max(1, int(std::lround(14 * scale)));
-    for (int attempt = 0; layer.features().size() < size_t(wanted) && attempt < wanted * kAttemptsPerRiver; ++attempt) {
+    for (int attempt = 0; layer.features().size() < size_t(wanted) && attempt < wanted * kAttemptsPerRiver;
+         ++attempt) {
         QPointF source;
         if (!spring(source)) continue;
         const auto line = trace(source, m_random.uniform(0, 200));

@@ -17,7 +17,8 @@ class Terrain;
 // tributary, ending on that river's vertex.
 class RiverTracer {
 public:
-    RiverTracer(const Coastline& coastline, const Terrain& terrain, NameGenerator& names, SampleRandom random);
+    RiverTracer(const Coastline& coastline, const Terrain& terrain, NameGenerator& names,
+                SampleRandom random);
 
     SampleLayer build(double scale);
 

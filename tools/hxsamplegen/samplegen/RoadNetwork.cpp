@@ -15,7 +15,9 @@ constexpr double kVertexSpacing = 220;  // metres between road vertices
 constexpr double kShoreClearance = 60;
 constexpr int kCandidateNeighbours = 8;
 
-double distance(const QPointF& a, const QPointF& b) { return std::hypot(a.x() - b.x(), a.y() - b.y()); }
+double distance(const QPointF& a, const QPointF& b) {
+    return std::hypot(a.x() - b.x(), a.y() - b.y());
+}
 }  // namespace
 
 RoadNetwork::RoadNetwork(const std::vector<Town>& towns, const Coastline& coastline,
@@ -115,7 +117,8 @@ std::vector<QPointF> RoadNetwork::route(const QPointF& a, const QPointF& b, doub
         const double t = double(i) / segments;
         // A broad bend plus a little wander, both vanishing at the towns.
         const double wander = m_noise.fractal(phase + t * length / 6000.0, phase, 3);
-        const double offset = std::sin(M_PI * t) * (bend * 0.12 * length + wander * std::min(0.08 * length, 1500.0));
+        const double offset =
+            std::sin(M_PI * t) * (bend * 0.12 * length + wander * std::min(0.08 * length, 1500.0));
         line.push_back(a + along * (t * length) + across * offset);
     }
     return line;

@@ -18,8 +18,8 @@ class StarShape;
 // into the network. Roads bend gently and never cross the sea or a lake.
 class RoadNetwork {
 public:
-    RoadNetwork(const std::vector<Town>& towns, const Coastline& coastline, const std::vector<StarShape>& lakes,
-                SampleRandom random);
+    RoadNetwork(const std::vector<Town>& towns, const Coastline& coastline,
+                const std::vector<StarShape>& lakes, SampleRandom random);
 
     SampleLayer build();
 

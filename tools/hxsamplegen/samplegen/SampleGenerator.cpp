@@ -9,7 +9,9 @@
 #include "SampleRegion.h"
 
 namespace {
-double secondsSince(const QElapsedTimer& timer) { return timer.nsecsElapsed() / 1e9; }
+double secondsSince(const QElapsedTimer& timer) {
+    return timer.nsecsElapsed() / 1e9;
+}
 
 bool writeLayers(const SampleRegion& region, const QString& path, int epsg, QString* error) {
     GpkgWriter writer(path, epsg);
@@ -48,14 +50,16 @@ bool SampleGenerator::writeRegion(const SampleOptions& options) {
     const struct {
         const char* file;
         int epsg;
-    } packages[] = {{"region.gpkg", SampleCrs::kProjectedEpsg}, {"region_4490.gpkg", SampleCrs::kGeographicEpsg}};
+    } packages[] = {{"region.gpkg", SampleCrs::kProjectedEpsg},
+                    {"region_4490.gpkg", SampleCrs::kGeographicEpsg}};
     for (const auto& package : packages) {
         step.restart();
         if (!writeLayers(region, out.filePath(package.file), package.epsg, &m_error)) return false;
         report(QString("wrote %1 in %2 s").arg(package.file).arg(secondsSince(step)));
     }
     step.restart();
-    if (!DemWriter::write(out.filePath("elevation.tif"), region.terrain(), SampleRegion::extent(), options.demPixelSize, &m_error))
+    if (!DemWriter::write(out.filePath("elevation.tif"), region.terrain(), SampleRegion::extent(),
+                          options.demPixelSize, &m_error))
         return false;
     report(QString("wrote elevation.tif in %1 s").arg(secondsSince(step)));
     report(QString("done in %1 s").arg(secondsSince(total)));

@@ -34,13 +34,16 @@ SampleRegion::SampleRegion(quint64 seed, double scale)
 
     m_layers.push_back(landLayer());
     m_layers.push_back(lakeLayer(names));
-    m_layers.push_back(LanduseMosaic(m_coastline, m_terrain, m_lakes, m_towns, m_random.fork(Landuse).next()).build(scale));
+    m_layers.push_back(
+        LanduseMosaic(m_coastline, m_terrain, m_lakes, m_towns, m_random.fork(Landuse).next()).build(scale));
     m_layers.push_back(RiverTracer(m_coastline, m_terrain, names, m_random.fork(Rivers)).build(scale));
     m_layers.push_back(RoadNetwork(m_towns, m_coastline, m_lakes, m_random.fork(Roads)).build());
     m_layers.push_back(townLayer());
 }
 
-QRectF SampleRegion::extent() { return QRectF(505000, 3395000, 100000, 70000); }
+QRectF SampleRegion::extent() {
+    return QRectF(505000, 3395000, 100000, 70000);
+}
 
 Coastline SampleRegion::mainland(SampleRandom random) {
     // The land's heart lies in the north-west; its rim swings through the region as the coast, with
@@ -73,7 +76,8 @@ void SampleRegion::addIslands(SampleRandom random) {
     const QRectF region = extent();
     for (int attempt = 0; int(m_islands.size()) < kIslandCount && attempt < kPlacementAttempts; ++attempt) {
         const double radius = random.uniform(500, 2400);
-        StarShape island = StarShape::blob(randomPoint(random, region), radius, 0.4, 180, noise, random.uniform(0, 100));
+        StarShape island =
+            StarShape::blob(randomPoint(random, region), radius, 0.4, 180, noise, random.uniform(0, 100));
         const double reach = island.maxRadius() + 300;
         const bool offshore = m_coastline.inlandDistance(island.centre()) < -reach - 800;
         const bool inside = region.adjusted(reach, reach, -reach, -reach).contains(island.centre());
@@ -85,7 +89,8 @@ void SampleRegion::addLakes(SampleRandom random) {
     const FractalNoise noise(random.next());
     for (int attempt = 0; int(m_lakes.size()) < kLakeCount && attempt < kPlacementAttempts; ++attempt) {
         const double radius = 400 * std::pow(5.0, random.uniform());
-        StarShape lake = StarShape::blob(randomPoint(random, extent()), radius, 0.4, 140, noise, random.uniform(0, 100));
+        StarShape lake =
+            StarShape::blob(randomPoint(random, extent()), radius, 0.4, 140, noise, random.uniform(0, 100));
         if (m_coastline.isLand(lake.centre(), lake.maxRadius() + 1500) && isClear(lake, m_lakes, 1500))
             m_lakes.push_back(std::move(lake));
     }
@@ -115,7 +120,8 @@ SampleLayer SampleRegion::lakeLayer(NameGenerator& names) const {
 }
 
 SampleLayer SampleRegion::townLayer() const {
-    SampleLayer layer("towns", wkbPoint, {{"name", OFTString}, {"population", OFTInteger}, {"kind", OFTString}});
+    SampleLayer layer("towns", wkbPoint,
+                      {{"name", OFTString}, {"population", OFTInteger}, {"kind", OFTString}});
     for (const Town& town : m_towns)
         layer.add(std::make_unique<OGRPoint>(town.position.x(), town.position.y()),
                   {town.name, town.population, town.kindName()});

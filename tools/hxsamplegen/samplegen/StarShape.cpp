@@ -28,7 +28,9 @@ StarShape StarShape::blob(const QPointF& centre, double radius, double roughness
     return StarShape(centre, std::move(radii));
 }
 
-double StarShape::angleOf(int vertex) const { return kTwoPi * vertex / vertexCount(); }
+double StarShape::angleOf(int vertex) const {
+    return kTwoPi * vertex / vertexCount();
+}
 
 double StarShape::radiusAt(double angle) const {
     double steps = angle / kTwoPi * vertexCount();
@@ -49,7 +51,8 @@ std::unique_ptr<OGRLinearRing> StarShape::ring() const {
     for (int i = 0; i <= vertexCount(); ++i) {
         const int v = i % vertexCount();
         const double angle = angleOf(v);
-        ring->setPoint(i, m_centre.x() + m_radii[v] * std::cos(angle), m_centre.y() + m_radii[v] * std::sin(angle));
+        ring->setPoint(i, m_centre.x() + m_radii[v] * std::cos(angle),
+                       m_centre.y() + m_radii[v] * std::sin(angle));
     }
     return ring;
 }

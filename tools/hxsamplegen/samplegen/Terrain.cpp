@@ -19,7 +19,8 @@ double Terrain::relief(const QPointF& p, double inland, double rampLength) const
     const double hills = 0.5 + 0.5 * m_noise.fractal(x, y, 6);
     const double ridges = 1.0 - std::abs(m_noise.noise(2.3 * x + 40.0, 2.3 * y));
     const double rough = 0.5 + 0.5 * m_noise.fractal(8 * x - 70.0, 8 * y, 3);
-    return kHillHeight * rise * rise * (0.15 + hills * hills * (0.55 + 0.45 * ridges * ridges)) + 12.0 * rise * rough;
+    return kHillHeight * rise * rise * (0.15 + hills * hills * (0.55 + 0.45 * ridges * ridges)) +
+           12.0 * rise * rough;
 }
 
 double Terrain::elevation(const QPointF& p) const {

@@ -12,8 +12,8 @@ constexpr double kShoreMargin = 600;  // metres of dry land around a settlement
 constexpr double kMaxSiteElevation = 650;
 }  // namespace
 
-TownPlacer::TownPlacer(const Coastline& coastline, const Terrain& terrain, const std::vector<StarShape>& lakes,
-                       NameGenerator& names, SampleRandom random)
+TownPlacer::TownPlacer(const Coastline& coastline, const Terrain& terrain,
+                       const std::vector<StarShape>& lakes, NameGenerator& names, SampleRandom random)
     : m_coastline(coastline), m_terrain(terrain), m_lakes(lakes), m_names(names), m_random(random) {}
 
 std::vector<Town> TownPlacer::place(double scale) {
@@ -37,7 +37,8 @@ QPointF TownPlacer::bestSite(const Kind& kind) {
     QPointF best(qQNaN(), qQNaN());
     double bestElevation = 1e9;
     for (int found = 0, attempt = 0; found < kind.candidates && attempt < kAttemptsPerTown; ++attempt) {
-        const QPointF p(m_random.uniform(region.left(), region.right()), m_random.uniform(region.top(), region.bottom()));
+        const QPointF p(m_random.uniform(region.left(), region.right()),
+                        m_random.uniform(region.top(), region.bottom()));
         if (!isSite(p) || m_placed.anyWithin(p, kind.spacing)) continue;
         ++found;
         const double elevation = m_terrain.elevation(p);
@@ -54,7 +55,9 @@ void TownPlacer::placeKind(const Kind& kind, std::vector<Town>& towns) {
         const QPointF site = bestSite(kind);
         if (qIsNaN(site.x())) continue;
         // Log-uniform: a few large places and many small ones.
-        const double population = kind.minPopulation * std::pow(double(kind.maxPopulation) / kind.minPopulation, std::pow(m_random.uniform(), 1.6));
+        const double population =
+            kind.minPopulation *
+            std::pow(double(kind.maxPopulation) / kind.minPopulation, std::pow(m_random.uniform(), 1.6));
         m_placed.insert(site, int(towns.size()));
         towns.push_back({site, m_names.next(), int(population), kind.kind});
     }

@@ -25,8 +25,8 @@ private:
     struct Kind {
         Town::Kind kind;
         int count;
-        double spacing;     // metres to the nearest other settlement
-        int candidates;     // the lowest of this many sites wins
+        double spacing;  // metres to the nearest other settlement
+        int candidates;  // the lowest of this many sites wins
         int minPopulation;
         int maxPopulation;
     };
