@@ -3,6 +3,8 @@
 #include "HOCoordinateSystem.h"
 
 #include <algorithm>
+#include <cmath>
+#include <optional>
 
 namespace HXObjects {
 
@@ -111,11 +113,22 @@ void HOMap::SetMapDisplayUnit(HOUnitType unit) {
 HORect HOMap::GetFullExtent() const {
     const auto layers = GetLayers(true);
     const auto system = GetSpatialReference();
-    HORect full;
+    std::optional<HORect> full;
     for (const auto& layer : layers) {
-        if (layer->IsVisible()) full = full.United(layer->GetExtentIn(system.get()));
+        if (!layer->IsVisible()) continue;
+        // A single point or a straight line has a flat extent; it still counts.
+        const HORect e = layer->GetExtentIn(system.get());
+        if (!(e.maxx >= e.minx && e.maxy >= e.miny) || !std::isfinite(e.Width() + e.Height())) continue;
+        full = full ? HORect(std::min(full->minx, e.minx), std::max(full->maxx, e.maxx), std::min(full->miny, e.miny),
+                             std::max(full->maxy, e.maxy))
+                    : e;
     }
-    return full;
+    if (!full) return {};
+    // A flat extent is opened up so that a view can show it.
+    const double pad = std::max({full->Width(), full->Height(), 1.0}) / 2.0;
+    if (full->Width() <= 0.0) full = HORect(full->minx - pad, full->maxx + pad, full->miny, full->maxy);
+    if (full->Height() <= 0.0) full = HORect(full->minx, full->maxx, full->miny - pad, full->maxy + pad);
+    return *full;
 }
 
 void HOMap::notifyChanged() {

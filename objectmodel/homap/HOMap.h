@@ -39,7 +39,8 @@ public:
     void SetSpatialReference(HOCoordinateSystem* system);
     HOUnitType GetMapDisplayUnit() const;
     void SetMapDisplayUnit(HOUnitType unit);
-    // The union of the visible layers' extents in the map's system; empty when there are none.
+    // The union of the visible layers' extents in the map's system; empty when there are none. A flat
+    // union (one point, one straight line) is widened to be viewable.
     HORect GetFullExtent() const;
 
     HOEventSignal LayersChangedSignal;

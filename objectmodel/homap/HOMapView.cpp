@@ -18,6 +18,7 @@
 
 #include <QPainter>
 #include <cmath>
+#include <cstring>
 #include <optional>
 
 namespace HXObjects {
@@ -28,14 +29,6 @@ constexpr double kZoomStep = 2.0;
 constexpr double kWheelNotch = 120.0;
 constexpr int kPanButton = 3;  // the middle button pans whatever the current tool
 
-// A map of one point (or one straight line) still gets a view around it.
-HORect paddedExtent(HORect extent) {
-    if (!(extent.maxx >= extent.minx && extent.maxy >= extent.miny)) return {};
-    const double pad = std::max({extent.Width(), extent.Height(), 1.0}) / 2.0;
-    if (extent.Width() <= 0.0) extent = HORect(extent.minx - pad, extent.maxx + pad, extent.miny, extent.maxy);
-    if (extent.Height() <= 0.0) extent = HORect(extent.minx, extent.maxx, extent.miny - pad, extent.maxy + pad);
-    return extent;
-}
 }  // namespace
 
 class HOMapView::Private {
@@ -51,7 +44,7 @@ public:
     double metresPerUnit() const;
     double currentDpi() const;
     void fireRedraw();
-    void compose(QPainter& painter);
+    void compose(HOGraphics& surface);
     void onLayersChanged(void* sender, HOEvent* event);
 
     HOMapView* q;
@@ -131,7 +124,7 @@ void HOMapView::Private::fitFullExtentIfNone() {
         shown = map;
     }
     if (!shown) return;
-    const HORect full = paddedExtent(shown->GetFullExtent());
+    const HORect full = shown->GetFullExtent();
     navigate([&](HOViewport& v) { return !v.HasExtent() && v.Extent().IsEmpty() && v.Fit(full); });
 }
 
@@ -155,7 +148,7 @@ void HOMapView::Private::fireRedraw() {
     q->RedrawSignal.fire(q, &event);
 }
 
-void HOMapView::Private::compose(QPainter& painter) {
+void HOMapView::Private::compose(HOGraphics& surface) {
     HORefPtr<HOMap> shownMap;
     HORefPtr<HOTool> currentTool;
     HODisplayTransform shown;
@@ -176,15 +169,21 @@ void HOMapView::Private::compose(QPainter& painter) {
         flash = twinkle;
     }
     const HOViewFrame frame = renderer->Frame();
-    if (frame.IsAt(shown)) {
-        // The frame is background and layers already: a straight copy.
-        painter.setCompositionMode(QPainter::CompositionMode_Source);
-        painter.drawImage(QPoint(0, 0), frame.image);
-        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    const QColor background = shownMap->GetBackgroundColor().toQColor();
+    QImage& target = surface.Image();
+    if (frame.IsAt(shown) && frame.image.size() == target.size() && frame.image.format() == target.format()) {
+        // The frame holds the background and every layer already: one copy of its bytes.
+        surface.End();
+        std::memcpy(target.bits(), frame.image.constBits(), static_cast<std::size_t>(frame.image.sizeInBytes()));
+    } else if (frame.CanBlitInto(target) && background.alpha() == 255) {
+        surface.End();
+        frame.BlitInto(target, shown, background);
     } else {
-        painter.fillRect(QRect(0, 0, size.width, size.height), shownMap->GetBackgroundColor().toQColor());
+        QPainter& painter = *surface.Painter();
+        painter.fillRect(QRect(0, 0, size.width, size.height), background);
         frame.DrawInto(painter, shown);
     }
+    QPainter& painter = *surface.Painter();
 
     HORenderContext context;
     context.painter = &painter;
@@ -394,21 +393,20 @@ void HOMapView::SetMap(HOMap* map) {
     if (map) HOBindMember(map->LayersChangedSignal, d.get(), &Private::onLayersChanged);
     d->renderer->Stop(false);
     d->renderer->ClearFrame();
-    const HORect full = map ? paddedExtent(map->GetFullExtent()) : HORect();
-    d->navigate([&](HOViewport& v) {
+    const HORect full = map ? map->GetFullExtent() : HORect();
+    const bool moved = d->navigate([&](HOViewport& v) {
         HOViewport fresh;
         fresh.SetSize(v.Size());
         fresh.Fit(full);
         v = fresh;
         return true;
     });
-    d->requestRender(true, {}, 0);
+    if (!moved) d->requestRender(false, {}, 0);
 }
 
 void HOMapView::Draw(HOGraphics* surface) {
-    QPainter* painter = surface ? surface->Painter() : nullptr;
-    if (!painter) return;
-    d->compose(*painter);
+    if (!surface || surface->Image().isNull()) return;
+    d->compose(*surface);
     surface->End();
 }
 
@@ -470,7 +468,7 @@ void HOMapView::RequestRedraw(bool all) {
 
 void HOMapView::ZoomToFullExtent() {
     HOMap* map = GetMap();
-    if (map) SetExtent(paddedExtent(map->GetFullExtent()));
+    if (map) SetExtent(map->GetFullExtent());
 }
 
 bool HOMapView::IsRendering() const { return d->renderer->IsBusy(); }

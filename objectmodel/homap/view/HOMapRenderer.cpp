@@ -152,6 +152,11 @@ bool HOMapRenderer::render(HORenderRequest& request) {
     }
     const auto layers = request.map->GetLayers(true);
     keepCachesOf(layers);
+    if (request.redrawAll) {
+        // Named one by one, so that a render cancelled half-way carries over only the rest.
+        for (const auto& layer : layers) request.redrawLayers.insert(layer->GetLayerId());
+        request.redrawAll = false;
+    }
     const HORefPtr<HOCoordinateSystem> system = request.map->GetSpatialReference();
     auto lastRedraw = Clock::now();
     for (const auto& layer : layers) {

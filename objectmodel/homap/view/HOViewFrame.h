@@ -4,6 +4,7 @@
 // while a new picture renders. Copies share the pixels (QImage is implicitly shared).
 #include "HODisplayTransform.h"
 
+#include <QColor>
 #include <QImage>
 #include <QRectF>
 
@@ -18,7 +19,13 @@ struct HOViewFrame {
     bool IsAt(const HODisplayTransform& target) const { return !image.isNull() && transform == target; }
     // The picture's rectangle in pixels of a surface drawn at `target`.
     QRectF PlacedIn(const HODisplayTransform& target) const;
+    // Draws over what the painter holds (layer pictures are partly transparent).
     void DrawInto(QPainter& painter, const HODisplayTransform& target) const;
+    // Replaces every pixel of `target` (the picture is opaque): the picture where it lands, the
+    // background elsewhere. Several times faster than a painter's scaled draw; a preview needs no
+    // smoothing.
+    bool CanBlitInto(const QImage& target) const;
+    void BlitInto(QImage& target, const HODisplayTransform& at, const QColor& background) const;
 };
 
 }  // namespace HXObjects
