@@ -68,7 +68,7 @@ QString pairText(double first, double second) {
 }
 
 // The 6-degree zone of a longitude. The integer conversion truncates toward zero, so longitudes
-// between -6 and 0 fall in zone 0 (central meridian -3) rather than -1.
+// between -12 and -6 fall in zone 0 (central meridian -3) too, not in zone -1.
 int sixDegreeZone(double lon) {
     return static_cast<int>((lon + 6.0) / 6.0);
 }
