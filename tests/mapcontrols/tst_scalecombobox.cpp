@@ -36,8 +36,6 @@ private slots:
 
     void toString_data();
     void toString();
-    void toDouble_data();
-    void toDouble();
     void roundTrip_data();
     void roundTrip();
     void typedScale_data();
@@ -97,53 +95,6 @@ void TestScaleComboBox::toString() {
     QFETCH(QString, text);
     QLocale::setDefault(QLocale(locale));
     QCOMPARE(HXScaleComboBox::toString(scale), text);
-}
-
-void TestScaleComboBox::toDouble_data() {
-    QTest::addColumn<QString>("locale");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("ok");
-    QTest::addColumn<double>("scale");
-    QTest::newRow("plain ratio") << "en_US"
-                                 << "0.25" << true << 0.25;
-    QTest::newRow("plain number") << "en_US"
-                                  << "25000" << true << 25000.0;
-    QTest::newRow("grouped number") << "en_US"
-                                    << "25,000" << true << 25000.0;
-    QTest::newRow("reduction") << "en_US"
-                               << "1:25000" << true << 0.00004;
-    QTest::newRow("grouped reduction") << "en_US"
-                                       << "1:25,000" << true << 0.00004;
-    QTest::newRow("enlargement") << "en_US"
-                                 << "4:1" << true << 4.0;
-    QTest::newRow("German decimal comma") << "de_DE"
-                                          << "0,25" << true << 0.25;
-    QTest::newRow("German grouped reduction") << "de_DE"
-                                              << "1:25.000" << true << 0.00004;
-    QTest::newRow("letters") << "en_US"
-                             << "abc" << false << 0.0;
-    QTest::newRow("letters after the colon") << "en_US"
-                                             << "1:abc" << false << 0.0;
-    QTest::newRow("decimal denominator") << "en_US"
-                                         << "1:2.5" << false << 0.0;
-    QTest::newRow("two colons") << "en_US"
-                                << "1:2:3" << false << 0.0;
-    QTest::newRow("zero denominator") << "en_US"
-                                      << "1:0" << false << 0.0;
-    QTest::newRow("empty") << "en_US"
-                           << "" << false << 0.0;
-}
-
-void TestScaleComboBox::toDouble() {
-    QFETCH(QString, locale);
-    QFETCH(QString, text);
-    QFETCH(bool, ok);
-    QFETCH(double, scale);
-    QLocale::setDefault(QLocale(locale));
-    bool converted = !ok;
-    const double value = HXScaleComboBox::toDouble(text, &converted);
-    QCOMPARE(converted, ok);
-    if (ok) QCOMPARE(value, scale);
 }
 
 void TestScaleComboBox::roundTrip_data() {
