@@ -126,12 +126,12 @@ PositionText formatPosition(const QPointF& p, HOMap* map) {
         double lon = 0.0;
         double lat = 0.0;
         cs->ToGeographic(x, y, &lon, &lat);
-        return formatInUnit(
-            unit, p, [p] { return p; }, QPointF(lon, lat));
+        const auto metres = [p] { return p; };
+        return formatInUnit(unit, p, metres, QPointF(lon, lat));
     }
     if (cs && !cs->IsProjected() && cs->IsGeographic() && cs->GetUnit() == HOUnitDegree) {
-        return formatInUnit(
-            unit, p, [x, y] { return gaussKrugerPosition(x, y); }, p);
+        const auto metres = [x, y] { return gaussKrugerPosition(x, y); };
+        return formatInUnit(unit, p, metres, p);
     }
     return {pairText(x, y), unitLabel(*findDisplayUnit(HOUnitUnknown))};
 }
