@@ -74,9 +74,10 @@ void HXMessageBar::pushMessage(const QString& title, const QString& text, int le
 }
 
 void HXMessageBar::pushItem(HXMessageBarItem* item) {
+    if (!item) return;
     resetCountdown();
-    // An item the bar already holds is shown again, not deleted: showItem takes it off the waiting
-    // list, and leaves the shown one where it is.
+    // An item the bar already holds is shown again rather than removed first (removing deletes it):
+    // showItem takes it off the waiting list, and leaves the shown one where it is.
     showItem(item);
 }
 

@@ -28,6 +28,7 @@ private slots:
     void levelLook_data();
     void levelLook();
     void barFollowsTheShownItemsStyle();
+    void pushingAWaitingItemBringsItBack();
     void popWaitingItem();
     void clearWidgets();
     void closeButtonOffersCloseAllWhileMessagesWait();
@@ -231,6 +232,21 @@ void TestMessageBar::barFollowsTheShownItemsStyle() {
     // A displaced item no longer restyles the bar.
     first->setLevel(2);
     QCOMPARE(bar.styleSheet(), second->getStyleSheet());
+}
+
+void TestMessageBar::pushingAWaitingItemBringsItBack() {
+    HXMessageBar bar;
+    auto* waiting = new HXMessageBarItem(QStringLiteral("waiting"), QString(), 0, 0);
+    bar.pushItem(waiting);
+    bar.pushInfo(QStringLiteral("shown"), QString());
+    HXMessageBarItem* shown = bar.currentItem();
+
+    bar.pushItem(waiting);
+    QCOMPARE(bar.currentItem(), waiting);
+    QCOMPARE(bar.waitingItems(), QList<HXMessageBarItem*>{shown});
+    QVERIFY(!waiting->isHidden());
+    bar.pushItem(nullptr);
+    QCOMPARE(bar.currentItem(), waiting);
 }
 
 void TestMessageBar::popWaitingItem() {
