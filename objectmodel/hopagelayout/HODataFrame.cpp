@@ -20,11 +20,8 @@ HORefPtr<HOMapView> HODataFrame::view() const {
 }
 
 void HODataFrame::set_map_view(HOMapView* view) {
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        m_view = view;
-    }
-    set_page_transform(m_page.GetDisplayTransform());
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_view = view;
 }
 
 QRectF HODataFrame::pixel_rect(const HODisplayTransform& pageToPixels) const {

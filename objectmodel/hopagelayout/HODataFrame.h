@@ -17,7 +17,7 @@ public:
     HODataFrame();
 
     HOMapView* get_map_view() const;
-    // The frame keeps a reference on the view.
+    // The frame keeps a reference on the view; the page sizes it when it lays the frame out.
     void set_map_view(HOMapView* view);
     HODisplay* get_screendisplay() const;
     void draw(QPainter& painter, const HODisplayTransform& pageToPixels) override;
