@@ -1,6 +1,13 @@
 // HXMapCanvas: construction, destruction, view binding and the small accessors.
 #include "HXMapCanvas.h"
 
+#include <QCoreApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QStatusBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
 #include "HOCallbackKey.h"
 #include "HODataFrame.h"
 #include "HOGraphicsEngineManager.h"
@@ -8,16 +15,9 @@
 #include "HOTool.h"
 #include "HXMapWidget.h"
 #include "HXPanState.h"
+#include "HXScaleComboBox.h"
 #include "HXStatusBarCoordinatesWidget.h"
 #include "HXStatusBarScaleWidget.h"
-#include "HXScaleComboBox.h"
-
-#include <QCoreApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QStatusBar>
-#include <QToolButton>
-#include <QVBoxLayout>
 
 using namespace HXObjects;
 
@@ -26,7 +26,9 @@ namespace {
 const char* const kStatusBarStyleSheet = "QStatusBar::item {border: none;};background-color:gray";
 const int kStatusBarHeight = 25;
 
-void IgnoreSize(QWidget* widget) { widget->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored); }
+void IgnoreSize(QWidget* widget) {
+    widget->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+}
 
 }  // namespace
 
@@ -54,7 +56,8 @@ HXMapCanvas::HXMapCanvas(ViewMode mode, QWidget* parent)
     setAttribute(Qt::WA_MouseTracking, true);
 
     if (mPageLayoutView)
-        HOBindMember(mPageLayoutView->ActiveElementChangedSignal, this, &HXMapCanvas::pagelyoutViewChangeActiveCallback);
+        HOBindMember(mPageLayoutView->ActiveElementChangedSignal, this,
+                     &HXMapCanvas::pagelyoutViewChangeActiveCallback);
     HOBindMember(Request3DRefreshSignal, this, &HXMapCanvas::onRequest3DRefresh);
 
     const QString pluginDirectory = QCoreApplication::applicationDirPath() + "/plugins";
@@ -164,15 +167,19 @@ void HXMapCanvas::SetMapView(HOMapView* view) {
     if (GetMapView()) view->SetSize(HOSize(width(), height()));
     mMapView = view;
     HOMapViewManager::GetInstance()->activate(view);
-    if (mViewMode == MapViewMode) HOBindMember(GetMapView()->RedrawSignal, mMapWidget, &HXMapWidget::onViewRedraw);
+    if (mViewMode == MapViewMode)
+        HOBindMember(GetMapView()->RedrawSignal, mMapWidget, &HXMapWidget::onViewRedraw);
 }
 
-HOPageLayoutView* HXMapCanvas::GetPageLayoutView() { return mPageLayoutView; }
+HOPageLayoutView* HXMapCanvas::GetPageLayoutView() {
+    return mPageLayoutView;
+}
 
 void HXMapCanvas::SetPageLayoutView(HOPageLayoutView* view) {
     mPageLayoutView = view;
     HOBindMember(mPageLayoutView->RedrawSignal, mMapWidget, &HXMapWidget::onViewRedraw);
-    HOBindMember(mPageLayoutView->ActiveElementChangedSignal, this, &HXMapCanvas::pagelyoutViewChangeActiveCallback);
+    HOBindMember(mPageLayoutView->ActiveElementChangedSignal, this,
+                 &HXMapCanvas::pagelyoutViewChangeActiveCallback);
 }
 
 void HXMapCanvas::SetToolBuddy(HOToolBuddy* buddy) {
@@ -188,29 +195,49 @@ void HXMapCanvas::SetToolBuddy(HOToolBuddy* buddy) {
     if (mViewMode == PageLayoutMode) buddy->SetPageLayoutView(mPageLayoutView);
 }
 
-bool HXMapCanvas::IsMapView() { return mViewMode == MapViewMode; }
+bool HXMapCanvas::IsMapView() {
+    return mViewMode == MapViewMode;
+}
 
-HXMapCanvas::ViewMode HXMapCanvas::getViewMode() { return mViewMode; }
+HXMapCanvas::ViewMode HXMapCanvas::getViewMode() {
+    return mViewMode;
+}
 
-int HXMapCanvas::getMapViewGroupID() { return mMapViewGroupId; }
+int HXMapCanvas::getMapViewGroupID() {
+    return mMapViewGroupId;
+}
 
-const HXMapSettings& HXMapCanvas::mapSettings() const { return mMapSettings; }
+const HXMapSettings& HXMapCanvas::mapSettings() const {
+    return mMapSettings;
+}
 
-bool HXMapCanvas::antiAliasingEnabled() const { return mMapSettings.testFlag(HXMapSettings::Antialiasing); }
+bool HXMapCanvas::antiAliasingEnabled() const {
+    return mMapSettings.testFlag(HXMapSettings::Antialiasing);
+}
 
-QStatusBar* HXMapCanvas::StatusBar() { return mStatusBar; }
+QStatusBar* HXMapCanvas::StatusBar() {
+    return mStatusBar;
+}
 
-void HXMapCanvas::SetScaleEnable(bool enabled) { mScaleWidget->mScaleEdit->setEnabled(enabled); }
+void HXMapCanvas::SetScaleEnable(bool enabled) {
+    mScaleWidget->mScaleEdit->setEnabled(enabled);
+}
 
-void HXMapCanvas::SetCommandControl(HOCommandControl* control) { mCommandControl = control; }
+void HXMapCanvas::SetCommandControl(HOCommandControl* control) {
+    mCommandControl = control;
+}
 
 void HXMapCanvas::setStatusBarStyle(QStyle* style) {
     if (mStatusBar) mStatusBar->setStyle(style);
 }
 
-void HXMapCanvas::SetPageModified() { mPageModified = true; }
+void HXMapCanvas::SetPageModified() {
+    mPageModified = true;
+}
 
-void HXMapCanvas::ReloadLayerTree() { emit layerTreeReload(); }
+void HXMapCanvas::ReloadLayerTree() {
+    emit layerTreeReload();
+}
 
 void HXMapCanvas::enableWaterMask(bool enabled) {
     if (mMapWidget) mMapWidget->mWaterMask = enabled;

@@ -1,12 +1,11 @@
 // HXMapCanvas: extent, scale, zoom and magnification. The bound view does the arithmetic; the canvas
 // picks the view, applies the scale lock and keeps the scale widget and the host informed.
-#include "HXMapCanvas.h"
-
-#include "HXStatusBarScaleWidget.h"
-
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+
+#include "HXMapCanvas.h"
+#include "HXStatusBarScaleWidget.h"
 
 using namespace HXObjects;
 
@@ -17,6 +16,12 @@ namespace {
 const double kMinMagnification = 0.1;
 const double kMaxMagnification = 16.0;
 const double kMagnificationTolerance = 0.01;
+
+// The change in billionths, so that decimal steps such as 1.0 -> 1.01 (0.010000000000000009 in
+// binary) meet the tolerance exactly.
+double MagnificationChange(double to, double from) {
+    return std::round((to - from) * 1e9) / 1e9;
+}
 
 }  // namespace
 
@@ -99,11 +104,13 @@ void HXMapCanvas::zoomOut() {
     if (HOView* view = navigatedView()) view->ZoomOut();
 }
 
-double HXMapCanvas::magnificationFactor() const { return mMapSettings.magnificationFactor(); }
+double HXMapCanvas::magnificationFactor() const {
+    return mMapSettings.magnificationFactor();
+}
 
 void HXMapCanvas::setMagnificationFactor(double factor) {
     const double m = std::max(std::min(factor, kMaxMagnification), kMinMagnification);
-    const double change = m - mMapSettings.magnificationFactor();
+    const double change = MagnificationChange(m, mMapSettings.magnificationFactor());
     // Lopsided on purpose: a decrease of exactly a hundredth is applied, an increase is not.
     if (change > -kMagnificationTolerance && change <= kMagnificationTolerance) return;
     mMapSettings.setMagnificationFactor(m);
@@ -111,11 +118,17 @@ void HXMapCanvas::setMagnificationFactor(double factor) {
     emit magnificationChanged(m);
 }
 
-double HXMapCanvas::rotation() const { return mMapSettings.rotation(); }
+double HXMapCanvas::rotation() const {
+    return mMapSettings.rotation();
+}
 
-void HXMapCanvas::setScaleLocked(bool locked) { mScaleLocked = locked; }
+void HXMapCanvas::setScaleLocked(bool locked) {
+    mScaleLocked = locked;
+}
 
-void HXMapCanvas::setWheelFactor(double factor) { mWheelFactor = factor; }
+void HXMapCanvas::setWheelFactor(double factor) {
+    mWheelFactor = factor;
+}
 
 void HXMapCanvas::updateScale() {
     if (!mScaleWidget) return;
@@ -138,7 +151,9 @@ void HXMapCanvas::scaleChangedCallback(void*, HOEvent* event) {
     if (event) emit signal_updateScale();
 }
 
-void HXMapCanvas::viewBoundChangedCallback(void*, HOEvent*) { emit extentsChanged(); }
+void HXMapCanvas::viewBoundChangedCallback(void*, HOEvent*) {
+    emit extentsChanged();
+}
 
 void HXMapCanvas::wheelEvent(QWheelEvent* e) {
     if (!GetMapView()) return;

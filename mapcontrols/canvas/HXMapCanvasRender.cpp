@@ -1,17 +1,15 @@
 // HXMapCanvas: the render controls (status-bar toggle, pause, resume, refresh) and resize handling.
-#include "HXMapCanvas.h"
-
-#include "HXTooltip.h"
-
 #include <QResizeEvent>
 #include <QToolButton>
+
+#include "HXMapCanvas.h"
+#include "HXTooltip.h"
 
 using namespace HXObjects;
 
 void HXMapCanvas::onRender(bool paused) {
     auto* toggle = qobject_cast<QToolButton*>(sender());
-    if (toggle)
-        toggle->setIcon(QIcon(paused ? ":/icon/res/main/stop.png" : ":/icon/res/main/refresh.png"));
+    if (toggle) toggle->setIcon(QIcon(paused ? ":/icon/res/main/stop.png" : ":/icon/res/main/refresh.png"));
     if (paused)
         pauseRender();
     else
@@ -48,7 +46,9 @@ void HXMapCanvas::onResize(QResizeEvent* e) {
 }
 
 // The drawing widget and the status bar cover the whole canvas.
-void HXMapCanvas::paintEvent(QPaintEvent* e) { QWidget::paintEvent(e); }
+void HXMapCanvas::paintEvent(QPaintEvent* e) {
+    QWidget::paintEvent(e);
+}
 
 bool HXMapCanvas::event(QEvent* e) {
     const bool leaving = e->type() == QEvent::Leave || e->type() == QEvent::WindowDeactivate;

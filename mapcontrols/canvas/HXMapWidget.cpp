@@ -1,14 +1,14 @@
 #include "HXMapWidget.h"
 
+#include <QMutexLocker>
+#include <QPainter>
+#include <QThread>
+
 #include "HOGraphicsEngineManager.h"
 #include "HOMap.h"
 #include "HOMapView.h"
 #include "HOPageLayoutView.h"
 #include "HXMapCanvas.h"
-
-#include <QMutexLocker>
-#include <QPainter>
-#include <QThread>
 
 using namespace HXObjects;
 
@@ -56,7 +56,8 @@ void HXMapWidget::onViewRedraw(void* sender, HOEvent*) {
     surface->Begin();
     drawView(static_cast<HOView*>(sender), surface);
 
-    const QImage pixels(surface->Bits(), surface->Width(), surface->Height(), QImage::Format_ARGB32_Premultiplied);
+    const QImage pixels(surface->Bits(), surface->Width(), surface->Height(),
+                        QImage::Format_ARGB32_Premultiplied);
     {
         QMutexLocker lock(&mImageMutex);
         mImage = pixels.copy();
@@ -80,7 +81,8 @@ void HXMapWidget::scheduleRepaint() {
     if (QThread::currentThread() == thread())
         update();
     else
-        QMetaObject::invokeMethod(this, [this] { update(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this] { update(); }, Qt::QueuedConnection);
 }
 
 void HXMapWidget::paintEvent(QPaintEvent*) {
@@ -101,7 +103,9 @@ void HXMapWidget::paintEvent(QPaintEvent*) {
     painter.end();
 }
 
-void HXMapWidget::resizeEvent(QResizeEvent* e) { emit sizeChanged(e); }
+void HXMapWidget::resizeEvent(QResizeEvent* e) {
+    emit sizeChanged(e);
+}
 
 void HXMapWidget::slotUpdate() {
     if (noticeCount() == 0) return;

@@ -2,13 +2,13 @@
 // HXMapWidget: the canvas's drawing widget. A bound view's RedrawSignal (possibly on a render thread)
 // makes it render the view into a fresh surface and copy the pixels into its image under the image
 // lock; paintEvent only blits that image, the watermark and the scrolling-notice overlay.
-#include "HXNoticeItem.h"
-
 #include <QImage>
 #include <QList>
 #include <QMutex>
 #include <QTimer>
 #include <QWidget>
+
+#include "HXNoticeItem.h"
 
 class HXMapCanvas;
 

@@ -1,8 +1,7 @@
 // HXMapCanvas: the members that open the editing and display dialogs. The dialogs are not built yet;
 // until then each member answers as if its dialog had been accepted with its default choice.
-#include "HXMapCanvas.h"
-
 #include "HOFeatureLayer.h"
+#include "HXMapCanvas.h"
 
 using namespace HXObjects;
 
