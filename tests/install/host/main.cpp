@@ -1,0 +1,26 @@
+// Builds against the installed headers and library only: a canvas in each drawing mode, and the
+// library's marker class. Exits non-zero when a canvas comes up without its views.
+#include <HXMapCanvas.h>
+#include <HXMapControls.h>
+
+#include <QApplication>
+#include <QStatusBar>
+#include <cstdio>
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    HXMapControls marker;
+    marker = HXMapControls();
+
+    HXMapCanvas map(HXMapCanvas::MapViewMode, nullptr);
+    HXMapCanvas layout(HXMapCanvas::PageLayoutMode, nullptr);
+    map.resize(640, 480);
+    map.show();
+    app.processEvents();
+    if (!map.GetMapView() || !layout.GetPageLayoutView() || !map.StatusBar() || map.windowTitle() != "Map") {
+        std::fprintf(stderr, "hxhost: the canvas came up incomplete\n");
+        return 1;
+    }
+    std::printf("hxhost: canvas scale 1:%g\n", map.scale());
+    return 0;
+}
