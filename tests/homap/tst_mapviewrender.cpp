@@ -195,7 +195,6 @@ void tst_MapViewRender::newExtentCancelsTheRunningRender() {
     timer.start();
     view->SetExtent(HORect(50, 150, 0, 100));
     QTRY_COMPARE_WITH_TIMEOUT(finished.count.load(), 1, kRenderTimeout);
-    qInfo("a new extent replaced a running render and finished in %lld ms", timer.elapsed());
     QVERIFY(timer.elapsed() < 2000);
     QCOMPARE(layer->cancelled.load(), 1);
     QCOMPARE(layer->renders.load(), started + 1);
