@@ -26,6 +26,7 @@ def symbolizers(kind):
     dot.fill = mapnik.Color(200, 50, 40)
     dot.width = mapnik.Expression("3")
     dot.height = mapnik.Expression("3")
+    dot.stroke_width = 0.0
     dot.allow_overlap = True
     dot.ignore_placement = True
     return [dot]

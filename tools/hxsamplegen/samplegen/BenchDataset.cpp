@@ -68,7 +68,7 @@ std::unique_ptr<OGRGeometry> BenchDataset::line() {
     double x = m_random.uniform(region.left(), region.right()),
            y = m_random.uniform(region.top(), region.bottom());
     double heading = m_random.uniform(0, 2 * M_PI);
-    const double step = m_random.uniform(30, 90);
+    const double step = m_random.uniform(10, 30);
     auto line = std::make_unique<OGRLineString>();
     line->setNumPoints(m_counts.lineVertices, FALSE);
     for (int i = 0; i < m_counts.lineVertices; ++i) {
@@ -88,7 +88,8 @@ std::unique_ptr<OGRGeometry> BenchDataset::point() {
     for (;;) {
         const double x = m_random.uniform(region.left(), region.right()),
                      y = m_random.uniform(region.top(), region.bottom());
-        if (m_noise.fractal(x / 8000, y / 8000, 4) > m_random.uniform(-0.6, 0.4))
+        // Rejection sampling: points gather where the noise is high, like settlements.
+        if (m_noise.fractal(x / 8000, y / 8000, 4) > m_random.uniform(-0.3, 0.5))
             return std::make_unique<OGRPoint>(x, y);
     }
 }

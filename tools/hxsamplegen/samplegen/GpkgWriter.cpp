@@ -1,5 +1,6 @@
 #include "GpkgWriter.h"
 
+#include <cpl_conv.h>
 #include <cpl_error.h>
 #include <gdal_priv.h>
 #include <ogr_feature.h>
@@ -30,6 +31,8 @@ GpkgWriter::GpkgWriter(const QString& path, int epsg) : m_path(path), m_srs(Samp
         return;
     }
     QFile::remove(path);
+    // A large page cache: building the spatial index of a million features thrashes the default one.
+    CPLConfigOptionSetter cache("OGR_SQLITE_CACHE", "512", true);
     m_dataset = driver->Create(path.toUtf8().constData(), 0, 0, 0, GDT_Unknown, nullptr);
     if (!m_dataset) fail("cannot create the file");
 }
