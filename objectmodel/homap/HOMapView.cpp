@@ -46,6 +46,8 @@ public:
     void fireRedraw();
     void compose(HOGraphics& surface);
     void onLayersChanged(void* sender, HOEvent* event);
+    // The offset of a middle-button drag under way; false when none is (`end` finishes it).
+    bool middleDragOffset(int x, int y, QPoint* offset, bool end);
 
     HOMapView* q;
     const HOString name;
@@ -56,6 +58,7 @@ public:
     HOViewport viewport;
     QPoint panOffset;
     QPoint panStart;
+    bool middleDrag = false;  // a release without its press (pressed outside the view) must not pan
     double dpi = 96.0;
     HORefPtr<HOMap> map;
     HORefPtr<HOTool> tool;
@@ -204,6 +207,14 @@ void HOMapView::Private::compose(HOGraphics& surface) {
     if (HOMapGridOverlay::IsEnabled(gridSettings)) HOMapGridOverlay::Draw(painter, gridSettings, shown, size);
 }
 
+bool HOMapView::Private::middleDragOffset(int x, int y, QPoint* offset, bool end) {
+    std::lock_guard<std::mutex> lock(mutex);
+    if (!middleDrag) return false;
+    middleDrag = !end;
+    *offset = QPoint(x, y) - panStart;
+    return true;
+}
+
 void HOMapView::Private::onLayersChanged(void*, HOEvent*) {
     fitFullExtentIfNone();
     requestRender(false, {}, 0);
@@ -228,6 +239,7 @@ void HOMapView::MouseDown(int button, int x, int y) {
         {
             std::lock_guard<std::mutex> lock(d->mutex);
             d->panStart = QPoint(x, y);
+            d->middleDrag = true;
         }
         BeginPan();
         return;
@@ -237,12 +249,8 @@ void HOMapView::MouseDown(int button, int x, int y) {
 
 void HOMapView::MouseUp(int button, int x, int y) {
     if (button == kPanButton) {
-        QPoint start;
-        {
-            std::lock_guard<std::mutex> lock(d->mutex);
-            start = d->panStart;
-        }
-        EndPan(x - start.x(), y - start.y());
+        QPoint offset;
+        if (d->middleDragOffset(x, y, &offset, true)) EndPan(offset.x(), offset.y());
         return;
     }
     if (HORefPtr<HOTool> tool = GetCurrentTool()) tool->OnMouseUp(button, x, y);
@@ -250,12 +258,8 @@ void HOMapView::MouseUp(int button, int x, int y) {
 
 void HOMapView::MouseMove(int button, int x, int y) {
     if (button == kPanButton) {
-        QPoint start;
-        {
-            std::lock_guard<std::mutex> lock(d->mutex);
-            start = d->panStart;
-        }
-        PanTo(x - start.x(), y - start.y());
+        QPoint offset;
+        if (d->middleDragOffset(x, y, &offset, false)) PanTo(offset.x(), offset.y());
         return;
     }
     if (HORefPtr<HOTool> tool = GetCurrentTool()) tool->OnMouseMove(button, x, y);
@@ -391,7 +395,8 @@ void HOMapView::SetMap(HOMap* map) {
     }
     if (old) HOUnbindMember(old->LayersChangedSignal, d.get(), &Private::onLayersChanged);
     if (map) HOBindMember(map->LayersChangedSignal, d.get(), &Private::onLayersChanged);
-    d->renderer->Stop(false);
+    // Waits (a few milliseconds) so that no picture of the old map is published after this.
+    d->renderer->Stop(true);
     d->renderer->ClearFrame();
     const HORect full = map ? map->GetFullExtent() : HORect();
     const bool moved = d->navigate([&](HOViewport& v) {

@@ -73,6 +73,7 @@ public:
     // Selects every feature of the visible feature layers.
     void SelectAll();
     HOTrackCancel* GetTrackCancel();
+    // The grid settings; changes show after RequestRedraw (Draw reads a copy taken there).
     HOMapRulerAndGrid* GetRulerAndGridSetting();
     // Flashes the geometry (map coordinates) `times` times over the map; null style: a highlight.
     void TwinkleGeometry(HOGeometry* geometry, HOStyle* style, int times);

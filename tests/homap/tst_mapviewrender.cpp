@@ -5,6 +5,7 @@
 #include "HOGraphics.h"
 #include "HOGraphicsLayer.h"
 #include "HOMap.h"
+#include "HOMapRulerAndGrid.h"
 #include "HOMapView.h"
 #include "HOSignalCounter.h"
 #include "HOTestPrinters.h"
@@ -75,6 +76,8 @@ private slots:
     void destroyWhileRendering();
     void drawAddsGraphicsAndToolDrawing();
     void flashingDoesNotBlock();
+    void gridShowsAfterARedrawRequest();
+    void middleButtonDragPans();
     void composeAt1080p();
 };
 
@@ -393,6 +396,44 @@ void tst_MapViewRender::flashingDoesNotBlock() {
     QVERIFY(shownAtOnce || timer.elapsed() > 200);  // a slow machine may have missed the first phase
     QTRY_VERIFY_WITH_TIMEOUT(timer.elapsed() > 850, 3000);
     QCOMPARE(drawn(view).pixel(50, 50), kBlue);
+}
+
+void tst_MapViewRender::gridShowsAfterARedrawRequest() {
+    HORefPtr<HOMap> map(new HOMap);
+    map->AddLayer(new HOTestRectLayer(HORect(0, 100, 0, 100), Qt::blue));
+    const auto view = viewOf(map);
+    QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
+    HOMapRulerAndGrid* grid = view->GetRulerAndGridSetting();
+    QVERIFY(grid);
+    grid->set_draw_km_grid(true);
+    grid->set_manually_set_km_grid_distanse(true);
+    grid->set_km_grid_x_distance(25);
+    grid->set_km_grid_y_distance(25);
+    grid->set_km_grid_line_width(1);
+    grid->set_km_grid_color(HOColor(255, 255, 0));
+    QCOMPARE(drawn(view).pixel(25, 10), kBlue);  // not before the request
+
+    HOSignalCounter redraws(view->RedrawSignal);
+    view->RequestRedraw(false);
+    QCOMPARE(redraws.count.load(), 1);
+    // Lines at x = 25, 50, 75 and y = 25, 50, 75; a 1-pixel line at x = 25 lies on the pixel edge.
+    const QImage image = drawn(view);
+    QVERIFY(qRed(image.pixel(25, 10)) > 100 && qGreen(image.pixel(25, 10)) > 100);
+    QVERIFY(qRed(image.pixel(10, 50)) > 100);
+    QCOMPARE(image.pixel(10, 10), kBlue);
+}
+
+void tst_MapViewRender::middleButtonDragPans() {
+    HORefPtr<HOMap> map(new HOMap);
+    map->AddLayer(new HOTestRectLayer(HORect(0, 100, 0, 100), Qt::blue));
+    const auto view = viewOf(map);
+    view->MouseUp(3, 40, 40);  // pressed elsewhere: nothing to finish
+    QCOMPARE(view->GetExtent(), HORect(0, 100, 0, 100));
+    view->MouseDown(3, 10, 10);
+    view->MouseMove(3, 30, 5);
+    QCOMPARE(view->GetExtent(), HORect(0, 100, 0, 100));  // the picture follows, the view stays
+    view->MouseUp(3, 30, 5);
+    QCOMPARE(view->GetExtent(), HORect(-20, 80, -5, 95));
 }
 
 void tst_MapViewRender::composeAt1080p() {
