@@ -1,15 +1,15 @@
 // HXMapCanvas context menu: the menu a map tool asks for with a right click. Its entries depend on
 // the current tool and on what lies under the mouse.
-#include "HOCMDPool.h"
-#include "HOFeatureLayer.h"
-#include "HOMap.h"
-#include "HXMapCanvas.h"
-
 #include <QContextMenuEvent>
 #include <QCursor>
 #include <QInputDialog>
 #include <QMenu>
 #include <memory>
+
+#include "HOCMDPool.h"
+#include "HOFeatureLayer.h"
+#include "HOMap.h"
+#include "HXMapCanvas.h"
 
 using namespace HXObjects;
 
@@ -41,15 +41,17 @@ void AskLineWidth(QWidget* parent, HOTool* tool) {
     double width = tool->GetParameters()["LineWidth"].ToDouble();
     if (!(width > 0)) width = 0;
     bool ok = false;
-    const double chosen =
-        QInputDialog::getDouble(parent, HXMapCanvas::tr("Line width"), HXMapCanvas::tr("Please input line width(m):"), width,
-                                0.1, 2147483647, 1, &ok, Qt::Dialog | Qt::WindowCloseButtonHint);
+    const double chosen = QInputDialog::getDouble(parent, HXMapCanvas::tr("Line width"),
+                                                  HXMapCanvas::tr("Please input line width(m):"), width, 0.1,
+                                                  2147483647, 1, &ok, Qt::Dialog | Qt::WindowCloseButtonHint);
     if (ok) tool->SetParameter("LineWidth", HOString(QString::number(chosen, 'g', 6)));
 }
 
 }  // namespace
 
-void HXMapCanvas::contextMenuEvent(QContextMenuEvent* e) { emit contextMenuTrigger(this, e); }
+void HXMapCanvas::contextMenuEvent(QContextMenuEvent* e) {
+    emit contextMenuTrigger(this, e);
+}
 
 void HXMapCanvas::OnContextMenu(int x, int y) {
     if (mViewMode == MapViewMode) MapViewContextMenu(x, y);
@@ -79,10 +81,12 @@ void HXMapCanvas::MapViewContextMenu(int x, int y) {
         HOMap* map = view->GetMap();
         if (map && IsSelectedElementAt(view, map, point, tolerance)) {
             // Over a selected graphic element deletion is all that is offered.
-            connect(menu->addAction(tr("Delete Element")), &QAction::triggered, this, &HXMapCanvas::DeleteElement);
+            connect(menu->addAction(tr("Delete Element")), &QAction::triggered, this,
+                    &HXMapCanvas::DeleteElement);
         } else {
             if (map && HasSelectedFeatures(map)) {
-                connect(menu->addAction(tr("Custom symbol")), &QAction::triggered, this, &HXMapCanvas::CustomStyle);
+                connect(menu->addAction(tr("Custom symbol")), &QAction::triggered, this,
+                        &HXMapCanvas::CustomStyle);
                 menu->addSeparator();
             }
             connect(menu->addAction(tr("Set map ruler and grid")), &QAction::triggered, this,
@@ -107,7 +111,8 @@ void HXMapCanvas::StartNewPath(QAction* action) {
             setNewPathOption_AddFeature(option);
         }
     }
-    if (mMapTool && mMapTool->GetClassName() == "HXObjects::HOToolAddFeature") mMapTool->OnCommand("new path");
+    if (mMapTool && mMapTool->GetClassName() == "HXObjects::HOToolAddFeature")
+        mMapTool->OnCommand("new path");
 }
 
 void HXMapCanvas::AddPointWithInput(QAction* action) {
@@ -115,4 +120,6 @@ void HXMapCanvas::AddPointWithInput(QAction* action) {
     if (action->data().toInt() == 2) mMapTool->CancelPoint();
 }
 
-void HXMapCanvas::DeleteElement() { setMapTool(HOCMDPool::GetInstance()->GetTool("HXObjects::HOToolDeleteElement")); }
+void HXMapCanvas::DeleteElement() {
+    setMapTool(HOCMDPool::GetInstance()->GetTool("HXObjects::HOToolDeleteElement"));
+}

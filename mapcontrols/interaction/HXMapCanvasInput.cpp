@@ -1,6 +1,10 @@
 // HXMapCanvas input routing: mouse and key events go to the view of the canvas's mode (and so to
 // its current tool), with the host signals around them, the middle-button cursor, the map position
 // under the mouse, and the canvas's own key bindings.
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
 #include "HOCMDPool.h"
 #include "HOCommandControl.h"
 #include "HODataFrame.h"
@@ -10,17 +14,17 @@
 #include "HXPanState.h"
 #include "private/HXModeView.h"
 
-#include <QApplication>
-#include <QKeyEvent>
-#include <QMouseEvent>
-
 using namespace HXObjects;
 
 namespace {
 
-bool IsControlAlone(const QKeyEvent* e) { return e->modifiers() == Qt::ControlModifier; }
+bool IsControlAlone(const QKeyEvent* e) {
+    return e->modifiers() == Qt::ControlModifier;
+}
 
-HOTool* PoolTool(const char* name) { return HOCMDPool::GetInstance()->GetTool(name); }
+HOTool* PoolTool(const char* name) {
+    return HOCMDPool::GetInstance()->GetTool(name);
+}
 
 // The map under a page pixel: the last-listed data frame there wins and converts the pixel with
 // its own screen transform. Without a frame the pixel stays as it is and there is no map.
@@ -252,4 +256,6 @@ void HXMapCanvas::keyReleaseEvent(QKeyEvent* e) {
     emit keyReleased(e);
 }
 
-void HXMapCanvas::setForwardKeyEvents(bool forward) { mForwardKeyEvents = forward; }
+void HXMapCanvas::setForwardKeyEvents(bool forward) {
+    mForwardKeyEvents = forward;
+}

@@ -1,17 +1,17 @@
 // HXMapCanvas as a tool's voice: tips beside the mouse, notices that run across the map, the host's
 // command line, file prompts that remember the last directory, and the document-changed flag.
-#include "HOCommandControl.h"
-#include "HXApplication.h"
-#include "HXMapCanvas.h"
-#include "HXMapWidget.h"
-#include "HXTooltip.h"
-
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QRandomGenerator>
 #include <QSettings>
 #include <QTextCodec>
 #include <QTime>
+
+#include "HOCommandControl.h"
+#include "HXApplication.h"
+#include "HXMapCanvas.h"
+#include "HXMapWidget.h"
+#include "HXTooltip.h"
 
 using namespace HXObjects;
 
@@ -90,8 +90,8 @@ std::vector<HOString> HXMapCanvas::getOpenFileNames(const HOString& caption, con
                                                     const HOString& filter) {
     QSettings settings(HXApplication::hxgisSettingsFilePath(), QSettings::IniFormat);
     const QString start = StartDirectory(settings, dir);
-    const QStringList paths = QFileDialog::getOpenFileNames(this, caption.toQString(), start, filter.toQString(),
-                                                            nullptr, QFileDialog::DontUseNativeDialog);
+    const QStringList paths = QFileDialog::getOpenFileNames(
+        this, caption.toQString(), start, filter.toQString(), nullptr, QFileDialog::DontUseNativeDialog);
     // Unlike the single-file prompt, the start directory itself is remembered.
     if (!paths.isEmpty() && !start.isEmpty()) settings.setValue(kLastOpenPathKey, start);
     std::vector<HOString> result;
@@ -100,8 +100,16 @@ std::vector<HOString> HXMapCanvas::getOpenFileNames(const HOString& caption, con
     return result;
 }
 
-HOString HXMapCanvas::GetCharsetEncoding() { return HOString(QString::fromLatin1(QTextCodec::codecForLocale()->name())); }
+HOString HXMapCanvas::GetCharsetEncoding() {
+    return HOString(QString::fromLatin1(QTextCodec::codecForLocale()->name()));
+}
 
-bool HXMapCanvas::DocStateChanged() const { return mDocStateChanged; }
-void HXMapCanvas::SetDocStateChanged() { mDocStateChanged = true; }
-void HXMapCanvas::ResetDocState() { mDocStateChanged = false; }
+bool HXMapCanvas::DocStateChanged() const {
+    return mDocStateChanged;
+}
+void HXMapCanvas::SetDocStateChanged() {
+    mDocStateChanged = true;
+}
+void HXMapCanvas::ResetDocState() {
+    mDocStateChanged = false;
+}

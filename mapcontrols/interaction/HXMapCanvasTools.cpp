@@ -1,14 +1,14 @@
 // HXMapCanvas as tool host: installing and removing map tools, cursors, and the small queries and
 // stores that tools reach through the tool-buddy interface.
+#include <QApplication>
+#include <QCursor>
+
 #include "HOCommandControl.h"
 #include "HOGeometry.h"
 #include "HOTool.h"
 #include "HXApplication.h"
 #include "HXMapCanvas.h"
 #include "private/HXModeView.h"
-
-#include <QApplication>
-#include <QCursor>
 
 using namespace HXObjects;
 
@@ -33,7 +33,9 @@ QString ThemeCursorImage(int shape) {
     }
 }
 
-bool IsThemeCursor(int shape) { return shape >= HOToolBuddy::ZoomInCursor && shape <= HOToolBuddy::IdentifyCursor; }
+bool IsThemeCursor(int shape) {
+    return shape >= HOToolBuddy::ZoomInCursor && shape <= HOToolBuddy::IdentifyCursor;
+}
 
 }  // namespace
 
@@ -82,7 +84,9 @@ void HXMapCanvas::setMapTool(HOTool* tool) {
     if (mCommandControl) mCommandControl->SetViewFocus(true);
 }
 
-HOTool* HXMapCanvas::getMapTool() const { return mMapTool; }
+HOTool* HXMapCanvas::getMapTool() const {
+    return mMapTool;
+}
 
 void HXMapCanvas::SetCursor(HOCursor shape) {
     QCursor cursor(Qt::ArrowCursor);
@@ -105,9 +109,13 @@ HOToolBuddy::HOKeyboardModifier HXMapCanvas::GetKeyboardModifiers() {
     return static_cast<HOKeyboardModifier>(static_cast<int>(QApplication::queryKeyboardModifiers()));
 }
 
-quintptr HXMapCanvas::GetMainWindowHandle() { return static_cast<quintptr>(winId()); }
+quintptr HXMapCanvas::GetMainWindowHandle() {
+    return static_cast<quintptr>(winId());
+}
 
-void HXMapCanvas::SetHOToolEnabled(HOTool* tool, bool enabled) { emit actionEnabled(tool, enabled); }
+void HXMapCanvas::SetHOToolEnabled(HOTool* tool, bool enabled) {
+    emit actionEnabled(tool, enabled);
+}
 
 void HXMapCanvas::DisplayLinePath(HORefPtr<HOGeometry> path, HOTool*, bool) {
     // The canvas has no path display; the reference taken for the call is dropped on return.
@@ -123,15 +131,39 @@ void HXMapCanvas::setCurrentLayer(HOLayer* layer) {
     emit currentLayerChanged(layer);
 }
 
-int HXMapCanvas::getImageLayerId() { return mImageLayerId; }
-void HXMapCanvas::setImageLayerId(int id) { mImageLayerId = id; }
-int HXMapCanvas::getMeasruePointLayerId() { return mMeasurePointLayerId; }
-void HXMapCanvas::setMeasurePointLayerId(int id) { mMeasurePointLayerId = id; }
-int HXMapCanvas::getTripleLineLayerId() { return mTripleLineLayerId; }
-void HXMapCanvas::setTripleLineLayerId(int id) { mTripleLineLayerId = id; }
-int HXMapCanvas::getNewPathOption_Polygon() { return mNewPathOptionPolygon; }
-void HXMapCanvas::setNewPathOption_Polygon(int option) { mNewPathOptionPolygon = option; }
-int HXMapCanvas::getNewPathOption_Line() { return mNewPathOptionLine; }
-void HXMapCanvas::setNewPathOption_Line(int option) { mNewPathOptionLine = option; }
-int HXMapCanvas::getNewPathOption_AddFeature() { return mNewPathOptionAddFeature; }
-void HXMapCanvas::setNewPathOption_AddFeature(int option) { mNewPathOptionAddFeature = option; }
+int HXMapCanvas::getImageLayerId() {
+    return mImageLayerId;
+}
+void HXMapCanvas::setImageLayerId(int id) {
+    mImageLayerId = id;
+}
+int HXMapCanvas::getMeasruePointLayerId() {
+    return mMeasurePointLayerId;
+}
+void HXMapCanvas::setMeasurePointLayerId(int id) {
+    mMeasurePointLayerId = id;
+}
+int HXMapCanvas::getTripleLineLayerId() {
+    return mTripleLineLayerId;
+}
+void HXMapCanvas::setTripleLineLayerId(int id) {
+    mTripleLineLayerId = id;
+}
+int HXMapCanvas::getNewPathOption_Polygon() {
+    return mNewPathOptionPolygon;
+}
+void HXMapCanvas::setNewPathOption_Polygon(int option) {
+    mNewPathOptionPolygon = option;
+}
+int HXMapCanvas::getNewPathOption_Line() {
+    return mNewPathOptionLine;
+}
+void HXMapCanvas::setNewPathOption_Line(int option) {
+    mNewPathOptionLine = option;
+}
+int HXMapCanvas::getNewPathOption_AddFeature() {
+    return mNewPathOptionAddFeature;
+}
+void HXMapCanvas::setNewPathOption_AddFeature(int option) {
+    mNewPathOptionAddFeature = option;
+}

@@ -2,11 +2,11 @@
 // HOInputRecordingView<View>: a map or page-layout view that records the input the canvas hands it
 // ("MouseDown 1 10 20", "KeyDown 1000012", "SetCurrentTool HXObjects::HOToolPan"), answers KeyDown
 // as told, and keeps the extent a test sets. Everything else is the real view's.
+#include <QStringList>
+
 #include "HOMapView.h"
 #include "HOPageLayoutView.h"
 #include "HOTool.h"
-
-#include <QStringList>
 
 template <class View>
 class HOInputRecordingView : public View {
@@ -42,7 +42,9 @@ protected:
     ~HOInputRecordingView() override = default;
 
 private:
-    void record(const char* what, int b, int x, int y) { calls << QString("%1 %2 %3 %4").arg(what).arg(b).arg(x).arg(y); }
+    void record(const char* what, int b, int x, int y) {
+        calls << QString("%1 %2 %3 %4").arg(what).arg(b).arg(x).arg(y);
+    }
 };
 
 using HOInputRecordingMapView = HOInputRecordingView<HXObjects::HOMapView>;

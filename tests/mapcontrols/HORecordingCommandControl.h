@@ -1,8 +1,8 @@
 #pragma once
 // HORecordingCommandControl: a host command line that records what the canvas tells it.
-#include "HOCommandControl.h"
-
 #include <QStringList>
+
+#include "HOCommandControl.h"
 
 class HORecordingCommandControl : public HXObjects::HOCommandControl {
 public:

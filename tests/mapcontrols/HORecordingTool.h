@@ -1,9 +1,9 @@
 #pragma once
 // HORecordingTool: a tool of any class name, optionally a one-shot command, that records the calls
 // the canvas makes of it. Register it in the command pool for the canvas to find it by name.
-#include "HOTool.h"
-
 #include <QStringList>
+
+#include "HOTool.h"
 
 class HORecordingTool : public HXObjects::HOTool {
 public:
@@ -27,7 +27,9 @@ public:
     }
     void ClearToolPaint() override { calls << "ClearToolPaint"; }
     void CancelPoint() override { calls << "CancelPoint"; }
-    void OnCommand(const HXObjects::HOString& command) override { calls << "OnCommand " + command.toQString(); }
+    void OnCommand(const HXObjects::HOString& command) override {
+        calls << "OnCommand " + command.toQString();
+    }
     bool AcceptsPointInput() override { return acceptsPoints; }
 
     bool acceptsPoints = true;

@@ -1,16 +1,16 @@
 // Input routing: which view gets each mouse and key event with which button code, the host signals
 // around the hand-over and their order, the middle-button cursor, the map position under the mouse,
 // and the canvas's own key bindings in each view mode.
+#include <QApplication>
+#include <QSignalSpy>
+#include <QtTest>
+
 #include "HOCMDPool.h"
 #include "HOMap.h"
 #include "HORecordingTool.h"
 #include "HOTestPrinters.h"
 #include "HOTrackCancel.h"
 #include "HXInputCanvas.h"
-
-#include <QApplication>
-#include <QSignalSpy>
-#include <QtTest>
 
 using namespace HXObjects;
 
@@ -37,8 +37,10 @@ void RecordSignals(HXInputCanvas& fixture) {
     QStringList* log = &fixture.viewCalls();
     HXMapCanvas* canvas = &fixture.canvas;
     auto point = [](QPoint p) { return QString("%1,%2").arg(p.x()).arg(p.y()); };
-    QObject::connect(canvas, &HXMapCanvas::sendLeftButtonClicked, [=](QPoint p) { *log << "clicked " + point(p); });
-    QObject::connect(canvas, &HXMapCanvas::sendLeftButtonRelease, [=](QPoint p) { *log << "released " + point(p); });
+    QObject::connect(canvas, &HXMapCanvas::sendLeftButtonClicked,
+                     [=](QPoint p) { *log << "clicked " + point(p); });
+    QObject::connect(canvas, &HXMapCanvas::sendLeftButtonRelease,
+                     [=](QPoint p) { *log << "released " + point(p); });
     QObject::connect(canvas, &HXMapCanvas::sendLeftButtonDoubleClicked,
                      [=](QPoint p) { *log << "double clicked " + point(p); });
     QObject::connect(canvas, &HXMapCanvas::mousePressed,
@@ -47,7 +49,8 @@ void RecordSignals(HXInputCanvas& fixture) {
     QObject::connect(canvas, &HXMapCanvas::keyReleased, [=](QKeyEvent*) { *log << "keyReleased"; });
 }
 
-bool SendKey(QWidget& widget, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers, bool autoRepeat = false) {
+bool SendKey(QWidget& widget, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers,
+             bool autoRepeat = false) {
     QKeyEvent event(type, key, modifiers, QString(), autoRepeat);
     QApplication::sendEvent(&widget, &event);
     return event.isAccepted();
@@ -111,21 +114,26 @@ void TestCanvasInput::buttons_data() {
                twice = QEvent::MouseButtonDblClick;
     QTest::newRow("left press") << map << press << Qt::LeftButton
                                 << QStringList{"clicked 10,20", "MouseDown 1 10 20", "mousePressed 1"};
-    QTest::newRow("right press") << map << press << Qt::RightButton << QStringList{"MouseDown 2 10 20", "mousePressed 1"};
-    QTest::newRow("middle press") << map << press << Qt::MiddleButton << QStringList{"MouseDown 3 10 20", "mousePressed 1"};
+    QTest::newRow("right press") << map << press << Qt::RightButton
+                                 << QStringList{"MouseDown 2 10 20", "mousePressed 1"};
+    QTest::newRow("middle press") << map << press << Qt::MiddleButton
+                                  << QStringList{"MouseDown 3 10 20", "mousePressed 1"};
     QTest::newRow("back button press") << map << press << Qt::BackButton << QStringList{"mousePressed 1"};
-    QTest::newRow("left press on a page") << page << press << Qt::LeftButton
-                                          << QStringList{"MouseDown 1 10 20", "mousePressed 1"};
-    QTest::newRow("left release") << map << release << Qt::LeftButton << QStringList{"released 10,20", "MouseUp 1 10 20"};
-    QTest::newRow("left release on a page") << page << release << Qt::LeftButton << QStringList{"MouseUp 1 10 20"};
+    QTest::newRow("left press on a page")
+        << page << press << Qt::LeftButton << QStringList{"MouseDown 1 10 20", "mousePressed 1"};
+    QTest::newRow("left release") << map << release << Qt::LeftButton
+                                  << QStringList{"released 10,20", "MouseUp 1 10 20"};
+    QTest::newRow("left release on a page")
+        << page << release << Qt::LeftButton << QStringList{"MouseUp 1 10 20"};
     QTest::newRow("right release") << map << release << Qt::RightButton << QStringList{"MouseUp 2 10 20"};
     QTest::newRow("middle release") << map << release << Qt::MiddleButton << QStringList{"MouseUp 3 10 20"};
     QTest::newRow("left double click")
-        << map << twice << Qt::LeftButton << QStringList{"double clicked 10,20", "DoubleClick 1 10 20", "mousePressed 2"};
+        << map << twice << Qt::LeftButton
+        << QStringList{"double clicked 10,20", "DoubleClick 1 10 20", "mousePressed 2"};
     QTest::newRow("left double click on a page")
         << page << twice << Qt::LeftButton << QStringList{"DoubleClick 1 10 20", "mousePressed 2"};
-    QTest::newRow("right double click") << map << twice << Qt::RightButton
-                                        << QStringList{"DoubleClick 2 10 20", "mousePressed 2"};
+    QTest::newRow("right double click")
+        << map << twice << Qt::RightButton << QStringList{"DoubleClick 2 10 20", "mousePressed 2"};
     QTest::newRow("middle double click") << map << twice << Qt::MiddleButton << QStringList{"mousePressed 2"};
 }
 
@@ -136,8 +144,8 @@ void TestCanvasInput::buttons() {
     QFETCH(QStringList, calls);
     HXInputCanvas fixture(mode);
     RecordSignals(fixture);
-    Send(fixture.canvas, type, button, type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::MouseButtons(button),
-         QPoint(10, 20));
+    Send(fixture.canvas, type, button,
+         type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::MouseButtons(button), QPoint(10, 20));
     QCOMPARE(fixture.viewCalls(), calls);
     QApplication::restoreOverrideCursor();
 }
@@ -160,11 +168,13 @@ void TestCanvasInput::moveButtonCodes() {
     QFETCH(bool, middlePressedBefore);
     QFETCH(int, code);
     HXInputCanvas fixture(HXMapCanvas::MapViewMode);
-    if (middlePressedBefore) Send(fixture.canvas, QEvent::MouseButtonPress, Qt::MiddleButton, Qt::MiddleButton, {});
+    if (middlePressedBefore)
+        Send(fixture.canvas, QEvent::MouseButtonPress, Qt::MiddleButton, Qt::MiddleButton, {});
     fixture.map->calls.clear();
     Send(fixture.canvas, QEvent::MouseMove, Qt::NoButton, Qt::MouseButtons(held), QPoint(7, 8));
     QCOMPARE(fixture.map->calls, QStringList{QString("MouseMove %1 7 8").arg(code)});
-    if (middlePressedBefore) Send(fixture.canvas, QEvent::MouseButtonRelease, Qt::MiddleButton, Qt::NoButton, {});
+    if (middlePressedBefore)
+        Send(fixture.canvas, QEvent::MouseButtonRelease, Qt::MiddleButton, Qt::NoButton, {});
 }
 
 void TestCanvasInput::middleButtonCursor() {
@@ -223,7 +233,8 @@ void TestCanvasInput::coordinatesOverPage_data() {
     // x 50..150, both y -100..0; frame 1 is listed last. A frame's pixels start at its left edge.
     QTest::newRow("empty paper") << QPoint(300, 50) << QPointF(300, 50) << -1;
     QTest::newRow("first frame only") << QPoint(20, 50) << QPointF(20 + 100, -50) << 0;
-    QTest::newRow("overlap, last listed wins") << QPoint(70, 50) << QPointF((70 - 50) * 3 + 200, -50 * 3) << 1;
+    QTest::newRow("overlap, last listed wins")
+        << QPoint(70, 50) << QPointF((70 - 50) * 3 + 200, -50 * 3) << 1;
 }
 
 void TestCanvasInput::coordinatesOverPage() {
@@ -259,38 +270,41 @@ void TestCanvasInput::keyPress_data() {
     QTest::addColumn<int>("key");
     QTest::addColumn<int>("modifiers");
     QTest::addColumn<bool>("viewUsesKey");
-    QTest::addColumn<HORect>("extent");       // of the map view afterwards
+    QTest::addColumn<HORect>("extent");        // of the map view afterwards
     QTest::addColumn<QPointF>("elementMove");  // of the selected page element
-    QTest::addColumn<QString>("tool");        // installed afterwards
+    QTest::addColumn<QString>("tool");         // installed afterwards
     QTest::addColumn<QStringList>("viewCalls");
     const auto map = HXMapCanvas::MapViewMode, page = HXMapCanvas::PageLayoutMode;
     const HORect start(0, 400, 0, 200);
     const QStringList none;
-    QTest::newRow("left pans by a quarter") << map << int(Qt::Key_Left) << 0 << true << HORect(-100, 300, 0, 200)
-                                            << QPointF() << "" << none;
-    QTest::newRow("up") << map << int(Qt::Key_Up) << 0 << true << HORect(0, 400, 50, 250) << QPointF() << "" << none;
+    QTest::newRow("left pans by a quarter")
+        << map << int(Qt::Key_Left) << 0 << true << HORect(-100, 300, 0, 200) << QPointF() << "" << none;
+    QTest::newRow("up") << map << int(Qt::Key_Up) << 0 << true << HORect(0, 400, 50, 250) << QPointF() << ""
+                        << none;
     QTest::newRow("right, whatever the modifiers")
-        << map << int(Qt::Key_Right) << int(Qt::ShiftModifier | Qt::AltModifier) << true << HORect(100, 500, 0, 200)
-        << QPointF() << "" << none;
-    QTest::newRow("down") << map << int(Qt::Key_Down) << 0 << false << HORect(0, 400, -50, 150) << QPointF() << ""
-                          << none;
+        << map << int(Qt::Key_Right) << int(Qt::ShiftModifier | Qt::AltModifier) << true
+        << HORect(100, 500, 0, 200) << QPointF() << "" << none;
+    QTest::newRow("down") << map << int(Qt::Key_Down) << 0 << false << HORect(0, 400, -50, 150) << QPointF()
+                          << "" << none;
     QTest::newRow("left on a page moves elements")
         << page << int(Qt::Key_Left) << 0 << true << start << QPointF(-1, 0) << "" << none;
-    QTest::newRow("up on a page") << page << int(Qt::Key_Up) << 0 << true << start << QPointF(0, 1) << "" << none;
+    QTest::newRow("up on a page") << page << int(Qt::Key_Up) << 0 << true << start << QPointF(0, 1) << ""
+                                  << none;
     QTest::newRow("down on a page") << page << int(Qt::Key_Down) << 0 << true << start << QPointF(0, -1) << ""
                                     << none;
-    QTest::newRow("page up zooms in") << map << int(Qt::Key_PageUp) << 0 << true << start << QPointF() << ""
-                                      << QStringList{"ZoomIn"};
-    QTest::newRow("page down on a page") << page << int(Qt::Key_PageDown) << 0 << true << start << QPointF() << ""
-                                         << QStringList{"ZoomOut"};
+    QTest::newRow("page up zooms in")
+        << map << int(Qt::Key_PageUp) << 0 << true << start << QPointF() << "" << QStringList{"ZoomIn"};
+    QTest::newRow("page down on a page")
+        << page << int(Qt::Key_PageDown) << 0 << true << start << QPointF() << "" << QStringList{"ZoomOut"};
     QTest::newRow("delete installs element deletion")
         << map << int(Qt::Key_Delete) << 0 << true << start << QPointF() << "HXObjects::HOToolDeleteElement"
-        << QStringList{"SetCurrentTool HXObjects::HOToolDeleteFeature", "SetCurrentTool HXObjects::HOToolDeleteElement"};
-    QTest::newRow("delete the view used") << map << int(Qt::Key_Delete) << 0 << false << start << QPointF() << ""
-                                          << none;
-    QTest::newRow("delete on a page") << page << int(Qt::Key_Delete) << 0 << true << start << QPointF()
-                                      << "HXObjects::HOCmdDeleteElement"
-                                      << QStringList{"SetCurrentTool HXObjects::HOCmdDeleteElement"};
+        << QStringList{"SetCurrentTool HXObjects::HOToolDeleteFeature",
+                       "SetCurrentTool HXObjects::HOToolDeleteElement"};
+    QTest::newRow("delete the view used")
+        << map << int(Qt::Key_Delete) << 0 << false << start << QPointF() << "" << none;
+    QTest::newRow("delete on a page")
+        << page << int(Qt::Key_Delete) << 0 << true << start << QPointF() << "HXObjects::HOCmdDeleteElement"
+        << QStringList{"SetCurrentTool HXObjects::HOCmdDeleteElement"};
     QTest::newRow("space") << map << int(Qt::Key_Space) << 0 << true << start << QPointF() << "" << none;
 }
 
@@ -325,8 +339,8 @@ void TestCanvasInput::keysWhileButtonHeld() {
     fixture.map->calls.clear();
     for (int key : {int(Qt::Key_Left), int(Qt::Key_Delete), int(Qt::Key_PageUp)})
         QVERIFY(SendKey(fixture.canvas, QEvent::KeyPress, key, Qt::NoModifier));
-    QCOMPARE(fixture.map->calls, (QStringList{"KeyDown 1000012", "keyPressed", "KeyDown 1000007", "keyPressed",
-                                              "KeyDown 1000016", "keyPressed"}));
+    QCOMPARE(fixture.map->calls, (QStringList{"KeyDown 1000012", "keyPressed", "KeyDown 1000007",
+                                              "keyPressed", "KeyDown 1000016", "keyPressed"}));
     QCOMPARE(fixture.map->extent, HORect(0, 400, 0, 200));
     QVERIFY(!fixture.canvas.getMapTool());
     // Any release ends the hold.
@@ -343,12 +357,15 @@ void TestCanvasInput::keyRelease_data() {
     const auto map = HXMapCanvas::MapViewMode, page = HXMapCanvas::PageLayoutMode;
     const int control = Qt::ControlModifier;
     QTest::newRow("control C") << map << int(Qt::Key_C) << control << "HXObjects::HOToolCopyElement";
-    QTest::newRow("control C on a page") << page << int(Qt::Key_C) << control << "HXObjects::HOCmdCopyElement";
+    QTest::newRow("control C on a page")
+        << page << int(Qt::Key_C) << control << "HXObjects::HOCmdCopyElement";
     QTest::newRow("control shift C") << map << int(Qt::Key_C) << int(control | Qt::ShiftModifier) << "";
-    QTest::newRow("control C from the keypad") << map << int(Qt::Key_C) << int(control | Qt::KeypadModifier) << "";
+    QTest::newRow("control C from the keypad")
+        << map << int(Qt::Key_C) << int(control | Qt::KeypadModifier) << "";
     QTest::newRow("C alone") << map << int(Qt::Key_C) << 0 << "";
     QTest::newRow("control V") << map << int(Qt::Key_V) << control << "HXObjects::HOToolPasteElement";
-    QTest::newRow("control V on a page") << page << int(Qt::Key_V) << control << "HXObjects::HOCmdPasteElement";
+    QTest::newRow("control V on a page")
+        << page << int(Qt::Key_V) << control << "HXObjects::HOCmdPasteElement";
     QTest::newRow("control alt V") << page << int(Qt::Key_V) << int(control | Qt::AltModifier) << "";
     QTest::newRow("control X") << map << int(Qt::Key_X) << control << "HXObjects::HOToolCutElement";
     QTest::newRow("control X on a page") << page << int(Qt::Key_X) << control << "";

@@ -1,10 +1,5 @@
 // What a tool says through the canvas: tips beside the mouse, notices across the map, the host's
 // command line, and the file prompts with their remembered directory.
-#include "HORecordingCommandControl.h"
-#include "HXMapCanvas.h"
-#include "HXMapWidget.h"
-#include "HXTooltip.h"
-
 #include <QApplication>
 #include <QFileDialog>
 #include <QSettings>
@@ -13,6 +8,11 @@
 #include <QTimer>
 #include <QtTest>
 #include <functional>
+
+#include "HORecordingCommandControl.h"
+#include "HXMapCanvas.h"
+#include "HXMapWidget.h"
+#include "HXTooltip.h"
 
 using namespace HXObjects;
 
@@ -117,7 +117,8 @@ void TestCanvasNotices::noticeRunsAcrossTheMap() {
     QCOMPARE(item->color, QColor(0, 0, 255, 255));
     QCOMPARE(item->x, 0);
     for (const HXNoticeItem* notice : widget->mNotices) {
-        QVERIFY2(notice->fraction >= 0.1 && notice->fraction <= 0.496 + 1e-12, qPrintable(QString::number(notice->fraction)));
+        QVERIFY2(notice->fraction >= 0.1 && notice->fraction <= 0.496 + 1e-12,
+                 qPrintable(QString::number(notice->fraction)));
         // (r mod 100) / 100 * 0.4 + 0.1 takes 100 values 0.004 apart.
         const double steps = (notice->fraction - 0.1) / 0.004;
         QVERIFY(qAbs(steps - qRound(steps)) < 1e-6);
@@ -127,10 +128,14 @@ void TestCanvasNotices::noticeRunsAcrossTheMap() {
 void TestCanvasNotices::commandLine_data() {
     QTest::addColumn<QString>("operation");
     QTest::addColumn<QString>("call");
-    QTest::newRow("notice") << "AddNoticeInfo" << "AddNotice Specify the next point";
-    QTest::newRow("edit text") << "SetCmdEditInfo" << "SetEditInfo Specify the next point";
-    QTest::newRow("show view") << "ShowCommandView" << "ShowView Specify the next point 1";
-    QTest::newRow("focus") << "SetCommandViewFocus" << "SetViewFocus 1";
+    QTest::newRow("notice") << "AddNoticeInfo"
+                            << "AddNotice Specify the next point";
+    QTest::newRow("edit text") << "SetCmdEditInfo"
+                               << "SetEditInfo Specify the next point";
+    QTest::newRow("show view") << "ShowCommandView"
+                               << "ShowView Specify the next point 1";
+    QTest::newRow("focus") << "SetCommandViewFocus"
+                           << "SetViewFocus 1";
 }
 
 void TestCanvasNotices::commandLine() {
@@ -157,10 +162,14 @@ void TestCanvasNotices::singleFilePrompt_data() {
     QTest::addColumn<QString>("dirArgument");
     QTest::addColumn<bool>("opensAtRemembered");
     QTest::addColumn<QStringList>("choice");
-    QTest::newRow("remembered directory") << "directory" << "/elsewhere" << true << QStringList{"a.shp"};
-    QTest::newRow("empty dir argument starts at the default") << "directory" << "" << false << QStringList{"a.shp"};
-    QTest::newRow("database connection entry") << "HXSDE30_conn" << "/elsewhere" << false << QStringList{"b.shp"};
-    QTest::newRow("remembered, then cancelled") << "directory" << "/elsewhere" << true << QStringList{};
+    QTest::newRow("remembered directory") << "directory"
+                                          << "/elsewhere" << true << QStringList{"a.shp"};
+    QTest::newRow("empty dir argument starts at the default") << "directory"
+                                                              << "" << false << QStringList{"a.shp"};
+    QTest::newRow("database connection entry") << "HXSDE30_conn"
+                                               << "/elsewhere" << false << QStringList{"b.shp"};
+    QTest::newRow("remembered, then cancelled") << "directory"
+                                                << "/elsewhere" << true << QStringList{};
 }
 
 void TestCanvasNotices::singleFilePrompt() {
@@ -186,7 +195,8 @@ void TestCanvasNotices::singleFilePrompt() {
     QCOMPARE(answer.shownDirectory == rememberedDir, opensAtRemembered);
     const QString expectedPath = choice.isEmpty() ? QString() : QDir(chosenDir).filePath(choice.first());
     QCOMPARE(path.toQString(), expectedPath);
-    const QString stored = QSettings(settingsFile(), QSettings::IniFormat).value("history/lastOpenFilePath").toString();
+    const QString stored =
+        QSettings(settingsFile(), QSettings::IniFormat).value("history/lastOpenFilePath").toString();
     QCOMPARE(stored, choice.isEmpty() ? rememberedValue : chosenDir);
 }
 
@@ -205,8 +215,7 @@ void TestCanvasNotices::multiFilePrompt() {
     FileDialogAnswer answer(dataDir(), choice);
     const std::vector<HOString> paths = canvas.getOpenFileNames("Open", "/elsewhere", "All (*)");
     QCOMPARE(int(paths.size()), choice.size());
-    for (int i = 0; i < choice.size(); ++i)
-        QCOMPARE(QFileInfo(paths[i].toQString()).fileName(), choice[i]);
+    for (int i = 0; i < choice.size(); ++i) QCOMPARE(QFileInfo(paths[i].toQString()).fileName(), choice[i]);
     // The start directory is written back, not the directory of the chosen files.
     QSettings settings(settingsFile(), QSettings::IniFormat);
     QCOMPARE(settings.value("history/lastOpenFilePath").toString(), start);
@@ -215,7 +224,8 @@ void TestCanvasNotices::multiFilePrompt() {
 
 void TestCanvasNotices::charsetAndDocumentState() {
     HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
-    QCOMPARE(canvas.GetCharsetEncoding().toQString(), QString::fromLatin1(QTextCodec::codecForLocale()->name()));
+    QCOMPARE(canvas.GetCharsetEncoding().toQString(),
+             QString::fromLatin1(QTextCodec::codecForLocale()->name()));
     QVERIFY(!canvas.DocStateChanged());
     canvas.SetDocStateChanged();
     QVERIFY(canvas.DocStateChanged());

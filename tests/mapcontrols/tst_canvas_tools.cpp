@@ -1,15 +1,15 @@
 // The canvas as tool host: installing, reinstalling and removing tools in each view mode, the
 // digitising flags, the cursor table, and the queries tools make of their buddy.
+#include <QAction>
+#include <QBitmap>
+#include <QSignalSpy>
+#include <QtTest>
+
 #include "HOCMDPool.h"
 #include "HOMap.h"
 #include "HORecordingCommandControl.h"
 #include "HORecordingTool.h"
 #include "HXInputCanvas.h"
-
-#include <QAction>
-#include <QBitmap>
-#include <QSignalSpy>
-#include <QtTest>
 
 using namespace HXObjects;
 
@@ -108,9 +108,11 @@ void TestCanvasTools::removal_data() {
     QTest::addColumn<bool>("activeBefore");
     QTest::addColumn<bool>("removed");
     QTest::addColumn<QStringList>("toolCallsAfterRemoval");
-    QTest::newRow("map view, active tool") << HXMapCanvas::MapViewMode << true << true << QStringList{"Deactivate"};
+    QTest::newRow("map view, active tool")
+        << HXMapCanvas::MapViewMode << true << true << QStringList{"Deactivate"};
     QTest::newRow("map view, inactive tool") << HXMapCanvas::MapViewMode << false << true << QStringList{};
-    QTest::newRow("page layout keeps its tool") << HXMapCanvas::PageLayoutMode << true << false << QStringList{};
+    QTest::newRow("page layout keeps its tool")
+        << HXMapCanvas::PageLayoutMode << true << false << QStringList{};
 }
 
 void TestCanvasTools::removal() {
@@ -183,15 +185,18 @@ void TestCanvasTools::digitisingFlags_data() {
     // changes shows which flags the installed tools left set.
     QTest::addColumn<QStringList>("tools");
     QTest::addColumn<QString>("options");
-    QTest::newRow("polygon") << QStringList{"HXObjects::HOCmdDigitizePolygon"} << "polygon 5 line -1 feature -1";
+    QTest::newRow("polygon") << QStringList{"HXObjects::HOCmdDigitizePolygon"}
+                             << "polygon 5 line -1 feature -1";
     QTest::newRow("line") << QStringList{"HXObjects::HOCmdDigitizeLine"} << "polygon -1 line 5 feature -1";
     QTest::newRow("line then add feature")
-        << QStringList{"HXObjects::HOCmdDigitizeLine", "HXObjects::HOToolAddFeature"} << "polygon -1 line 5 feature -1";
+        << QStringList{"HXObjects::HOCmdDigitizeLine", "HXObjects::HOToolAddFeature"}
+        << "polygon -1 line 5 feature -1";
     QTest::newRow("polygon then line keeps polygon")
         << QStringList{"HXObjects::HOCmdDigitizePolygon", "HXObjects::HOCmdDigitizeLine"}
         << "polygon 5 line -1 feature -1";
     QTest::newRow("pan clears them all")
-        << QStringList{"HXObjects::HOCmdDigitizePolygon", "HXObjects::HOCmdDigitizeLine", "HXObjects::HOToolPan"}
+        << QStringList{"HXObjects::HOCmdDigitizePolygon", "HXObjects::HOCmdDigitizeLine",
+                       "HXObjects::HOToolPan"}
         << "polygon -1 line -1 feature -1";
     QTest::newRow("control point clears none")
         << QStringList{"HXObjects::HOCmdDigitizeLine", "HXObjects::HOToolAddControlPoint"}
@@ -214,7 +219,8 @@ void TestCanvasTools::digitisingFlags() {
     fixture.canvas.StartNewPath(&action);
     QCOMPARE(NewPathOptions(fixture.canvas), options);
     // Only the add-feature tool is told to start its path.
-    QCOMPARE(kept.back()->calls.contains("OnCommand new path"), tools.last() == "HXObjects::HOToolAddFeature");
+    QCOMPARE(kept.back()->calls.contains("OnCommand new path"),
+             tools.last() == "HXObjects::HOToolAddFeature");
 }
 
 void TestCanvasTools::cursorTable_data() {

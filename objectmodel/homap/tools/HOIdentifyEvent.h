@@ -1,11 +1,11 @@
 #pragma once
 // HOIdentifyEvent: what the identify tool found under a click — the layer, the feature and its
 // attributes as text. A click on nothing fires it with feature id -1, no layer and no attributes.
+#include <vector>
+
 #include "HOEvent.h"
 #include "HOFeature.h"
 #include "HOPoint.h"
-
-#include <vector>
 
 namespace HXObjects {
 

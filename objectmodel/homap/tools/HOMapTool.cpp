@@ -2,7 +2,9 @@
 
 namespace HXObjects {
 
-HOMapView* HOMapTool::MapView() const { return dynamic_cast<HOMapView*>(GetView()); }
+HOMapView* HOMapTool::MapView() const {
+    return dynamic_cast<HOMapView*>(GetView());
+}
 
 HOPoint HOMapTool::ToMap(double x, double y) const {
     HOMapView* view = MapView();

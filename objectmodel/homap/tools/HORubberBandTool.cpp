@@ -11,7 +11,9 @@ void HORubberBandTool::Deactivate() {
     HOMapTool::Deactivate();
 }
 
-void HORubberBandTool::ClearToolPaint() { setBand(HORect()); }
+void HORubberBandTool::ClearToolPaint() {
+    setBand(HORect());
+}
 
 void HORubberBandTool::OnMouseDown(int button, int x, int y) {
     if (button != 1 || !MapView()) return;

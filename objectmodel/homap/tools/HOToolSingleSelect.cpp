@@ -1,11 +1,11 @@
 #include "HOToolSingleSelect.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "HOCoordinateSystem.h"
 #include "HOFeatureLayer.h"
 #include "HOMap.h"
-
-#include <algorithm>
-#include <iterator>
 
 namespace HXObjects {
 

@@ -3,9 +3,9 @@
 // the mouse and the topmost graphic element there; a dragged box selects every feature of the
 // visible feature layers that meets it. Shift adds to the selection, control toggles. The number
 // of selected features is left in HOTool::selectFeatureNum.
-#include "HORubberBandTool.h"
-
 #include <vector>
+
+#include "HORubberBandTool.h"
 
 namespace HXObjects {
 
@@ -19,7 +19,8 @@ public:
 
     enum Mode { Replace, Add, Toggle };
     // The new selection of one layer from the ids selected before and the ids just picked.
-    static std::vector<int> Combine(const std::vector<int>& before, const std::vector<int>& picked, Mode mode);
+    static std::vector<int> Combine(const std::vector<int>& before, const std::vector<int>& picked,
+                                    Mode mode);
 
     // Search radius around a click, pixels.
     static constexpr double kTolerancePixels = 3.0;

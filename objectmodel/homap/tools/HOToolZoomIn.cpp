@@ -7,8 +7,12 @@ void HOToolZoomIn::Activate() {
     ShowCursor(HOToolBuddy::ZoomInCursor);
 }
 
-void HOToolZoomIn::OnClick(const HOPoint& point) { MapView()->ZoomByFactor(0.5, &point); }
+void HOToolZoomIn::OnClick(const HOPoint& point) {
+    MapView()->ZoomByFactor(0.5, &point);
+}
 
-void HOToolZoomIn::OnBox(const HORect& box) { MapView()->SetExtent(box); }
+void HOToolZoomIn::OnBox(const HORect& box) {
+    MapView()->SetExtent(box);
+}
 
 }  // namespace HXObjects

@@ -16,7 +16,9 @@ HORect HOToolZoomOut::ExtentShowingIn(const HORect& current, const HORect& box) 
     return HORect(minx, minx + fx * current.Width(), miny, miny + fy * current.Height());
 }
 
-void HOToolZoomOut::OnClick(const HOPoint& point) { MapView()->ZoomByFactor(2.0, &point); }
+void HOToolZoomOut::OnClick(const HOPoint& point) {
+    MapView()->ZoomByFactor(2.0, &point);
+}
 
 void HOToolZoomOut::OnBox(const HORect& box) {
     HOMapView* view = MapView();
