@@ -67,8 +67,9 @@ std::vector<HORefPtr<HOElement>> HOGraphicsLayer::GetElements() const {
 std::vector<HORefPtr<HOElement>> HOGraphicsLayer::LocateElements(const HOPoint& point, double tolerance,
                                                                   HODisplay* display) const {
     const double unitsPerPixel = display ? display->GetDisplayTransform().unitsPerPixel : 0.0;
+    const std::vector<HORefPtr<HOElement>> elements = GetElements();
     std::vector<HORefPtr<HOElement>> found;
-    for (auto it = m_elements.rbegin(); it != m_elements.rend(); ++it) {
+    for (auto it = elements.rbegin(); it != elements.rend(); ++it) {
         const HORefPtr<HOGeometry> geometry = (*it)->GetGeometry();
         if (!geometry) continue;
         // A marker is hit anywhere on its symbol, which the display gives the size of.

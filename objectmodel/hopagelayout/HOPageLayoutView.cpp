@@ -9,7 +9,9 @@
 #include "HOViewport.h"
 
 #include <QPainter>
+#include <QThread>
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 
 namespace HXObjects {
@@ -63,6 +65,11 @@ public:
     QPoint panStart;
     HOPoint panCentre;
     std::vector<HORefPtr<HOMapView>> forwarded;  // map views whose redraws become the page's
+
+    std::atomic<bool> redrawQueued{false};
+    // Lives on the thread that made the page (whose event loop delivers map redraws); destroyed first,
+    // which drops a redraw still queued.
+    QObject relay;
 };
 
 HOPageLayoutView::Private::Private(HOPageLayoutView* view) : q(view), dpi(HOMapScale::ScreenDpi()) {
@@ -133,9 +140,21 @@ void HOPageLayoutView::Private::stopForwarding(HOMapView* view) {
     HOUnbindMember(kept->RedrawSignal, this, &Private::onMapRedraw);
 }
 
-void HOPageLayoutView::Private::onMapRedraw(void*, HOEvent* event) {
-    HOEvent own;
-    q->RedrawSignal.fire(q, event ? event : &own);
+void HOPageLayoutView::Private::onMapRedraw(void*, HOEvent*) {
+    // The page and its elements are edited on their own thread; drawing them there too keeps a map's
+    // render thread away from them. Redraws asked for meanwhile are one redraw.
+    if (QThread::currentThread() == relay.thread()) {
+        fireRedraw();
+        return;
+    }
+    if (redrawQueued.exchange(true)) return;
+    QMetaObject::invokeMethod(
+        &relay,
+        [this] {
+            redrawQueued = false;
+            fireRedraw();
+        },
+        Qt::QueuedConnection);
 }
 
 void HOPageLayoutView::Private::fireRedraw() {

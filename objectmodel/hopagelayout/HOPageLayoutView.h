@@ -1,6 +1,8 @@
 #pragma once
 // HOPageLayoutView: a print page holding elements, among them data frames that each show a map view.
 // The operating data frame is the one being worked on; its map view is the layout's focus map.
+// Page coordinates are millimetres from the page's bottom-left corner, y upwards. RedrawSignal fires
+// on the thread that created the layout (a data frame's map redraws arrive through its event loop).
 #include "HOGraphicsContainer.h"
 #include "HORefPtr.h"
 #include "HOView.h"

@@ -208,6 +208,11 @@ void tst_PageLayoutView::drawToDrawsDeskPageAndMap() {
     const auto view = mapViewOf(map);
     layout->SwitchToLayoutView(view);
     QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), 5000);
+    // A map picture finished on its render thread is announced on ours.
+    HOSignalCounter redraws(layout->RedrawSignal);
+    view->RefreshMap(false, HORect());
+    QTRY_VERIFY_WITH_TIMEOUT(redraws.count > 0 && !view->IsRendering(), 5000);
+    QVERIFY(!redraws.offThread);
 
     HORefPtr<HOGraphics> surface(new HOGraphics);
     surface->SetSize(800, 600);
