@@ -13,7 +13,7 @@ namespace {
 HORefPtr<HOStyle> styleFor(const QString& name) {
     if (name == "land") return HOStyle::NewFill(HOColor(233, 229, 205, 200), HOColor(150, 140, 110), 1.0);
     if (name == "lakes") return HOStyle::NewFill(HOColor(150, 195, 235), HOColor(90, 140, 200), 0.8);
-    if (name == "landuse") return HOStyle::NewFill(HOColor(120, 175, 100, 90), HOColor(110, 150, 90, 120), 0.5);
+    if (name == "landuse") return HOStyle::NewFill(HOColor(120, 175, 100, 90), HOColor(110, 150, 90, 40), 0.5);
     if (name == "rivers") return HOStyle::NewLine(1.4, HOColor(70, 130, 210));
     if (name == "roads") return HOStyle::NewLine(1.6, HOColor(205, 75, 55));
     if (name == "towns") {

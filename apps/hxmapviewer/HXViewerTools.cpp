@@ -1,12 +1,14 @@
 #include "HXViewerTools.h"
 
+#include <QCoreApplication>
+
 const QVector<HXViewerTool>& HXViewerTools::all() {
     static const QVector<HXViewerTool> tools = {
-        {"pan", "HXObjects::HOToolPan", QObject::tr("Pan"), "", "P"},
-        {"zoomin", "HXObjects::HOToolZoomIn", QObject::tr("Zoom in"), "zoom-in.png", "Z"},
-        {"zoomout", "HXObjects::HOToolZoomOut", QObject::tr("Zoom out"), "zoom-out.png", "X"},
-        {"select", "HXObjects::HOToolSingleSelect", QObject::tr("Select"), "", "S"},
-        {"identify", "HXObjects::HOToolIdentify", QObject::tr("Identify"), "Identify.png", "I"},
+        {"pan", "HXObjects::HOToolPan", QCoreApplication::translate("HXViewerTools", "Pan"), "", "P"},
+        {"zoomin", "HXObjects::HOToolZoomIn", QCoreApplication::translate("HXViewerTools", "Zoom in"), "zoom-in.png", "Z"},
+        {"zoomout", "HXObjects::HOToolZoomOut", QCoreApplication::translate("HXViewerTools", "Zoom out"), "zoom-out.png", "X"},
+        {"select", "HXObjects::HOToolSingleSelect", QCoreApplication::translate("HXViewerTools", "Select"), "", "S"},
+        {"identify", "HXObjects::HOToolIdentify", QCoreApplication::translate("HXViewerTools", "Identify"), "Identify.png", "I"},
     };
     return tools;
 }

@@ -58,6 +58,10 @@ HXViewerWindow::HXViewerWindow(QWidget* parent) : QMainWindow(parent) {
     addDockWidget(Qt::LeftDockWidgetArea, mLayers);
     addDockWidget(Qt::RightDockWidgetArea, mIdentify);
     addDockWidget(Qt::BottomDockWidgetArea, mCommand);
+    // The map gets the room: a slim command line, and identify results only once there are some.
+    resizeDocks({mLayers}, {200}, Qt::Horizontal);
+    resizeDocks({mCommand}, {90}, Qt::Vertical);
+    mIdentify->hide();
     mCanvas->SetCommandControl(mCommand);
 
     if (HOMapView* view = mCanvas->GetMapView()) {
@@ -173,7 +177,10 @@ bool HXViewerWindow::openSource(const QString& source) {
         return false;
     }
     HXLayerStyler::style(layer);
-    mCanvas->GetMapView()->GetMap()->AddLayer(layer);
+    HOMap* map = mCanvas->GetMapView()->GetMap();
+    map->AddLayer(layer);
+    // Images go under the vector data, whatever order the files came in.
+    if (layer->GetLayerType() == HOLayer::RasterLayer) map->MoveLayer(layer, 0);
     return true;
 }
 

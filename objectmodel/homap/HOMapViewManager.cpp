@@ -1,5 +1,7 @@
 #include "HOMapViewManager.h"
 
+#include "HOMap.h"
+
 #include "HOMapView.h"
 
 #include <algorithm>
@@ -34,6 +36,9 @@ HOMapView* HOMapViewManager::addView(const HOString& name) {
     const auto it = m_groups.find(m_currentGroup);
     if (it == m_groups.end()) return nullptr;
     HORefPtr<HOMapView> view(new HOMapView(name));
+    // A new view shows an empty map, so a host can add layers to it at once.
+    HORefPtr<HOMap> map(new HOMap());
+    view->SetMap(map);
     it->second.views.push_back(view);
     if (!it->second.active) it->second.active = view.get();
     return view.get();
