@@ -9,6 +9,7 @@
 #include "HOMap.h"
 #include "HORecordingCommandControl.h"
 #include "HORecordingTool.h"
+#include "HOTestPrinters.h"
 #include "HXInputCanvas.h"
 
 using namespace HXObjects;
@@ -53,6 +54,8 @@ private slots:
     void keyboardModifiers_data();
     void keyboardModifiers();
     void buddyNotifications();
+    void builtInToolsOnAPage_data();
+    void builtInToolsOnAPage();
 };
 
 void TestCanvasTools::initTestCase() {
@@ -298,6 +301,31 @@ void TestCanvasTools::buddyNotifications() {
     tool->calls.clear();
     canvas.clearToolpaint();
     QCOMPARE(tool->calls, QStringList{"ClearToolPaint"});
+}
+
+void TestCanvasTools::builtInToolsOnAPage_data() {
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"HXObjects::HOToolPan", "HXObjects::HOToolZoomIn", "HXObjects::HOToolZoomOut",
+                             "HXObjects::HOToolSingleSelect", "HXObjects::HOToolIdentify"})
+        QTest::newRow(name) << name;
+}
+
+void TestCanvasTools::builtInToolsOnAPage() {
+    // The built-in tools work on map views; on the page itself a drag changes nothing.
+    QFETCH(QString, name);
+    HXMapCanvas canvas(HXMapCanvas::PageLayoutMode, nullptr);
+    canvas.resize(400, 300);
+    HOView* page = canvas.GetPageLayoutView();
+    canvas.setMapTool(HOString(name));
+    QCOMPARE(canvas.getMapTool()->GetClassName().toQString(), name);
+    const HORect extent = page->GetExtent();
+    QTest::mousePress(&canvas, Qt::LeftButton, {}, QPoint(20, 20));
+    QTest::mouseMove(&canvas, QPoint(200, 150));
+    QTest::mouseRelease(&canvas, Qt::LeftButton, {}, QPoint(200, 150));
+    QCOMPARE(page->GetExtent(), extent);
+    canvas.setMapTool(HOString("HXTest::NotInThePool"));
+    page->SetCurrentTool(nullptr);
+    QVERIFY(!canvas.GetPageLayoutView()->GetCurrentTool());
 }
 
 QTEST_MAIN(TestCanvasTools)

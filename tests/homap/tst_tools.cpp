@@ -1,0 +1,128 @@
+// The command pool and the built-in tools on their own: registration by class name, the zoom-out
+// box geometry and the selection modes.
+#include <QtTest>
+
+#include "HOCMDPool.h"
+#include "HOTestPrinters.h"
+#include "HOToolSingleSelect.h"
+#include "HOToolZoomOut.h"
+
+using namespace HXObjects;
+
+Q_DECLARE_METATYPE(std::vector<int>)
+Q_DECLARE_METATYPE(HOToolSingleSelect::Mode)
+
+namespace {
+
+class NamedTool : public HOTool {
+public:
+    explicit NamedTool(const char* name) : m_name(name) {}
+    HOString GetClassName() override { return m_name; }
+
+private:
+    HOString m_name;
+};
+
+// Where `inner` lies inside `outer`, as fractions of outer's size.
+QRectF Fractions(const HORect& outer, const HORect& inner) {
+    return QRectF((inner.minx - outer.minx) / outer.Width(), (inner.miny - outer.miny) / outer.Height(),
+                  inner.Width() / outer.Width(), inner.Height() / outer.Height());
+}
+
+bool Fuzzy(const QRectF& a, const QRectF& b) {
+    return qAbs(a.x() - b.x()) < 1e-12 && qAbs(a.y() - b.y()) < 1e-12 &&
+           qAbs(a.width() - b.width()) < 1e-12 && qAbs(a.height() - b.height()) < 1e-12;
+}
+
+}  // namespace
+
+class TestTools : public QObject {
+    Q_OBJECT
+
+private slots:
+    void builtInToolsByClassName_data();
+    void builtInToolsByClassName();
+    void registerAndUnregister();
+    void zoomOutBox_data();
+    void zoomOutBox();
+    void selectionModes_data();
+    void selectionModes();
+};
+
+void TestTools::builtInToolsByClassName_data() {
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"HXObjects::HOToolPan", "HXObjects::HOToolZoomIn", "HXObjects::HOToolZoomOut",
+                             "HXObjects::HOToolSingleSelect", "HXObjects::HOToolIdentify"})
+        QTest::newRow(name) << name;
+}
+
+void TestTools::builtInToolsByClassName() {
+    QFETCH(QString, name);
+    HOTool* tool = HOCMDPool::GetInstance()->GetTool(HOString(name));
+    QVERIFY(tool);
+    QCOMPARE(tool->GetClassName().toQString(), name);
+    QVERIFY(!tool->IsOneShot());
+    QCOMPARE(HOCMDPool::GetInstance()->GetTool(HOString(name)), tool);  // one shared tool per class
+}
+
+void TestTools::registerAndUnregister() {
+    HOCMDPool* pool = HOCMDPool::GetInstance();
+    QVERIFY(!pool->GetTool("HXTest::Tool"));
+    QVERIFY(!pool->GetTool("hxobjects::hotoolpan"));
+    HORefPtr<NamedTool> first = new NamedTool("HXTest::Tool"), second = new NamedTool("HXTest::Tool");
+    pool->RegisterTool(first);
+    QCOMPARE(first->RefCount(), 2);
+    pool->RegisterTool(second);  // replaces, and lets go of the first
+    QCOMPARE(pool->GetTool("HXTest::Tool"), static_cast<HOTool*>(second));
+    QCOMPARE(first->RefCount(), 1);
+    pool->RegisterTool(nullptr);
+    pool->UnregisterTool("HXTest::Tool");
+    pool->UnregisterTool("HXTest::Tool");
+    QVERIFY(!pool->GetTool("HXTest::Tool"));
+    QCOMPARE(second->RefCount(), 1);
+}
+
+void TestTools::zoomOutBox_data() {
+    QTest::addColumn<HORect>("current");
+    QTest::addColumn<HORect>("box");
+    QTest::newRow("centred half") << HORect(0, 400, 0, 200) << HORect(100, 300, 50, 150);
+    QTest::newRow("corner quarter") << HORect(0, 400, 0, 200) << HORect(0, 100, 150, 200);
+    QTest::newRow("flat box") << HORect(500000, 600000, 3400000, 3450000)
+                              << HORect(520000, 590000, 3410000, 3415000);
+}
+
+void TestTools::zoomOutBox() {
+    QFETCH(HORect, current);
+    QFETCH(HORect, box);
+    const HORect result = HOToolZoomOut::ExtentShowingIn(current, box);
+    // The current extent takes the place in the new one that the box takes in the current one.
+    QVERIFY2(Fuzzy(Fractions(result, current), Fractions(current, box)), QTest::toString(result));
+}
+
+void TestTools::selectionModes_data() {
+    QTest::addColumn<std::vector<int>>("before");
+    QTest::addColumn<std::vector<int>>("picked");
+    QTest::addColumn<HOToolSingleSelect::Mode>("mode");
+    QTest::addColumn<std::vector<int>>("after");
+    QTest::newRow("replace") << std::vector<int>{1, 2} << std::vector<int>{3, 2}
+                             << HOToolSingleSelect::Replace << std::vector<int>{2, 3};
+    QTest::newRow("replace with nothing")
+        << std::vector<int>{1} << std::vector<int>{} << HOToolSingleSelect::Replace << std::vector<int>{};
+    QTest::newRow("add") << std::vector<int>{5, 1} << std::vector<int>{1, 4} << HOToolSingleSelect::Add
+                         << std::vector<int>{1, 4, 5};
+    QTest::newRow("toggle") << std::vector<int>{1, 2, 3} << std::vector<int>{3, 4}
+                            << HOToolSingleSelect::Toggle << std::vector<int>{1, 2, 4};
+    QTest::newRow("toggle twice picked")
+        << std::vector<int>{} << std::vector<int>{7, 7} << HOToolSingleSelect::Toggle << std::vector<int>{7};
+}
+
+void TestTools::selectionModes() {
+    QFETCH(std::vector<int>, before);
+    QFETCH(std::vector<int>, picked);
+    QFETCH(HOToolSingleSelect::Mode, mode);
+    QFETCH(std::vector<int>, after);
+    QCOMPARE(HOToolSingleSelect::Combine(before, picked, mode), after);
+}
+
+QTEST_MAIN(TestTools)
+#include "tst_tools.moc"
