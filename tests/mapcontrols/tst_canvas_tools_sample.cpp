@@ -13,6 +13,7 @@
 #include "HOTestPrinters.h"
 #include "HOToolIdentify.h"
 #include "HXMapCanvas.h"
+#include "HXPopupAnswer.h"
 
 using namespace HXObjects;
 
@@ -107,6 +108,7 @@ private slots:
     void selectClickPicksOneTown();
     void identifyTown();
     void selectAllAndArrows();
+    void contextMenuOverSelectedFeatures();
 };
 
 void TestCanvasToolsSample::initTestCase() {
@@ -287,6 +289,16 @@ void TestCanvasToolsSample::selectAllAndArrows() {
     const HORect after = s.view()->GetExtent();
     QVERIFY(Near(after.Center().x, before.Center().x - before.Width() / 4, before.Width() * 1e-6));
     QVERIFY(Near(after.Center().y, before.Center().y, before.Height() * 1e-6));
+}
+
+void TestCanvasToolsSample::contextMenuOverSelectedFeatures() {
+    SampleCanvas s;
+    s.waitForRender();
+    s.canvas.setMapTool("HXObjects::HOToolSingleSelect");
+    Drag(s.canvas, QPoint(150, 100), QPoint(450, 400));
+    HXPopupAnswer answer;
+    s.canvas.OnContextMenu(600, 500);
+    QCOMPARE(answer.entries, (QStringList{"Custom symbol", "-", "Set map ruler and grid"}));
 }
 
 QTEST_MAIN(TestCanvasToolsSample)
