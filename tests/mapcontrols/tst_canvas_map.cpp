@@ -7,24 +7,19 @@
 #include "HOMap.h"
 #include "HOTestPrinters.h"
 #include "HOTestRectLayer.h"
+#include "HXCanvasProbe.h"
 #include "HXMapCanvas.h"
 #include "HXMapWidget.h"
 #include "HXScaleComboBox.h"
 
 using namespace HXObjects;
+using HXCanvasProbe::CountPixels;
 
 namespace {
 
 constexpr int kRenderTimeout = 20000;
 const QColor kLand(200, 40, 40);
 const QColor kSea(20, 60, 200);
-
-int CountPixels(const QImage& image, const QColor& colour) {
-    int n = 0;
-    for (int row = 0; row < image.height(); ++row)
-        for (int col = 0; col < image.width(); ++col) n += image.pixelColor(col, row) == colour;
-    return n;
-}
 
 }  // namespace
 

@@ -8,10 +8,12 @@
 #include <thread>
 
 #include "HOMap.h"
+#include "HXCanvasProbe.h"
 #include "HXMapWidget.h"
 #include "HXRecordingCanvas.h"
 
 using namespace HXObjects;
+using namespace HXCanvasProbe;
 
 Q_DECLARE_METATYPE(HXMapCanvas::ViewMode)
 
@@ -19,39 +21,10 @@ namespace {
 
 const QColor kMapColour(10, 200, 30);
 
-// The largest difference of any channel of any pixel; -1 when the sizes differ.
-int MaxDifference(const QImage& a, const QImage& b) {
-    if (a.size() != b.size()) return -1;
-    const QImage x = a.convertToFormat(QImage::Format_ARGB32);
-    const QImage y = b.convertToFormat(QImage::Format_ARGB32);
-    int worst = 0;
-    for (int row = 0; row < x.height(); ++row) {
-        for (int col = 0; col < x.width(); ++col) {
-            const QRgb p = x.pixel(col, row), q = y.pixel(col, row);
-            worst = std::max({worst, std::abs(qRed(p) - qRed(q)), std::abs(qGreen(p) - qGreen(q)),
-                              std::abs(qBlue(p) - qBlue(q))});
-        }
-    }
-    return worst;
-}
-
-int CountPixels(const QImage& image, const QColor& colour) {
-    int n = 0;
-    for (int row = 0; row < image.height(); ++row)
-        for (int col = 0; col < image.width(); ++col) n += image.pixelColor(col, row) == colour;
-    return n;
-}
-
 QImage Filled(const QSize& size, const QColor& colour) {
     QImage image(size, QImage::Format_ARGB32_Premultiplied);
     image.fill(colour);
     return image;
-}
-
-QToolButton* RenderToggle(HXMapCanvas& canvas) {
-    for (auto* button : canvas.StatusBar()->findChildren<QToolButton*>())
-        if (button->toolTip() == "Toggles pause refresh and continue") return button;
-    return nullptr;
 }
 
 // Shows the canvas at the size that gives its drawing widget `size` (the status bar takes 25 px).
@@ -74,7 +47,6 @@ class TestCanvasRender : public QObject {
     Q_OBJECT
 
 private slots:
-    void redrawPaintsTheMap();
     void paintLayers_data();
     void paintLayers();
     void unlicensedShowsNoMap();
@@ -90,23 +62,6 @@ private slots:
     void resize_data();
     void resize();
 };
-
-void TestCanvasRender::redrawPaintsTheMap() {
-    HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
-    HXMapWidget* widget = ShowWithMapSize(canvas, QSize(240, 120));
-    QVERIFY(widget);
-    HORefPtr<HOMap> map = new HOMap();
-    map->SetBackgroundColor(HOColor(kMapColour));
-    HOMapView* view = canvas.GetMapView();
-    view->SetMap(map);
-
-    view->RedrawSignal.fire(view, nullptr);
-    QCOMPARE(widget->mImage.size(), QSize(240, 120));
-    QCOMPARE(widget->mImage.format(), QImage::Format_ARGB32_Premultiplied);
-    const QImage shown = widget->grab().toImage();
-    QCOMPARE(shown.pixelColor(5, 5), kMapColour);
-    QCOMPARE(shown.pixelColor(239, 0), kMapColour);
-}
 
 void TestCanvasRender::paintLayers_data() {
     QTest::addColumn<bool>("watermark");
