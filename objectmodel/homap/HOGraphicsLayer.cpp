@@ -1,18 +1,20 @@
 #include "HOGraphicsLayer.h"
 
+#include <QPainter>
+
 #include "HOCoordinateSystem.h"
 #include "HODisplay.h"
 #include "HOGeometryHit.h"
 #include "HOGeometryPainter.h"
 #include "HORenderContext.h"
 
-#include <QPainter>
-
 namespace HXObjects {
 
 HOGraphicsLayer::HOGraphicsLayer() = default;
 
-HORefPtr<HOCoordinateSystem> HOGraphicsLayer::GetSpatialReference() const { return {}; }
+HORefPtr<HOCoordinateSystem> HOGraphicsLayer::GetSpatialReference() const {
+    return {};
+}
 
 HORect HOGraphicsLayer::GetExtent() const {
     std::lock_guard<std::mutex> lock(m_mutex);
@@ -65,7 +67,7 @@ std::vector<HORefPtr<HOElement>> HOGraphicsLayer::GetElements() const {
 }
 
 std::vector<HORefPtr<HOElement>> HOGraphicsLayer::LocateElements(const HOPoint& point, double tolerance,
-                                                                  HODisplay* display) const {
+                                                                 HODisplay* display) const {
     const double unitsPerPixel = display ? display->GetDisplayTransform().unitsPerPixel : 0.0;
     const std::vector<HORefPtr<HOElement>> elements = GetElements();
     std::vector<HORefPtr<HOElement>> found;

@@ -1,10 +1,10 @@
 #include "HOMap.h"
 
-#include "HOCoordinateSystem.h"
-
 #include <algorithm>
 #include <cmath>
 #include <optional>
+
+#include "HOCoordinateSystem.h"
 
 namespace HXObjects {
 
@@ -64,7 +64,9 @@ void HOMap::SetLayerVisible(HOLayer* layer, bool visible) {
     notifyChanged();
 }
 
-HORefPtr<HOGraphicsLayer> HOMap::GetGraphicsLayer() const { return m_graphics; }
+HORefPtr<HOGraphicsLayer> HOMap::GetGraphicsLayer() const {
+    return m_graphics;
+}
 
 HOColor HOMap::GetBackgroundColor() const {
     std::lock_guard<std::mutex> lock(m_mutex);
@@ -119,8 +121,8 @@ HORect HOMap::GetFullExtent() const {
         // A single point or a straight line has a flat extent; it still counts.
         const HORect e = layer->GetExtentIn(system.get());
         if (!(e.maxx >= e.minx && e.maxy >= e.miny) || !std::isfinite(e.Width() + e.Height())) continue;
-        full = full ? HORect(std::min(full->minx, e.minx), std::max(full->maxx, e.maxx), std::min(full->miny, e.miny),
-                             std::max(full->maxy, e.maxy))
+        full = full ? HORect(std::min(full->minx, e.minx), std::max(full->maxx, e.maxx),
+                             std::min(full->miny, e.miny), std::max(full->maxy, e.maxy))
                     : e;
     }
     if (!full) return {};

@@ -1,5 +1,10 @@
 #include "HOMapView.h"
 
+#include <QPainter>
+#include <cmath>
+#include <cstring>
+#include <optional>
+
 #include "HOCallbackKey.h"
 #include "HOCoordinateSystem.h"
 #include "HOFeatureLayer.h"
@@ -15,11 +20,6 @@
 #include "HOTrackCancel.h"
 #include "HOTwinkle.h"
 #include "HOViewport.h"
-
-#include <QPainter>
-#include <cmath>
-#include <cstring>
-#include <optional>
 
 namespace HXObjects {
 
@@ -177,7 +177,8 @@ void HOMapView::Private::compose(HOGraphics& surface) {
     if (frame.IsAt(shown) && frame.image.size() == target.size() && frame.image.format() == target.format()) {
         // The frame holds the background and every layer already: one copy of its bytes.
         surface.End();
-        std::memcpy(target.bits(), frame.image.constBits(), static_cast<std::size_t>(frame.image.sizeInBytes()));
+        std::memcpy(target.bits(), frame.image.constBits(),
+                    static_cast<std::size_t>(frame.image.sizeInBytes()));
     } else if (frame.CanBlitInto(target) && background.alpha() == 255) {
         surface.End();
         frame.BlitInto(target, shown, background);
@@ -292,9 +293,13 @@ void HOMapView::SetSize(int width, int height) {
     d->fitFullExtentIfNone();
 }
 
-void HOMapView::DrawTo(HOGraphics* surface, int) { Draw(surface); }
+void HOMapView::DrawTo(HOGraphics* surface, int) {
+    Draw(surface);
+}
 
-void HOMapView::SetSize(const HOSize& size) { SetSize(size.width, size.height); }
+void HOMapView::SetSize(const HOSize& size) {
+    SetSize(size.width, size.height);
+}
 
 HORect HOMapView::GetExtent() {
     std::lock_guard<std::mutex> lock(d->mutex);
@@ -305,11 +310,17 @@ void HOMapView::SetExtent(const HORect& extent) {
     d->navigate([&](HOViewport& v) { return v.Fit(extent); });
 }
 
-void HOMapView::RefreshView(bool) { RefreshMap(true, HORect()); }
+void HOMapView::RefreshView(bool) {
+    RefreshMap(true, HORect());
+}
 
-void HOMapView::PauseRender() { d->renderer->Pause(); }
+void HOMapView::PauseRender() {
+    d->renderer->Pause();
+}
 
-void HOMapView::ResumeRender() { d->renderer->Resume(); }
+void HOMapView::ResumeRender() {
+    d->renderer->Resume();
+}
 
 HOPoint HOMapView::GetCenter() {
     std::lock_guard<std::mutex> lock(d->mutex);
@@ -343,15 +354,21 @@ void HOMapView::SetCurrentTool(HOTool* tool) {
     d->fireRedraw();  // the old tool's drawing goes
 }
 
-void HOMapView::ZoomIn() { ZoomByFactor(1.0 / kZoomStep, nullptr); }
+void HOMapView::ZoomIn() {
+    ZoomByFactor(1.0 / kZoomStep, nullptr);
+}
 
-void HOMapView::ZoomOut() { ZoomByFactor(kZoomStep, nullptr); }
+void HOMapView::ZoomOut() {
+    ZoomByFactor(kZoomStep, nullptr);
+}
 
 void HOMapView::ZoomByFactor(double factor, const HOPoint* centre) {
     d->navigate([&](HOViewport& v) { return v.ZoomByFactor(factor, centre ? *centre : v.Center()); });
 }
 
-HODisplay* HOMapView::GetScreenDisplay() { return &d->display; }
+HODisplay* HOMapView::GetScreenDisplay() {
+    return &d->display;
+}
 
 HODisplayTransform HOMapView::GetDisplayTransform() {
     std::lock_guard<std::mutex> lock(d->mutex);
@@ -378,7 +395,9 @@ HOToolBuddy* HOMapView::GetToolBuddy() const {
     return d->buddy;
 }
 
-HOString HOMapView::GetName() const { return d->name; }
+HOString HOMapView::GetName() const {
+    return d->name;
+}
 
 HOMap* HOMapView::GetMap() const {
     std::lock_guard<std::mutex> lock(d->mutex);
@@ -423,14 +442,17 @@ void HOMapView::RefreshMap(bool, const HORect&) {
 void HOMapView::Refresh(HOLayer* layer, HOMapCache::CacheType cacheType, const HORect& area) {
     if (cacheType == HOMapCache::CacheAll) {
         RefreshMap(true, area);
-    } else if (!layer || cacheType == HOMapCache::CacheGraphics || layer->GetLayerType() == HOLayer::GraphicsLayer) {
+    } else if (!layer || cacheType == HOMapCache::CacheGraphics ||
+               layer->GetLayerType() == HOLayer::GraphicsLayer) {
         d->fireRedraw();  // the graphics layer is drawn on every Draw
     } else {
         d->requestRender(false, {layer->GetLayerId()}, 0);
     }
 }
 
-void HOMapView::StopRender(bool wait) { d->renderer->Stop(wait); }
+void HOMapView::StopRender(bool wait) {
+    d->renderer->Stop(wait);
+}
 
 void HOMapView::SelectAll() {
     HOMap* map = GetMap();
@@ -445,9 +467,13 @@ void HOMapView::SelectAll() {
     if (!changed.empty()) d->requestRender(false, std::move(changed), 0);
 }
 
-HOTrackCancel* HOMapView::GetTrackCancel() { return &d->cancel; }
+HOTrackCancel* HOMapView::GetTrackCancel() {
+    return &d->cancel;
+}
 
-HOMapRulerAndGrid* HOMapView::GetRulerAndGridSetting() { return &d->grid; }
+HOMapRulerAndGrid* HOMapView::GetRulerAndGridSetting() {
+    return &d->grid;
+}
 
 void HOMapView::TwinkleGeometry(HOGeometry* geometry, HOStyle* style, int times) {
     if (!geometry || times <= 0) return;
@@ -476,7 +502,9 @@ void HOMapView::ZoomToFullExtent() {
     if (map) SetExtent(map->GetFullExtent());
 }
 
-bool HOMapView::IsRendering() const { return d->renderer->IsBusy(); }
+bool HOMapView::IsRendering() const {
+    return d->renderer->IsBusy();
+}
 
 void HOMapView::BeginPan() {
     std::lock_guard<std::mutex> lock(d->mutex);
@@ -500,6 +528,8 @@ void HOMapView::EndPan(int dx, int dy) {
     if (!moved) d->fireRedraw();
 }
 
-void HOMapView::RefreshToolPaint() { d->fireRedraw(); }
+void HOMapView::RefreshToolPaint() {
+    d->fireRedraw();
+}
 
 }  // namespace HXObjects

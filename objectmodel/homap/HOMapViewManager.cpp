@@ -1,10 +1,9 @@
 #include "HOMapViewManager.h"
 
-#include "HOMap.h"
-
-#include "HOMapView.h"
-
 #include <algorithm>
+
+#include "HOMap.h"
+#include "HOMapView.h"
 
 namespace HXObjects {
 

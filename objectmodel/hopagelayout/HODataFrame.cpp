@@ -1,10 +1,10 @@
 #include "HODataFrame.h"
 
+#include <QPainter>
+
 #include "HOGraphics.h"
 #include "HOMap.h"
 #include "HOMapView.h"
-
-#include <QPainter>
 
 namespace HXObjects {
 
@@ -12,7 +12,9 @@ HODataFrame::HODataFrame() : HOPageLayoutBaseElement(HOElementDataFrame) {}
 
 HODataFrame::~HODataFrame() = default;
 
-HOMapView* HODataFrame::get_map_view() const { return view().get(); }
+HOMapView* HODataFrame::get_map_view() const {
+    return view().get();
+}
 
 HORefPtr<HOMapView> HODataFrame::view() const {
     std::lock_guard<std::mutex> lock(m_mutex);

@@ -1,12 +1,12 @@
 #pragma once
 // HODataFrame: a map on the page. It holds a map view, sized to the frame's pixel size on screen, and
 // a screen display that maps the frame's pixels on screen to the map's coordinates.
+#include <QRectF>
+#include <mutex>
+
 #include "HODisplay.h"
 #include "HOPageLayoutBaseElement.h"
 #include "HORefPtr.h"
-
-#include <QRectF>
-#include <mutex>
 
 namespace HXObjects {
 

@@ -7,7 +7,8 @@ namespace HXObjects {
 void HOGraphicsContainer::AddElement(HOPageLayoutBaseElement* element) {
     if (!element) return;
     std::lock_guard<std::mutex> lock(m_mutex);
-    if (std::find(m_elements.begin(), m_elements.end(), element) == m_elements.end()) m_elements.emplace_back(element);
+    if (std::find(m_elements.begin(), m_elements.end(), element) == m_elements.end())
+        m_elements.emplace_back(element);
 }
 
 void HOGraphicsContainer::RemoveElement(HOPageLayoutBaseElement* element) {
@@ -25,8 +26,8 @@ std::vector<HORefPtr<HOPageLayoutBaseElement>> HOGraphicsContainer::GetElements(
     return m_elements;
 }
 
-std::vector<HORefPtr<HOPageLayoutBaseElement>> HOGraphicsContainer::LocateElements(const HOPoint& point,
-                                                                                   const double& tolerance) const {
+std::vector<HORefPtr<HOPageLayoutBaseElement>> HOGraphicsContainer::LocateElements(
+    const HOPoint& point, const double& tolerance) const {
     std::vector<HORefPtr<HOPageLayoutBaseElement>> found;
     std::lock_guard<std::mutex> lock(m_mutex);
     for (const auto& element : m_elements) {

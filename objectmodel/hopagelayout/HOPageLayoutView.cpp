@@ -1,5 +1,11 @@
 #include "HOPageLayoutView.h"
 
+#include <QPainter>
+#include <QThread>
+#include <algorithm>
+#include <atomic>
+#include <cmath>
+
 #include "HOCallbackKey.h"
 #include "HODataFrame.h"
 #include "HOGraphics.h"
@@ -7,12 +13,6 @@
 #include "HOMapView.h"
 #include "HOTool.h"
 #include "HOViewport.h"
-
-#include <QPainter>
-#include <QThread>
-#include <algorithm>
-#include <atomic>
-#include <cmath>
 
 namespace HXObjects {
 
@@ -103,7 +103,8 @@ bool HOPageLayoutView::Private::navigate(Change change) {
 std::vector<HODataFrame*> HOPageLayoutView::Private::frames() const {
     std::vector<HODataFrame*> out;
     for (const auto& element : container.GetElements()) {
-        if (element->get_element_type() == HOElementDataFrame) out.push_back(static_cast<HODataFrame*>(element.get()));
+        if (element->get_element_type() == HOElementDataFrame)
+            out.push_back(static_cast<HODataFrame*>(element.get()));
     }
     return out;
 }
@@ -233,8 +234,8 @@ void HOPageLayoutView::MouseMove(int button, int x, int y) {
         // The page follows the mouse; it is cheap to draw, so it moves for real.
         d->navigate([&](HOViewport& v) {
             const double upp = v.UnitsPerPixel();
-            return v.SetCenter(
-                HOPoint(d->panCentre.x - (x - d->panStart.x()) * upp, d->panCentre.y + (y - d->panStart.y()) * upp));
+            return v.SetCenter(HOPoint(d->panCentre.x - (x - d->panStart.x()) * upp,
+                                       d->panCentre.y + (y - d->panStart.y()) * upp));
         });
         return;
     }
@@ -271,7 +272,9 @@ void HOPageLayoutView::DrawTo(HOGraphics* surface, int) {
     surface->End();
 }
 
-void HOPageLayoutView::SetSize(const HOSize& size) { SetSize(size.width, size.height); }
+void HOPageLayoutView::SetSize(const HOSize& size) {
+    SetSize(size.width, size.height);
+}
 
 HORect HOPageLayoutView::GetExtent() {
     std::lock_guard<std::mutex> lock(d->mutex);
@@ -335,15 +338,21 @@ void HOPageLayoutView::SetCurrentTool(HOTool* tool) {
     if (tool) tool->SetView(this);
 }
 
-void HOPageLayoutView::ZoomIn() { ZoomByFactor(1.0 / kZoomStep, nullptr); }
+void HOPageLayoutView::ZoomIn() {
+    ZoomByFactor(1.0 / kZoomStep, nullptr);
+}
 
-void HOPageLayoutView::ZoomOut() { ZoomByFactor(kZoomStep, nullptr); }
+void HOPageLayoutView::ZoomOut() {
+    ZoomByFactor(kZoomStep, nullptr);
+}
 
 void HOPageLayoutView::ZoomByFactor(double factor, const HOPoint* centre) {
     d->navigate([&](HOViewport& v) { return v.ZoomByFactor(factor, centre ? *centre : v.Center()); });
 }
 
-HODisplay* HOPageLayoutView::GetScreenDisplay() { return &d->display; }
+HODisplay* HOPageLayoutView::GetScreenDisplay() {
+    return &d->display;
+}
 
 HODisplayTransform HOPageLayoutView::GetDisplayTransform() {
     std::lock_guard<std::mutex> lock(d->mutex);
@@ -383,8 +392,8 @@ void HOPageLayoutView::SwitchToLayoutView(HOMapView* view) {
     if (old != view) {
         frame->set_map_view(view);
         const auto frames = d->frames();
-        const bool oldStillShown = std::any_of(frames.begin(), frames.end(),
-                                               [&](HODataFrame* f) { return f->get_map_view() == old.get(); });
+        const bool oldStillShown = std::any_of(
+            frames.begin(), frames.end(), [&](HODataFrame* f) { return f->get_map_view() == old.get(); });
         if (old && !oldStillShown) d->stopForwarding(old);
         d->forwardRedraws(view);
     }
@@ -410,11 +419,17 @@ void HOPageLayoutView::set_operating_data_frame(HOPageLayoutBaseElement* element
     ActiveElementChangedSignal.fire(this, &event);
 }
 
-HOGraphicsContainer* HOPageLayoutView::get_graphicscontainer() const { return &d->container; }
+HOGraphicsContainer* HOPageLayoutView::get_graphicscontainer() const {
+    return &d->container;
+}
 
 // Layout files have no format yet.
-bool HOPageLayoutView::open(HOFileFunc*, double) { return false; }
+bool HOPageLayoutView::open(HOFileFunc*, double) {
+    return false;
+}
 
-bool HOPageLayoutView::save(HOFileFunc*, double) { return false; }
+bool HOPageLayoutView::save(HOFileFunc*, double) {
+    return false;
+}
 
 }  // namespace HXObjects

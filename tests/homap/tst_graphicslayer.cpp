@@ -1,12 +1,12 @@
 // HOGraphicsLayer: locating elements under a point (points with their marker size, lines, polygons
 // with holes), topmost first; drawing them with their styles and the selection highlight.
+#include <QPainter>
+#include <QtTest>
+
 #include "HODisplay.h"
 #include "HOGraphicsLayer.h"
 #include "HORenderContext.h"
 #include "HOTestPrinters.h"
-
-#include <QPainter>
-#include <QtTest>
 
 using namespace HXObjects;
 
@@ -69,8 +69,8 @@ void tst_GraphicsLayer::locate_data() {
     // A 10-pixel marker at 0.1 units per pixel reaches 0.5 units further.
     QTest::newRow("on the marker symbol") << point << 10.0 << HOPoint(5.55, 5.0) << 0.1 << 0.1 << true;
     QTest::newRow("beyond the marker symbol") << point << 10.0 << HOPoint(5.65, 5.0) << 0.1 << 0.1 << false;
-    QTest::newRow("marker size unknown without a display") << point << 10.0 << HOPoint(5.55, 5.0) << 0.1 << 0.0
-                                                           << false;
+    QTest::newRow("marker size unknown without a display")
+        << point << 10.0 << HOPoint(5.55, 5.0) << 0.1 << 0.0 << false;
     QTest::newRow("near a segment") << line << 0.0 << HOPoint(5, 0.2) << 0.25 << 0.0 << true;
     QTest::newRow("near the second segment") << line << 0.0 << HOPoint(10.2, 5) << 0.25 << 0.0 << true;
     QTest::newRow("the open side of a path") << line << 0.0 << HOPoint(5, 5) << 0.25 << 0.0 << false;
@@ -78,7 +78,8 @@ void tst_GraphicsLayer::locate_data() {
     QTest::newRow("inside a polygon") << squareWithHole() << 0.0 << HOPoint(1, 1) << 0.0 << 0.0 << true;
     QTest::newRow("in a polygon's hole") << squareWithHole() << 0.0 << HOPoint(5, 5) << 0.0 << 0.0 << false;
     QTest::newRow("near the hole's edge") << squareWithHole() << 0.0 << HOPoint(5, 6.9) << 0.2 << 0.0 << true;
-    QTest::newRow("near the closing edge") << squareWithHole() << 0.0 << HOPoint(-0.1, 5) << 0.2 << 0.0 << true;
+    QTest::newRow("near the closing edge")
+        << squareWithHole() << 0.0 << HOPoint(-0.1, 5) << 0.2 << 0.0 << true;
     QTest::newRow("outside a polygon") << squareWithHole() << 0.0 << HOPoint(11, 5) << 0.5 << 0.0 << false;
 }
 
@@ -117,14 +118,15 @@ void tst_GraphicsLayer::locateListsTopmostFirst() {
 void tst_GraphicsLayer::rendersWithStyles() {
     HORefPtr<HOGraphicsLayer> layer(new HOGraphicsLayer);
     layer->AddElement(squareWithHole(), HOStyle::NewFill(HOColor(0, 255, 0), HOColor(0, 0, 0), 0));
-    layer->AddElement(geometry(HOGeometry::GeoLineString, {{{0, 9}, {10, 9}}}), HOStyle::NewLine(3, HOColor(0, 0, 255)));
+    layer->AddElement(geometry(HOGeometry::GeoLineString, {{{0, 9}, {10, 9}}}),
+                      HOStyle::NewLine(3, HOColor(0, 0, 255)));
     layer->AddElement(geometry(HOGeometry::GeoPoint, {{{5, 5}}}),
                       HOStyle::NewMarker(HOStyle::Square, 8, HOColor(255, 0, 0)));
     const QImage image = rendered(*layer);
-    QCOMPARE(image.pixel(15, 85), qRgb(0, 255, 0));    // (1.5, 1.5): filled
+    QCOMPARE(image.pixel(15, 85), qRgb(0, 255, 0));      // (1.5, 1.5): filled
     QCOMPARE(image.pixel(38, 38), qRgb(255, 255, 255));  // (3.8, 6.2): in the hole
-    QCOMPARE(image.pixel(50, 10), qRgb(0, 0, 255));    // on the line at y = 9
-    QCOMPARE(image.pixel(50, 50), qRgb(255, 0, 0));    // the marker at (5, 5)
+    QCOMPARE(image.pixel(50, 10), qRgb(0, 0, 255));      // on the line at y = 9
+    QCOMPARE(image.pixel(50, 50), qRgb(255, 0, 0));      // the marker at (5, 5)
 }
 
 void tst_GraphicsLayer::selection() {

@@ -1,12 +1,12 @@
 // HOMap: layer order and its edits, the change signal, the coordinate system (the first layer's while
 // none is set), the display unit, and the full extent.
+#include <QtTest>
+
 #include "HOCoordinateSystem.h"
 #include "HOMap.h"
 #include "HOSignalCounter.h"
 #include "HOTestPrinters.h"
 #include "HOTestRectLayer.h"
-
-#include <QtTest>
 
 using namespace HXObjects;
 
@@ -133,10 +133,12 @@ void tst_Map::fullExtent_data() {
     QTest::newRow("one") << QList<HORect>{HORect(1, 2, 3, 4)} << -1 << HORect(1, 2, 3, 4);
     QTest::newRow("union") << QList<HORect>{HORect(1, 2, 3, 4), HORect(-5, 0, 3.5, 10)} << -1
                            << HORect(-5, 2, 3, 10);
-    QTest::newRow("hidden layers do not count") << QList<HORect>{HORect(1, 2, 3, 4), HORect(-5, 0, 3.5, 10)} << 1
-                                                << HORect(1, 2, 3, 4);
-    QTest::newRow("a single point is widened") << QList<HORect>{HORect(7, 7, 8, 8)} << -1 << HORect(6.5, 7.5, 7.5, 8.5);
-    QTest::newRow("a horizontal line is widened") << QList<HORect>{HORect(0, 10, 5, 5)} << -1 << HORect(0, 10, 0, 10);
+    QTest::newRow("hidden layers do not count")
+        << QList<HORect>{HORect(1, 2, 3, 4), HORect(-5, 0, 3.5, 10)} << 1 << HORect(1, 2, 3, 4);
+    QTest::newRow("a single point is widened")
+        << QList<HORect>{HORect(7, 7, 8, 8)} << -1 << HORect(6.5, 7.5, 7.5, 8.5);
+    QTest::newRow("a horizontal line is widened")
+        << QList<HORect>{HORect(0, 10, 5, 5)} << -1 << HORect(0, 10, 0, 10);
     QTest::newRow("an inverted extent is ignored") << QList<HORect>{HORect(2, 1, 0, 1)} << -1 << HORect();
 }
 

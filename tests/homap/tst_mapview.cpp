@@ -1,5 +1,7 @@
 // Navigation of a map view: the display transform, fitting an extent, true scales in metres, feet and
 // degrees, zooming about a point, the wheel, and the bound/scale signals firing only on real change.
+#include <QtTest>
+
 #include "HOCoordinateSystem.h"
 #include "HOGraphics.h"
 #include "HOMap.h"
@@ -8,8 +10,6 @@
 #include "HOSignalCounter.h"
 #include "HOTestPrinters.h"
 #include "HOTestRectLayer.h"
-
-#include <QtTest>
 
 using namespace HXObjects;
 
@@ -50,17 +50,17 @@ void tst_MapView::displayTransform_data() {
     QTest::addColumn<HOPoint>("pixel");
     QTest::addColumn<HOPoint>("expected");
     // 200x100 showing 400x100: 2 units per pixel, the height grows to 200 about the centre (200, 50).
-    QTest::newRow("wide extent, origin") << HOSize(200, 100) << HORect(0, 400, 0, 100) << HOPoint(0, 0)
-                                         << HOPoint(0, 150);
-    QTest::newRow("wide extent, corner") << HOSize(200, 100) << HORect(0, 400, 0, 100) << HOPoint(200, 100)
-                                         << HOPoint(400, -50);
-    QTest::newRow("wide extent, inside") << HOSize(200, 100) << HORect(0, 400, 0, 100) << HOPoint(50, 25)
-                                         << HOPoint(100, 100);
+    QTest::newRow("wide extent, origin")
+        << HOSize(200, 100) << HORect(0, 400, 0, 100) << HOPoint(0, 0) << HOPoint(0, 150);
+    QTest::newRow("wide extent, corner")
+        << HOSize(200, 100) << HORect(0, 400, 0, 100) << HOPoint(200, 100) << HOPoint(400, -50);
+    QTest::newRow("wide extent, inside")
+        << HOSize(200, 100) << HORect(0, 400, 0, 100) << HOPoint(50, 25) << HOPoint(100, 100);
     // 100x100 showing 10x40: 0.4 per pixel, the width grows to 40 about x = 5.
-    QTest::newRow("tall extent, origin") << HOSize(100, 100) << HORect(0, 10, 0, 40) << HOPoint(0, 0)
-                                         << HOPoint(-15, 40);
-    QTest::newRow("tall extent, centre") << HOSize(100, 100) << HORect(0, 10, 0, 40) << HOPoint(50, 50)
-                                         << HOPoint(5, 20);
+    QTest::newRow("tall extent, origin")
+        << HOSize(100, 100) << HORect(0, 10, 0, 40) << HOPoint(0, 0) << HOPoint(-15, 40);
+    QTest::newRow("tall extent, centre")
+        << HOSize(100, 100) << HORect(0, 10, 0, 40) << HOPoint(50, 50) << HOPoint(5, 20);
     QTest::newRow("projected metres") << HOSize(1000, 500) << HORect(500000, 510000, 3000000, 3005000)
                                       << HOPoint(250, 125) << HOPoint(502500, 3003750);
 }
@@ -104,7 +104,8 @@ void tst_MapView::scale_data() {
     QTest::newRow("metres, 2.5 per pixel") << "EPSG:3857" << 2.5 << 9448.818897637795;
     // 1 ft = 0.3048 m: 0.3048 * 96 / 0.0254 = 1152 exactly.
     QTest::newRow("international feet")
-        << "+proj=tmerc +lat_0=0 +lon_0=0 +k=1 +x_0=0 +y_0=0 +ellps=WGS84 +units=ft +no_defs" << 1.0 << 1152.0;
+        << "+proj=tmerc +lat_0=0 +lon_0=0 +k=1 +x_0=0 +y_0=0 +ellps=WGS84 +units=ft +no_defs" << 1.0
+        << 1152.0;
     // A degree is 2 * pi * 6378137 / 360 m along the equator.
     QTest::newRow("degrees") << "EPSG:4326" << 0.001 << 420735.08331316005;
 }
@@ -155,7 +156,8 @@ void tst_MapView::zoomAboutPoint() {
     const HODisplayTransform t = view->GetDisplayTransform();
     QVERIFY(qFuzzyCompare(t.unitsPerPixel, before * factor));
     const HOPoint after = t.ToDevice(fixed);
-    QVERIFY2(std::abs(after.x - pixel.x) < 1e-6 && std::abs(after.y - pixel.y) < 1e-6, QTest::toString(after));
+    QVERIFY2(std::abs(after.x - pixel.x) < 1e-6 && std::abs(after.y - pixel.y) < 1e-6,
+             QTest::toString(after));
 }
 
 void tst_MapView::wheel_data() {
@@ -164,7 +166,7 @@ void tst_MapView::wheel_data() {
     QTest::newRow("one notch forward zooms in") << 120 << 0.5;
     QTest::newRow("one notch back zooms out") << -120 << 2.0;
     QTest::newRow("two notches") << 240 << 0.25;
-    QTest::newRow("touchpad step of 30") << 30 << 0.8408964152537145;  // 2^-0.25
+    QTest::newRow("touchpad step of 30") << 30 << 0.8408964152537145;         // 2^-0.25
     QTest::newRow("high-resolution step of -8") << -8 << 1.0472941228206267;  // 2^(8/120)
 }
 

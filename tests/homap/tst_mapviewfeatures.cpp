@@ -1,5 +1,8 @@
 // A map view over a real feature layer read through OGR: it fits the data, renders the polygons
 // where they are, and selects every feature with SelectAll.
+#include <QTemporaryDir>
+#include <QtTest>
+
 #include "HOFeatureLayer.h"
 #include "HOGraphics.h"
 #include "HOLayerFixture.h"
@@ -8,9 +11,6 @@
 #include "HOMapView.h"
 #include "HOSignalCounter.h"
 #include "HOTestPrinters.h"
-
-#include <QTemporaryDir>
-#include <QtTest>
 
 using namespace HXObjects;
 
@@ -47,7 +47,8 @@ void tst_MapViewFeatures::rendersAndSelectsAFeatureLayer() {
     QCOMPARE(surface->Image().pixel(50, 50), qRgb(255, 0, 0));
     QCOMPARE(surface->Image().pixel(150, 50), qRgb(255, 255, 255));
     QCOMPARE(surface->Image().pixel(250, 50), qRgb(255, 0, 0));
-    const double degreeScale = 0.1 * HOMapScale::MetresPerUnit(HOUnitDegree) * HOMapScale::ScreenDpi() / 0.0254;
+    const double degreeScale =
+        0.1 * HOMapScale::MetresPerUnit(HOUnitDegree) * HOMapScale::ScreenDpi() / 0.0254;
     QVERIFY(qFuzzyCompare(view->GetScale(), degreeScale));
 
     finished.reset();

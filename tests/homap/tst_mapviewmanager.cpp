@@ -1,12 +1,12 @@
 // HOMapViewManager: groups of views, the current group, the active view, and removing a group (which
 // stops its renders).
+#include <QElapsedTimer>
+#include <QtTest>
+
 #include "HOMap.h"
 #include "HOMapView.h"
 #include "HOMapViewManager.h"
 #include "HOTestRectLayer.h"
-
-#include <QElapsedTimer>
-#include <QtTest>
 
 using namespace HXObjects;
 
@@ -40,7 +40,7 @@ void tst_MapViewManager::groupsAndViews() {
     QVERIFY(manager->views(group).empty());
     QCOMPARE(manager->activeView(group), static_cast<HOMapView*>(nullptr));
     QCOMPARE(manager->addView("orphan"), static_cast<HOMapView*>(nullptr));  // no current group any more
-    manager->removeGroup(group);  // twice: nothing
+    manager->removeGroup(group);                                             // twice: nothing
 }
 
 void tst_MapViewManager::viewsGoToTheCurrentGroup() {

@@ -2,6 +2,11 @@
 // a new picture renders, cancelling (StopRender, a new extent, the track-cancel object), pausing,
 // one-layer refreshes, the debounced resize, throttled redraws from the worker, unbinding while the
 // worker fires, and what Draw adds on top (graphics layer, tool drawing, flashing geometry).
+#include <QElapsedTimer>
+#include <QPainter>
+#include <QtTest>
+#include <thread>
+
 #include "HOGraphics.h"
 #include "HOGraphicsLayer.h"
 #include "HOMap.h"
@@ -11,11 +16,6 @@
 #include "HOTestPrinters.h"
 #include "HOTestRectLayer.h"
 #include "HOTool.h"
-
-#include <QElapsedTimer>
-#include <QPainter>
-#include <QtTest>
-#include <thread>
 
 using namespace HXObjects;
 
@@ -304,7 +304,8 @@ void tst_MapViewRender::redrawsAreThrottledAndFromTheWorker() {
     const qint64 elapsed = timer.elapsed();
     // Progress at most every 100 ms, plus the final picture.
     QVERIFY2(redraws.count >= 2, qPrintable(QString::number(redraws.count)));
-    QVERIFY2(redraws.count <= elapsed / 100 + 1, qPrintable(QStringLiteral("%1 in %2 ms").arg(redraws.count).arg(elapsed)));
+    QVERIFY2(redraws.count <= elapsed / 100 + 1,
+             qPrintable(QStringLiteral("%1 in %2 ms").arg(redraws.count).arg(elapsed)));
     QVERIFY(redraws.offThread);
     QCOMPARE(redraws.nullEvents.load(), 0);
     QCOMPARE(redraws.lastSender.load(), static_cast<void*>(view.get()));

@@ -1,5 +1,7 @@
 // HOPageLayoutView: the page on its desk, page zoom (its own scale), putting a map view into a data
 // frame, the frame's screen display, what DrawTo draws, and the element container's lookups.
+#include <QtTest>
+
 #include "HODataFrame.h"
 #include "HOGraphics.h"
 #include "HOMap.h"
@@ -9,8 +11,6 @@
 #include "HOSignalCounter.h"
 #include "HOTestPrinters.h"
 #include "HOTestRectLayer.h"
-
-#include <QtTest>
 
 using namespace HXObjects;
 
@@ -168,17 +168,20 @@ void tst_PageLayoutView::frameViewFollowsThePageZoom() {
     layout->SwitchToLayoutView(view);
     auto* frame = static_cast<HODataFrame*>(layout->get_operating_data_frame().get());
     const QRectF pixels = frame->pixel_rect(layout->GetDisplayTransform());
-    QCOMPARE(view->GetScreenDisplay()->GetDeviceSize(), HOSize(qRound(pixels.width()), qRound(pixels.height())));
+    QCOMPARE(view->GetScreenDisplay()->GetDeviceSize(),
+             HOSize(qRound(pixels.width()), qRound(pixels.height())));
     const HORect extent = view->GetExtent();
 
     layout->ZoomIn();
     const QRectF zoomed = frame->pixel_rect(layout->GetDisplayTransform());
     QVERIFY(qAbs(zoomed.width() - 2 * pixels.width()) < 1e-6);
-    QCOMPARE(view->GetScreenDisplay()->GetDeviceSize(), HOSize(qRound(zoomed.width()), qRound(zoomed.height())));
+    QCOMPARE(view->GetScreenDisplay()->GetDeviceSize(),
+             HOSize(qRound(zoomed.width()), qRound(zoomed.height())));
     // The map still shows what it showed (up to the pixel rounding of the frame).
     const HORect now = view->GetExtent();
     const double pixel = view->GetDisplayTransform().unitsPerPixel;
-    QVERIFY(qAbs(now.Center().x - extent.Center().x) < pixel && qAbs(now.Center().y - extent.Center().y) < pixel);
+    QVERIFY(qAbs(now.Center().x - extent.Center().x) < pixel &&
+            qAbs(now.Center().y - extent.Center().y) < pixel);
     QVERIFY(qAbs(now.Width() - extent.Width()) < 2 * pixel);
     view->StopRender(true);
 }
@@ -220,13 +223,14 @@ void tst_PageLayoutView::drawToDrawsDeskPageAndMap() {
     layout->DrawTo(surface, 0);
     const QImage& image = surface->Image();
     const HODisplayTransform t = layout->GetDisplayTransform();
-    QCOMPARE(image.pixel(2, 2), qRgb(160, 160, 160));                        // desk
-    QCOMPARE(image.pixel(pixelOf(t, 5, 105)), qRgb(255, 255, 255));          // page margin
-    QCOMPARE(image.pixel(pixelOf(t, 148.5, 105)), qRgb(255, 0, 0));          // the map
+    QCOMPARE(image.pixel(2, 2), qRgb(160, 160, 160));                // desk
+    QCOMPARE(image.pixel(pixelOf(t, 5, 105)), qRgb(255, 255, 255));  // page margin
+    QCOMPARE(image.pixel(pixelOf(t, 148.5, 105)), qRgb(255, 0, 0));  // the map
     const QPoint corner = pixelOf(t, 297, 0);
-    QCOMPARE(image.pixel(corner + QPoint(2, 2)), qRgb(90, 90, 90));          // shadow
-    const QRgb border = image.pixel(pixelOf(t, 10, 105));                   // the frame's outline,
-    QVERIFY2(qRed(border) < 128 && qGreen(border) < 128, qPrintable(QString::number(border, 16)));  // antialiased
+    QCOMPARE(image.pixel(corner + QPoint(2, 2)), qRgb(90, 90, 90));  // shadow
+    const QRgb border = image.pixel(pixelOf(t, 10, 105));            // the frame's outline,
+    QVERIFY2(qRed(border) < 128 && qGreen(border) < 128,
+             qPrintable(QString::number(border, 16)));  // antialiased
 }
 
 void tst_PageLayoutView::operatingFrameSignal() {
@@ -265,7 +269,8 @@ void tst_PageLayoutView::locateElements() {
     container.AddElement(a);
     container.AddElement(b);
     QString found;
-    for (const auto& element : container.LocateElements(point, tolerance)) found += element.get() == a.get() ? "A" : "B";
+    for (const auto& element : container.LocateElements(point, tolerance))
+        found += element.get() == a.get() ? "A" : "B";
     QCOMPARE(found, expected);
 }
 

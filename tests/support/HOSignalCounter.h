@@ -2,16 +2,18 @@
 // Counts the firings of an object-model event signal (and the ones with a null event, which no signal
 // may send), remembering whether any came from a thread other than the test's. Unbinds itself when
 // destroyed. Header-only.
-#include "HOEventSignal.h"
-
 #include <QString>
 #include <atomic>
 #include <thread>
 
+#include "HOEventSignal.h"
+
 class HOSignalCounter {
 public:
     explicit HOSignalCounter(HXObjects::HOEventSignal& signal)
-        : m_signal(signal), m_key(QStringLiteral("counter %1").arg(quintptr(this))), m_owner(std::this_thread::get_id()) {
+        : m_signal(signal),
+          m_key(QStringLiteral("counter %1").arg(quintptr(this))),
+          m_owner(std::this_thread::get_id()) {
         m_signal.bind(m_key, [this](void* sender, HXObjects::HOEvent* event) {
             lastSender.store(sender);
             if (!event) ++nullEvents;

@@ -3,15 +3,15 @@
 // `renderMs` per render, polling the cancel flag every millisecond as real layers do, so tests can
 // cancel a render mid-way. It counts how often it was asked to render and how often it gave up.
 // Header-only: only tests that link the map library include it.
-#include "HOCoordinateSystem.h"
-#include "HOLayer.h"
-#include "HORenderContext.h"
-
 #include <QColor>
 #include <QPainter>
 #include <atomic>
 #include <chrono>
 #include <thread>
+
+#include "HOCoordinateSystem.h"
+#include "HOLayer.h"
+#include "HORenderContext.h"
 
 class HOTestRectLayer : public HXObjects::HOLayer {
 public:
@@ -20,7 +20,9 @@ public:
         : m_rect(rect), m_color(color), m_system(std::move(system)) {}
 
     LayerType GetLayerType() const override { return PolygonLayer; }
-    HXObjects::HORefPtr<HXObjects::HOCoordinateSystem> GetSpatialReference() const override { return m_system; }
+    HXObjects::HORefPtr<HXObjects::HOCoordinateSystem> GetSpatialReference() const override {
+        return m_system;
+    }
     HXObjects::HORect GetExtent() const override { return m_rect; }
     HXObjects::HORect GetExtentIn(const HXObjects::HOCoordinateSystem*) const override { return m_rect; }
 

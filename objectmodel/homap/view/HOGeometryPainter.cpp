@@ -9,10 +9,14 @@ namespace {
 
 Qt::PenStyle penStyle(HOStyle::DashPattern dash) {
     switch (dash) {
-    case HOStyle::Dash: return Qt::DashLine;
-    case HOStyle::Dot: return Qt::DotLine;
-    case HOStyle::DashDot: return Qt::DashDotLine;
-    case HOStyle::Solid: break;
+        case HOStyle::Dash:
+            return Qt::DashLine;
+        case HOStyle::Dot:
+            return Qt::DotLine;
+        case HOStyle::DashDot:
+            return Qt::DashDotLine;
+        case HOStyle::Solid:
+            break;
     }
     return Qt::SolidLine;
 }
@@ -22,25 +26,33 @@ QPainterPath markerShape(HOStyle::MarkerShape shape, double size) {
     const double r = size / 2.0;
     QPainterPath p;
     switch (shape) {
-    case HOStyle::Square: p.addRect(-r, -r, size, size); break;
-    case HOStyle::Triangle: p.addPolygon(QPolygonF({{0, -r}, {r, r}, {-r, r}, {0, -r}})); break;
-    case HOStyle::Diamond: p.addPolygon(QPolygonF({{0, -r}, {r, 0}, {0, r}, {-r, 0}, {0, -r}})); break;
-    case HOStyle::Cross:
-        p.addRect(-r, -r / 4, size, r / 2);
-        p.addRect(-r / 4, -r, r / 2, size);
-        p.setFillRule(Qt::WindingFill);
-        break;
-    case HOStyle::Star: {
-        QPolygonF star;
-        for (int i = 0; i <= 10; ++i) {
-            const double radius = (i % 2) ? r * 0.45 : r;
-            const double angle = -M_PI / 2 + i * M_PI / 5;
-            star << QPointF(radius * std::cos(angle), radius * std::sin(angle));
+        case HOStyle::Square:
+            p.addRect(-r, -r, size, size);
+            break;
+        case HOStyle::Triangle:
+            p.addPolygon(QPolygonF({{0, -r}, {r, r}, {-r, r}, {0, -r}}));
+            break;
+        case HOStyle::Diamond:
+            p.addPolygon(QPolygonF({{0, -r}, {r, 0}, {0, r}, {-r, 0}, {0, -r}}));
+            break;
+        case HOStyle::Cross:
+            p.addRect(-r, -r / 4, size, r / 2);
+            p.addRect(-r / 4, -r, r / 2, size);
+            p.setFillRule(Qt::WindingFill);
+            break;
+        case HOStyle::Star: {
+            QPolygonF star;
+            for (int i = 0; i <= 10; ++i) {
+                const double radius = (i % 2) ? r * 0.45 : r;
+                const double angle = -M_PI / 2 + i * M_PI / 5;
+                star << QPointF(radius * std::cos(angle), radius * std::sin(angle));
+            }
+            p.addPolygon(star);
+            break;
         }
-        p.addPolygon(star);
-        break;
-    }
-    case HOStyle::Circle: p.addEllipse(QPointF(0, 0), r, r); break;
+        case HOStyle::Circle:
+            p.addEllipse(QPointF(0, 0), r, r);
+            break;
     }
     return p;
 }
@@ -74,7 +86,8 @@ QPainterPath HOGeometryPainter::path(const HOGeometry& geometry, bool closed) co
     return p;
 }
 
-QPainterPath HOGeometryPainter::markers(const HOGeometry& geometry, HOStyle::MarkerShape shape, double size) const {
+QPainterPath HOGeometryPainter::markers(const HOGeometry& geometry, HOStyle::MarkerShape shape,
+                                        double size) const {
     const QPainterPath marker = markerShape(shape, size);
     QPainterPath all;
     for (const auto& part : geometry.Parts()) {
@@ -87,8 +100,9 @@ QPainterPath HOGeometryPainter::markers(const HOGeometry& geometry, HOStyle::Mar
 }
 
 void HOGeometryPainter::Draw(const HOGeometry& geometry, const HOStyle* style) {
-    const HOStyle::StyleType fallbackType =
-        isPoint(geometry) ? HOStyle::MarkerStyle : isArea(geometry) ? HOStyle::FillStyle : HOStyle::LineStyle;
+    const HOStyle::StyleType fallbackType = isPoint(geometry)  ? HOStyle::MarkerStyle
+                                            : isArea(geometry) ? HOStyle::FillStyle
+                                                               : HOStyle::LineStyle;
     const HOStyle fallback(fallbackType);
     const HOStyle& s = style ? *style : fallback;
     m_painter.save();

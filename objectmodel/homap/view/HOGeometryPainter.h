@@ -2,11 +2,11 @@
 // HOGeometryPainter: draws a standalone geometry (map coordinates) with a style onto a painter through
 // a display transform: markers for points, pens for lines, fills for polygons (odd-even rings). Used
 // for the graphics layer's elements and for flashing a geometry.
+#include <QPainterPath>
+
 #include "HODisplayTransform.h"
 #include "HOGeometry.h"
 #include "HOStyle.h"
-
-#include <QPainterPath>
 
 class QPainter;
 

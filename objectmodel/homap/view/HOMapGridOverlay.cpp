@@ -28,8 +28,8 @@ bool HOMapGridOverlay::linesFit(double from, double to, double step) {
     return step > 0.0 && std::isfinite(step) && (to - from) / step < kMaxLines;
 }
 
-void HOMapGridOverlay::Draw(QPainter& painter, const HOMapRulerAndGrid& settings, const HODisplayTransform& transform,
-                            const HOSize& size) {
+void HOMapGridOverlay::Draw(QPainter& painter, const HOMapRulerAndGrid& settings,
+                            const HODisplayTransform& transform, const HOSize& size) {
     if (!settings.get_draw_km_grid() || size.width <= 0 || size.height <= 0) return;
     const bool manual = settings.get_manually_set_km_grid_distanse();
     const double autoStep = RoundSpacing(transform.unitsPerPixel, kAutoSpacingPixels);

@@ -13,8 +13,8 @@ namespace HXObjects {
 class HOMapGridOverlay {
 public:
     static bool IsEnabled(const HOMapRulerAndGrid& settings);
-    static void Draw(QPainter& painter, const HOMapRulerAndGrid& settings, const HODisplayTransform& transform,
-                     const HOSize& size);
+    static void Draw(QPainter& painter, const HOMapRulerAndGrid& settings,
+                     const HODisplayTransform& transform, const HOSize& size);
     // A 1, 2 or 5 times a power of ten about `pixels` wide at the transform's scale.
     static double RoundSpacing(double unitsPerPixel, double pixels);
 

@@ -1,10 +1,10 @@
 #include "HOMapRenderer.h"
 
+#include <QPainter>
+
 #include "HOCoordinateSystem.h"
 #include "HOLayer.h"
 #include "HORenderContext.h"
-
-#include <QPainter>
 
 namespace HXObjects {
 
@@ -40,7 +40,8 @@ void HOMapRenderer::Stop(bool wait) {
     m_pending.reset();
     m_carryOver = false;
     if (m_running) m_cancel->Cancel();
-    if (wait && std::this_thread::get_id() != m_thread.get_id()) m_idle.wait(lock, [this] { return !m_running; });
+    if (wait && std::this_thread::get_id() != m_thread.get_id())
+        m_idle.wait(lock, [this] { return !m_running; });
 }
 
 void HOMapRenderer::Pause() {
@@ -185,7 +186,8 @@ bool HOMapRenderer::render(HORenderRequest& request) {
     return true;
 }
 
-bool HOMapRenderer::renderLayer(HOLayer& layer, const HORenderRequest& request, const HOCoordinateSystem* system) {
+bool HOMapRenderer::renderLayer(HOLayer& layer, const HORenderRequest& request,
+                                const HOCoordinateSystem* system) {
     QImage image(request.size.width, request.size.height, QImage::Format_ARGB32_Premultiplied);
     if (image.isNull()) return false;
     image.fill(Qt::transparent);
@@ -197,7 +199,8 @@ bool HOMapRenderer::renderLayer(HOLayer& layer, const HORenderRequest& request, 
         context.transform = request.transform;
         context.size = request.size;
         const HOPoint bottomRight = request.transform.ToMap(request.size.width, request.size.height);
-        context.extent = HORect(request.transform.extentLeft, bottomRight.x, bottomRight.y, request.transform.extentTop);
+        context.extent =
+            HORect(request.transform.extentLeft, bottomRight.x, bottomRight.y, request.transform.extentTop);
         context.mapSystem = system;
         context.cancel = m_cancel;
         context.dpi = request.dpi;

@@ -7,10 +7,6 @@
 //
 // Owned by its map view; the destructor stops and joins the thread. The callbacks run on the render
 // thread (and only there), with no lock held.
-#include "HORenderRequest.h"
-#include "HOTrackCancel.h"
-#include "HOViewFrame.h"
-
 #include <chrono>
 #include <condition_variable>
 #include <functional>
@@ -20,6 +16,10 @@
 #include <set>
 #include <thread>
 #include <vector>
+
+#include "HORenderRequest.h"
+#include "HOTrackCancel.h"
+#include "HOViewFrame.h"
 
 namespace HXObjects {
 

@@ -8,17 +8,24 @@ namespace HXObjects {
 
 double HOMapScale::MetresPerUnit(HOUnitType unit) {
     switch (unit) {
-    case HOUnitFoot: return 0.3048;
-    case HOUnitYard: return 0.9144;
-    case HOUnitMile: return 1609.344;
-    case HOUnitNauticalMile: return 1852.0;
-    case HOUnitKilometer: return 1000.0;
-    case HOUnitDegree:
-    case HOUnitDecimalDegree:
-    case HOUnitDegreeMinuteSecond:
-    case HOUnitDegreeDecimalMinute: return 2.0 * M_PI * kEarthRadius / 360.0;
-    case HOUnitMeter:
-    case HOUnitUnknown: break;
+        case HOUnitFoot:
+            return 0.3048;
+        case HOUnitYard:
+            return 0.9144;
+        case HOUnitMile:
+            return 1609.344;
+        case HOUnitNauticalMile:
+            return 1852.0;
+        case HOUnitKilometer:
+            return 1000.0;
+        case HOUnitDegree:
+        case HOUnitDecimalDegree:
+        case HOUnitDegreeMinuteSecond:
+        case HOUnitDegreeDecimalMinute:
+            return 2.0 * M_PI * kEarthRadius / 360.0;
+        case HOUnitMeter:
+        case HOUnitUnknown:
+            break;
     }
     return 1.0;
 }

@@ -1,13 +1,13 @@
 #pragma once
 // HORenderRequest: what a map view asks its renderer for — the map, where to look, and which layers
 // must be drawn again even where their cached picture is still at the right place.
+#include <set>
+
 #include "HOColor.h"
 #include "HODisplayTransform.h"
 #include "HOMap.h"
 #include "HORefPtr.h"
 #include "HOSize.h"
-
-#include <set>
 
 namespace HXObjects {
 

@@ -2,7 +2,8 @@
 
 namespace HXObjects {
 
-HOTwinkle::HOTwinkle(HORefPtr<HOGeometry> geometry, HORefPtr<HOStyle> style, int times, Clock::time_point start)
+HOTwinkle::HOTwinkle(HORefPtr<HOGeometry> geometry, HORefPtr<HOStyle> style, int times,
+                     Clock::time_point start)
     : m_geometry(std::move(geometry)), m_style(std::move(style)), m_times(times), m_start(start) {}
 
 bool HOTwinkle::IsShownAt(Clock::time_point now) const {

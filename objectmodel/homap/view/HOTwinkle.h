@@ -2,12 +2,12 @@
 // HOTwinkle: a geometry flashed over the map a number of times — shown for one phase, hidden for the
 // next — from a start time. The view draws it while it is shown and asks for a redraw at every
 // change, so the caller never waits.
+#include <chrono>
+#include <vector>
+
 #include "HOGeometry.h"
 #include "HORefPtr.h"
 #include "HOStyle.h"
-
-#include <chrono>
-#include <vector>
 
 namespace HXObjects {
 

@@ -2,11 +2,11 @@
 // HOViewFrame: a rendered picture and the transform it was drawn at. Drawn at another transform it is
 // moved and scaled so that every map point lands where that transform puts it — the preview shown
 // while a new picture renders. Copies share the pixels (QImage is implicitly shared).
-#include "HODisplayTransform.h"
-
 #include <QColor>
 #include <QImage>
 #include <QRectF>
+
+#include "HODisplayTransform.h"
 
 class QPainter;
 

@@ -6,7 +6,9 @@
 namespace HXObjects {
 
 namespace {
-bool usable(const HOSize& size) { return size.width > 0 && size.height > 0; }
+bool usable(const HOSize& size) {
+    return size.width > 0 && size.height > 0;
+}
 bool finite(const HORect& r) {
     return std::isfinite(r.minx) && std::isfinite(r.maxx) && std::isfinite(r.miny) && std::isfinite(r.maxy);
 }
@@ -42,8 +44,10 @@ bool HOViewport::SetUnitsPerPixel(double unitsPerPixel) {
 }
 
 bool HOViewport::ZoomByFactor(double factor, const HOPoint& fixed) {
-    if (!std::isfinite(factor) || factor <= 0.0 || !std::isfinite(fixed.x) || !std::isfinite(fixed.y)) return false;
-    const HOPoint centre(fixed.x + (m_center.x - fixed.x) * factor, fixed.y + (m_center.y - fixed.y) * factor);
+    if (!std::isfinite(factor) || factor <= 0.0 || !std::isfinite(fixed.x) || !std::isfinite(fixed.y))
+        return false;
+    const HOPoint centre(fixed.x + (m_center.x - fixed.x) * factor,
+                         fixed.y + (m_center.y - fixed.y) * factor);
     if (!SetUnitsPerPixel(m_unitsPerPixel * factor)) return false;
     m_center = centre;
     return true;
