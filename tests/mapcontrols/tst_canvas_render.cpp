@@ -11,6 +11,7 @@
 #include "HXCanvasProbe.h"
 #include "HXMapWidget.h"
 #include "HXRecordingCanvas.h"
+#include "HXTooltip.h"
 
 using namespace HXObjects;
 using namespace HXCanvasProbe;
@@ -61,6 +62,8 @@ private slots:
     void renderControls();
     void resize_data();
     void resize();
+    void tipHidesWhenTheMouseLeaves_data();
+    void tipHidesWhenTheMouseLeaves();
 };
 
 void TestCanvasRender::paintLayers_data() {
@@ -292,6 +295,28 @@ void TestCanvasRender::resize() {
     QCOMPARE(fixture.map->calls(), mapCalls);
     QCOMPARE(fixture.layout->calls(), layoutCalls);
     QCOMPARE(extents.count(), extentSignals);
+}
+
+void TestCanvasRender::tipHidesWhenTheMouseLeaves_data() {
+    QTest::addColumn<int>("type");
+    QTest::addColumn<bool>("stays");
+    QTest::newRow("leave") << int(QEvent::Leave) << false;
+    QTest::newRow("window deactivated") << int(QEvent::WindowDeactivate) << false;
+    QTest::newRow("enter") << int(QEvent::Enter) << true;
+}
+
+void TestCanvasRender::tipHidesWhenTheMouseLeaves() {
+    QFETCH(int, type);
+    QFETCH(bool, stays);
+    HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
+    QEvent before{QEvent::Type(type)};
+    QCoreApplication::sendEvent(&canvas, &before);  // no tip yet: nothing to hide
+    canvas.ShowTip(10, 10, "Next point");
+    auto* tip = canvas.findChild<HXTooltip*>();
+    QVERIFY(tip && tip->isVisible());
+    QEvent event{QEvent::Type(type)};
+    QCoreApplication::sendEvent(&canvas, &event);
+    QCOMPARE(tip->isVisible(), stays);
 }
 
 QTEST_MAIN(TestCanvasRender)
