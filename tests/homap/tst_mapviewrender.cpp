@@ -59,6 +59,18 @@ private:
         view->SetExtent(HORect(0, 100, 0, 100));
         return view;
     }
+    // A map of one rectangle layer (taking `renderMs` per render) in such a view.
+    struct Scene {
+        Scene(const HORect& rect, const QColor& color, int renderMs = 0)
+            : map(new HOMap), layer(new HOTestRectLayer(rect, color)) {
+            layer->renderMs = renderMs;
+            map->AddLayer(layer);
+            view = viewOf(map);
+        }
+        HORefPtr<HOMap> map;
+        HORefPtr<HOTestRectLayer> layer;
+        HORefPtr<HOMapView> view;
+    };
 
 private slots:
     void rendersLayersInMapOrder();
@@ -137,10 +149,8 @@ void tst_MapViewRender::previewWhileRendering() {
     QFETCH(QString, move);
     QFETCH(QPoint, redPixel);
     QFETCH(QPoint, whitePixel);
-    HORefPtr<HOMap> map(new HOMap);
-    HORefPtr<HOTestRectLayer> layer(new HOTestRectLayer(HORect(25, 75, 25, 75), Qt::red));
-    map->AddLayer(layer);
-    const auto view = viewOf(map);
+    const Scene scene(HORect(25, 75, 25, 75), Qt::red);
+    const auto& [map, layer, view] = scene;
     QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
 
     layer->renderMs = 10000;  // the new picture will not be ready while we look
@@ -158,11 +168,8 @@ void tst_MapViewRender::previewWhileRendering() {
 }
 
 void tst_MapViewRender::stopRenderCancelsQuicklyAndANewRenderCompletes() {
-    HORefPtr<HOMap> map(new HOMap);
-    HORefPtr<HOTestRectLayer> layer(new HOTestRectLayer(HORect(0, 100, 0, 100), Qt::red));
-    layer->renderMs = 10000;
-    map->AddLayer(layer);
-    const auto view = viewOf(map);
+    const Scene scene(HORect(0, 100, 0, 100), Qt::red, 10000);
+    const auto& [map, layer, view] = scene;
     HOSignalCounter finished(view->RenderFinishedSignal);
     QTRY_VERIFY_WITH_TIMEOUT(layer->renders > 0, kRenderTimeout);
     QVERIFY(view->IsRendering());
@@ -184,11 +191,8 @@ void tst_MapViewRender::stopRenderCancelsQuicklyAndANewRenderCompletes() {
 }
 
 void tst_MapViewRender::newExtentCancelsTheRunningRender() {
-    HORefPtr<HOMap> map(new HOMap);
-    HORefPtr<HOTestRectLayer> layer(new HOTestRectLayer(HORect(0, 100, 0, 100), Qt::red));
-    layer->renderMs = 10000;
-    map->AddLayer(layer);
-    const auto view = viewOf(map);
+    const Scene scene(HORect(0, 100, 0, 100), Qt::red, 10000);
+    const auto& [map, layer, view] = scene;
     HOSignalCounter finished(view->RenderFinishedSignal);
     QTRY_VERIFY_WITH_TIMEOUT(layer->renders > 0, kRenderTimeout);
     const int started = layer->renders;
@@ -207,11 +211,8 @@ void tst_MapViewRender::newExtentCancelsTheRunningRender() {
 }
 
 void tst_MapViewRender::trackCancelStopsTheRender() {
-    HORefPtr<HOMap> map(new HOMap);
-    HORefPtr<HOTestRectLayer> layer(new HOTestRectLayer(HORect(0, 100, 0, 100), Qt::red));
-    layer->renderMs = 10000;
-    map->AddLayer(layer);
-    const auto view = viewOf(map);
+    const Scene scene(HORect(0, 100, 0, 100), Qt::red, 10000);
+    const auto& [map, layer, view] = scene;
     HOSignalCounter finished(view->RenderFinishedSignal);
     QTRY_VERIFY_WITH_TIMEOUT(layer->renders > 0, kRenderTimeout);
     view->GetTrackCancel()->Cancel();
@@ -221,10 +222,8 @@ void tst_MapViewRender::trackCancelStopsTheRender() {
 }
 
 void tst_MapViewRender::pauseHoldsRendering() {
-    HORefPtr<HOMap> map(new HOMap);
-    HORefPtr<HOTestRectLayer> layer(new HOTestRectLayer(HORect(0, 100, 0, 100), Qt::red));
-    map->AddLayer(layer);
-    const auto view = viewOf(map);
+    const Scene scene(HORect(0, 100, 0, 100), Qt::red);
+    const auto& [map, layer, view] = scene;
     QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
     const int before = layer->renders;
 
@@ -265,10 +264,8 @@ void tst_MapViewRender::refreshRendersOnlyThatLayer() {
 }
 
 void tst_MapViewRender::resizeDragRendersOnce() {
-    HORefPtr<HOMap> map(new HOMap);
-    HORefPtr<HOTestRectLayer> layer(new HOTestRectLayer(HORect(0, 100, 0, 100), Qt::red));
-    map->AddLayer(layer);
-    const auto view = viewOf(map);
+    const Scene scene(HORect(0, 100, 0, 100), Qt::red);
+    const auto& [map, layer, view] = scene;
     QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
     const int before = layer->renders;
     for (int i = 1; i <= 20; ++i) {
@@ -312,9 +309,8 @@ void tst_MapViewRender::redrawsAreThrottledAndFromTheWorker() {
 }
 
 void tst_MapViewRender::unbindWhileTheWorkerFires() {
-    HORefPtr<HOMap> map(new HOMap);
-    map->AddLayer(new HOTestRectLayer(HORect(0, 100, 0, 100), Qt::red));
-    const auto view = viewOf(map);
+    const Scene scene(HORect(0, 100, 0, 100), Qt::red);
+    const auto& view = scene.view;
     // Each receiver is destroyed right after unbinding: a callback still running (or starting) on the
     // worker after unbind returned would touch freed memory.
     struct Receiver {
@@ -338,11 +334,8 @@ void tst_MapViewRender::unbindWhileTheWorkerFires() {
 }
 
 void tst_MapViewRender::destroyWhileRendering() {
-    HORefPtr<HOMap> map(new HOMap);
-    HORefPtr<HOTestRectLayer> layer(new HOTestRectLayer(HORect(0, 100, 0, 100), Qt::red));
-    layer->renderMs = 10000;
-    map->AddLayer(layer);
-    auto view = viewOf(map);
+    Scene scene(HORect(0, 100, 0, 100), Qt::red, 10000);
+    auto& [map, layer, view] = scene;
     QTRY_VERIFY_WITH_TIMEOUT(layer->renders > 0, kRenderTimeout);
     QElapsedTimer timer;
     timer.start();
@@ -353,10 +346,8 @@ void tst_MapViewRender::destroyWhileRendering() {
 }
 
 void tst_MapViewRender::drawAddsGraphicsAndToolDrawing() {
-    HORefPtr<HOMap> map(new HOMap);
-    HORefPtr<HOTestRectLayer> layer(new HOTestRectLayer(HORect(0, 100, 0, 100), Qt::red));
-    map->AddLayer(layer);
-    const auto view = viewOf(map);
+    const Scene scene(HORect(0, 100, 0, 100), Qt::red);
+    const auto& [map, layer, view] = scene;
     QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
 
     HORefPtr<HOGeometry> square(new HOGeometry(HOGeometry::GeoPolygon));
@@ -379,9 +370,8 @@ void tst_MapViewRender::drawAddsGraphicsAndToolDrawing() {
 }
 
 void tst_MapViewRender::flashingDoesNotBlock() {
-    HORefPtr<HOMap> map(new HOMap);
-    map->AddLayer(new HOTestRectLayer(HORect(0, 100, 0, 100), Qt::blue));
-    const auto view = viewOf(map);
+    const Scene scene(HORect(0, 100, 0, 100), Qt::blue);
+    const auto& view = scene.view;
     QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
     HORefPtr<HOGeometry> line(new HOGeometry(HOGeometry::GeoLineString));
     line->AddPart({{0, 50}, {100, 50}});
@@ -400,9 +390,8 @@ void tst_MapViewRender::flashingDoesNotBlock() {
 }
 
 void tst_MapViewRender::gridShowsAfterARedrawRequest() {
-    HORefPtr<HOMap> map(new HOMap);
-    map->AddLayer(new HOTestRectLayer(HORect(0, 100, 0, 100), Qt::blue));
-    const auto view = viewOf(map);
+    const Scene scene(HORect(0, 100, 0, 100), Qt::blue);
+    const auto& view = scene.view;
     QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
     HOMapRulerAndGrid* grid = view->GetRulerAndGridSetting();
     QVERIFY(grid);
@@ -425,9 +414,8 @@ void tst_MapViewRender::gridShowsAfterARedrawRequest() {
 }
 
 void tst_MapViewRender::middleButtonDragPans() {
-    HORefPtr<HOMap> map(new HOMap);
-    map->AddLayer(new HOTestRectLayer(HORect(0, 100, 0, 100), Qt::blue));
-    const auto view = viewOf(map);
+    const Scene scene(HORect(0, 100, 0, 100), Qt::blue);
+    const auto& view = scene.view;
     view->MouseUp(3, 40, 40);  // pressed elsewhere: nothing to finish
     QCOMPARE(view->GetExtent(), HORect(0, 100, 0, 100));
     view->MouseDown(3, 10, 10);
