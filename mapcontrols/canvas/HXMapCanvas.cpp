@@ -134,8 +134,8 @@ HXMapCanvas::~HXMapCanvas() {
     emit beforeDestroyed();
     if (mMapTool) mMapTool->Deactivate();
 
-    if (mMapView) HOUnbindMember(mMapView->BoundChangedSignal, this, &HXMapCanvas::viewBoundChangedCallback);
     if (mMapView) {
+        HOUnbindMember(mMapView->BoundChangedSignal, this, &HXMapCanvas::viewBoundChangedCallback);
         mMapView->StopRender(true);
         HOUnbindMember(mMapView->RedrawSignal, mMapWidget, &HXMapWidget::onViewRedraw);
         HOUnbindMember(mMapView->ScaleChangedSignal, this, &HXMapCanvas::scaleChangedCallback);
@@ -177,6 +177,8 @@ HOPageLayoutView* HXMapCanvas::GetPageLayoutView() {
 
 void HXMapCanvas::SetPageLayoutView(HOPageLayoutView* view) {
     mPageLayoutView = view;
+    // Outside the contract; without a layout there is nothing to bind.
+    if (!mPageLayoutView) return;
     HOBindMember(mPageLayoutView->RedrawSignal, mMapWidget, &HXMapWidget::onViewRedraw);
     HOBindMember(mPageLayoutView->ActiveElementChangedSignal, this,
                  &HXMapCanvas::pagelyoutViewChangeActiveCallback);

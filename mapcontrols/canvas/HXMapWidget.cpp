@@ -54,6 +54,7 @@ void HXMapWidget::onViewRedraw(void* sender, HOEvent*) {
     if (!surface) return;
     surface->SetSize(w, h);
     surface->Begin();
+    // Views fire their signals with themselves as the sender.
     drawView(static_cast<HOView*>(sender), surface);
 
     const QImage pixels(surface->Bits(), surface->Width(), surface->Height(),
