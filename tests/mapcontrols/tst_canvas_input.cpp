@@ -82,6 +82,9 @@ private slots:
     void escapeCancelsDrawing_data();
     void escapeCancelsDrawing();
     void editFeatureAfterSelection();
+    void unboundKeys_data();
+    void unboundKeys();
+    void reservedModeReachesNoView();
 
 private:
     std::vector<HORefPtr<HORecordingTool>> mTools;
@@ -421,6 +424,60 @@ void TestCanvasInput::editFeatureAfterSelection() {
     fixture.canvas.setMapTool(plain);
     Send(fixture.canvas, QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton, {});
     QCOMPARE(spy.count(), 1);  // without "class " in front it is not the attribute editor
+}
+
+void TestCanvasInput::unboundKeys_data() {
+    QTest::addColumn<QEvent::Type>("type");
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<bool>("withTool");
+    QTest::addColumn<bool>("accepted");
+    const auto press = QEvent::KeyPress, release = QEvent::KeyRelease;
+    QTest::newRow("press F") << press << int(Qt::Key_F) << 0 << false << false;
+    QTest::newRow("press F with a tool") << press << int(Qt::Key_F) << 0 << true << true;
+    QTest::newRow("press A without control")
+        << press << int(Qt::Key_A) << int(Qt::ShiftModifier) << false << false;
+    QTest::newRow("press control A") << press << int(Qt::Key_A) << int(Qt::ControlModifier) << false << true;
+    QTest::newRow("press every modifier")
+        << press << int(Qt::Key_Z) << int(Qt::KeyboardModifierMask) << false << false;
+    QTest::newRow("release F") << release << int(Qt::Key_F) << 0 << false << false;
+    QTest::newRow("release F with a tool") << release << int(Qt::Key_F) << 0 << true << true;
+    QTest::newRow("release space without a hand") << release << int(Qt::Key_Space) << 0 << false << false;
+}
+
+void TestCanvasInput::unboundKeys() {
+    QFETCH(QEvent::Type, type);
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QFETCH(bool, withTool);
+    QFETCH(bool, accepted);
+    HXInputCanvas fixture(HXMapCanvas::MapViewMode);
+    HORefPtr<HORecordingTool> tool = new HORecordingTool("A");
+    if (withTool) fixture.canvas.setMapTool(tool);
+    QCOMPARE(SendKey(fixture.canvas, type, key, Qt::KeyboardModifiers(modifiers)), accepted);
+    QCOMPARE(fixture.map->extent, HORect(0, 400, 0, 200));
+}
+
+void TestCanvasInput::reservedModeReachesNoView() {
+    HXMapCanvas canvas(HXMapCanvas::ReservedMode, nullptr);
+    HORefPtr<HOInputRecordingMapView> view = new HOInputRecordingMapView();
+    canvas.SetMapView(view);
+    view->calls.clear();
+    QSignalSpy pressed(&canvas, &HXMapCanvas::mousePressed);
+    QSignalSpy moved(&canvas, &HXMapCanvas::xyCoordinates);
+    QSignalSpy keys(&canvas, &HXMapCanvas::keyPressed);
+    Send(canvas, QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton, QPoint(3, 4));
+    Send(canvas, QEvent::MouseMove, Qt::NoButton, Qt::LeftButton, QPoint(5, 6));
+    Send(canvas, QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton, QPoint(5, 6));
+    Send(canvas, QEvent::MouseButtonDblClick, Qt::LeftButton, Qt::LeftButton, QPoint(5, 6));
+    for (int key : {int(Qt::Key_Left), int(Qt::Key_PageUp), int(Qt::Key_Delete)})
+        SendKey(canvas, QEvent::KeyPress, key, Qt::NoModifier);
+    SendKey(canvas, QEvent::KeyRelease, Qt::Key_C, Qt::ControlModifier);
+    QVERIFY(view->calls.isEmpty());
+    QCOMPARE(pressed.count(), 2);
+    QCOMPARE(moved.count(), 0);
+    QCOMPARE(keys.count(), 3);
+    QVERIFY(!canvas.getMapTool());
 }
 
 QTEST_MAIN(TestCanvasInput)
