@@ -18,6 +18,9 @@ Q_DECLARE_METATYPE(HXMapCanvas::ViewMode)
 Q_DECLARE_METATYPE(QEvent::Type)
 Q_DECLARE_METATYPE(Qt::MouseButton)
 Q_DECLARE_METATYPE(HXObjects::HOMap*)
+Q_DECLARE_METATYPE(HXObjects::HOTool*)
+Q_DECLARE_METATYPE(QMouseEvent*)
+Q_DECLARE_METATYPE(QKeyEvent*)
 
 namespace {
 
@@ -92,6 +95,9 @@ private:
 
 void TestCanvasInput::initTestCase() {
     qRegisterMetaType<HOMap*>();
+    qRegisterMetaType<HOTool*>();
+    qRegisterMetaType<QMouseEvent*>();
+    qRegisterMetaType<QKeyEvent*>();
     for (const char* name : kBoundTools) {
         mTools.emplace_back(new HORecordingTool(name));
         HOCMDPool::GetInstance()->RegisterTool(mTools.back());
