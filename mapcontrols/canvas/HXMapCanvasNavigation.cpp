@@ -56,6 +56,7 @@ void HXMapCanvas::setCenter(const HOPoint& p) {
     if (current.IsEmpty()) return;
     const double halfWidth = current.Width() / 2.0;
     const double halfHeight = current.Height() / 2.0;
+    // The view's extent is the one shown, so it goes in as magnified.
     setExtent(HORect(p.x - halfWidth, p.x + halfWidth, p.y - halfHeight, p.y + halfHeight), true);
 }
 
@@ -109,6 +110,8 @@ double HXMapCanvas::magnificationFactor() const {
 }
 
 void HXMapCanvas::setMagnificationFactor(double factor) {
+    // Clamping cannot place a NaN.
+    if (std::isnan(factor)) return;
     const double m = std::max(std::min(factor, kMaxMagnification), kMinMagnification);
     const double change = MagnificationChange(m, mMapSettings.magnificationFactor());
     // Lopsided on purpose: a decrease of exactly a hundredth is applied, an increase is not.

@@ -53,6 +53,7 @@ void TestCanvasNavigation::magnification_data() {
     QTest::newRow("above the limit") << 1.0 << 100.0 << 16.0;
     QTest::newRow("zero") << 1.0 << 0.0 << 0.1;
     QTest::newRow("negative") << 1.0 << -3.0 << 0.1;
+    QTest::newRow("not a number") << 1.0 << qQNaN() << 1.0;
     QTest::newRow("up by exactly a hundredth") << 1.0 << 1.01 << 1.0;
     QTest::newRow("down by exactly a hundredth") << 1.0 << 0.99 << 0.99;
     QTest::newRow("up by just over a hundredth") << 1.0 << 1.0101 << 1.0101;
