@@ -24,6 +24,20 @@ long long vertexCount(const OGRGeometry* g) {
     return n;
 }
 
+// The symbols bench/run gives the peers.
+void useThePeersStyle(HOFeatureLayer* layer) {
+    switch (layer->GetLayerType()) {
+    case HOLayer::PointLayer: {
+        HORefPtr<HOStyle> dot = HOStyle::NewMarker(HOStyle::Circle, 3, HOColor(200, 50, 40));
+        dot->SetOutlineColor(HOColor(200, 50, 40));
+        layer->SetStyle(dot);
+        break;
+    }
+    case HOLayer::PolylineLayer: layer->SetStyle(HOStyle::NewLine(1, HOColor(40, 80, 160))); break;
+    default: layer->SetStyle(HOStyle::NewFill(HOColor(170, 200, 150), HOColor(60, 90, 60), 1)); break;
+    }
+}
+
 }  // namespace
 
 LayerBench::LayerBench(const QString& gpkg, const QString& layer, const QSize& size, const QString& outDir)
@@ -48,6 +62,7 @@ LayerFigures LayerBench::Run() {
     const HOString source(m_gpkg + QStringLiteral("|layername=") + m_layer);
     f.open = BenchClock::Seconds([&] { layer = HODynamicCast<HOFeatureLayer>(OpenLayer(source)); });
     if (!layer) return f;
+    useThePeersStyle(layer);
     const HORect full = Widened(layer->GetExtent(), m_size);
     const HOPoint c = full.Center();
     const HORect zoom(c.x - full.Width() / 20, c.x + full.Width() / 20, c.y - full.Height() / 20,
@@ -58,6 +73,7 @@ LayerFigures LayerBench::Run() {
     f.plainRead = std::min(f.plainRead, plainRead(nullptr, nullptr));
     layer = nullptr;
     f.open = std::min(f.open, BenchClock::Seconds([&] { layer = HODynamicCast<HOFeatureLayer>(OpenLayer(source)); }));
+    useThePeersStyle(layer);
     f.memoryRatio = double(layer->GetGeometryBytes()) / (16.0 * double(f.vertices));
 
     f.zoomRender = render(layer, zoom, 7, &image);

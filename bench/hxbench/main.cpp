@@ -9,6 +9,7 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QGuiApplication>
+#include <gdal_priv.h>
 
 namespace {
 
@@ -38,6 +39,7 @@ void addLayerFigures(BenchReport& report, const QString& dataset, const LayerFig
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
     QGuiApplication app(argc, argv);
+    GDALAllRegister();
     QCommandLineParser parser;
     parser.addHelpOption();
     parser.addOption({"data", "The benchmark GeoPackage.", "gpkg"});

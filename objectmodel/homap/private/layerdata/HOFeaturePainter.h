@@ -3,11 +3,14 @@
 // lines stroked, points stamped from a marker image cached per style. One per painting thread; it
 // sets the painter's pen and brush only when the style changes.
 #include "HOFeatureStore.h"
+#include "HOLineRasterizer.h"
 #include "HOMarkerBlitter.h"
 #include "HOPixelPath.h"
 #include "HOStyle.h"
 
+#include <QBrush>
 #include <QImage>
+#include <QPen>
 #include <map>
 
 class QPainter;
@@ -23,6 +26,10 @@ public:
 
 private:
     void useStyle(const HOStyle& style);
+    // Switches the painter between filling (no pen) and stroking (no brush) only when needed.
+    void beginFill();
+    void beginStroke();
+    void stroke(const QPointF* points, int count);
     void drawPolygon(uint32_t feature);
     void drawLine(uint32_t feature);
     void drawPoints(uint32_t feature, const HOStyle& style, bool bulkStyle);
@@ -31,10 +38,17 @@ private:
     QPainter& m_painter;
     const HOFeatureStore& m_store;
     const HOFeatureTopology& m_topology;
+    std::map<const HOStyle*, QImage> m_markers;  // before the blitter, which stamps them until it goes
     HOPixelPath m_path;
     HOMarkerBlitter m_blitter;
+    HOLineRasterizer m_rasterizer;  // after the path: flushes what it queued when it goes
+    bool m_rasterizeLines = false;  // the current pen is drawn by m_rasterizer
     const HOStyle* m_current = nullptr;
-    std::map<const HOStyle*, QImage> m_markers;
+    QPen m_pen;
+    QBrush m_brush;
+    bool m_antialias;
+    enum class Mode { Unset, Fill, Stroke } m_mode = Mode::Unset;
+    const HOStyle* m_currentMarker = nullptr;
 };
 
 }  // namespace HXObjects

@@ -41,8 +41,11 @@ void HOFeatureRenderer::Render() {
         features.erase(std::remove_if(features.begin(), features.end(), isSelected), features.end());
     }
     const Range all{features.data(), features.data() + features.size()};
+    // Feature painters change pen, brush and hints; the caller gets its painter back as it was.
+    m_context.painter->save();
     const bool finished = canSplit(features.size()) ? drawInTwo(all) : draw(*m_context.painter, all, false);
     if (finished) draw(*m_context.painter, {selected.data(), selected.data() + selected.size()}, true);
+    m_context.painter->restore();
 }
 
 bool HOFeatureRenderer::draw(QPainter& painter, Range features, bool highlighted) const {

@@ -17,11 +17,12 @@ struct HOBox {
     HOVertex max{-INFINITY, -INFINITY};
 
     bool IsValid() const { return min.x <= max.x && min.y <= max.y; }
+    // A NaN coordinate compares false everywhere and so is left out.
     void Add(const HOVertex& v) {
-        min.x = std::fmin(min.x, v.x);
-        min.y = std::fmin(min.y, v.y);
-        max.x = std::fmax(max.x, v.x);
-        max.y = std::fmax(max.y, v.y);
+        if (v.x < min.x) min.x = v.x;
+        if (v.x > max.x) max.x = v.x;
+        if (v.y < min.y) min.y = v.y;
+        if (v.y > max.y) max.y = v.y;
     }
     void Add(const HOBox& b) {
         if (!b.IsValid()) return;

@@ -7,60 +7,56 @@
 
 namespace HXObjects {
 
-namespace {
+HOMarkerBlitter::HOMarkerBlitter(QPainter& painter) : m_painter(painter), m_target(HODirectTarget::Of(painter)) {}
 
-// x * a / 255 on all four premultiplied channels at once.
-inline uint32_t byteMul(uint32_t x, uint32_t a) {
-    uint32_t t = (x & 0xff00ff) * a;
-    t = ((t + ((t >> 8) & 0xff00ff) + 0x800080) >> 8) & 0xff00ff;
-    x = ((x >> 8) & 0xff00ff) * a;
-    x = (x + ((x >> 8) & 0xff00ff) + 0x800080) & 0xff00ff00;
-    return x | t;
-}
-
-bool drawsDirectly(const QPainter& painter) {
-    const QPaintDevice* device = painter.device();
-    if (!device || device->devType() != QInternal::Image) return false;
-    const auto* image = static_cast<const QImage*>(device);
-    const bool format =
-        image->format() == QImage::Format_ARGB32_Premultiplied || image->format() == QImage::Format_RGB32;
-    return format && painter.transform().isIdentity() && !painter.hasClipping() && painter.opacity() == 1.0 &&
-           painter.compositionMode() == QPainter::CompositionMode_SourceOver;
-}
-
-}  // namespace
-
-HOMarkerBlitter::HOMarkerBlitter(QPainter& painter) : m_painter(painter) {
-    if (drawsDirectly(painter)) m_target = static_cast<QImage*>(painter.device());
-}
+HOMarkerBlitter::~HOMarkerBlitter() { Flush(); }
 
 void HOMarkerBlitter::SetMarker(const QImage* marker, bool skipRepeats) {
+    Flush();
     m_marker = marker;
-    m_skipRepeats = skipRepeats && m_target;
+    m_markerWidth = marker ? marker->width() : 0;
+    m_markerHeight = marker ? marker->height() : 0;
+    m_skipRepeats = skipRepeats && m_target.IsValid();
     if (m_skipRepeats && m_stamped.empty())
-        m_stamped.assign((std::size_t(m_target->width()) * std::size_t(m_target->height()) + 63) / 64, 0);
+        m_stamped.assign((std::size_t(m_target.width) * std::size_t(m_target.height) + 63) / 64, 0);
 }
 
 void HOMarkerBlitter::Stamp(const QPointF& centre) {
     if (!m_marker) return;
     if (!std::isfinite(centre.x()) || !std::isfinite(centre.y())) return;
-    const int w = m_marker->width(), h = m_marker->height();
-    if (!m_target) {
+    const int w = m_markerWidth, h = m_markerHeight;
+    if (!m_target.IsValid()) {
         m_painter.drawImage(QPointF(centre.x() - w / 2.0, centre.y() - h / 2.0), *m_marker);
         return;
     }
     // Far outside the image: nothing to stamp (and no integer overflow below).
-    if (centre.x() < -w || centre.y() < -h || centre.x() > m_target->width() + w ||
-        centre.y() > m_target->height() + h)
+    if (centre.x() < -w || centre.y() < -h || centre.x() > m_target.width + w || centre.y() > m_target.height + h)
         return;
     const int x = int(std::floor(centre.x())), y = int(std::floor(centre.y()));
-    if (m_skipRepeats && alreadyStamped(x, y)) return;
-    composite(x - w / 2, y - h / 2);
+    if (m_skipRepeats)
+        m_queue.emplace_back(x, y);
+    else
+        composite(x - w / 2, y - h / 2);
+}
+
+void HOMarkerBlitter::Flush() {
+    if (m_queue.empty()) return;
+    // A counting sort by bands of 16 rows; a stamp may start up to a marker above the image.
+    constexpr int bandShift = 4;
+    const auto band = [&](const QPoint& p) { return std::size_t((p.y() + m_markerHeight) >> bandShift); };
+    std::vector<uint32_t> starts(std::size_t((m_target.height + 2 * m_markerHeight) >> bandShift) + 2, 0);
+    for (const QPoint& p : m_queue) ++starts[band(p) + 1];
+    for (std::size_t i = 1; i < starts.size(); ++i) starts[i] += starts[i - 1];
+    std::vector<QPoint> sorted(m_queue.size());
+    for (const QPoint& p : m_queue) sorted[starts[band(p)]++] = p;
+    m_queue.clear();
+    for (const QPoint& p : sorted)
+        if (!alreadyStamped(p.x(), p.y())) composite(p.x() - m_markerWidth / 2, p.y() - m_markerHeight / 2);
 }
 
 bool HOMarkerBlitter::alreadyStamped(int x, int y) {
-    if (x < 0 || y < 0 || x >= m_target->width() || y >= m_target->height()) return false;
-    const std::size_t bit = std::size_t(y) * std::size_t(m_target->width()) + std::size_t(x);
+    if (x < 0 || y < 0 || x >= m_target.width || y >= m_target.height) return false;
+    const std::size_t bit = std::size_t(y) * std::size_t(m_target.width) + std::size_t(x);
     uint64_t& word = m_stamped[bit / 64];
     const uint64_t mask = uint64_t(1) << (bit % 64);
     const bool seen = word & mask;
@@ -69,19 +65,14 @@ bool HOMarkerBlitter::alreadyStamped(int x, int y) {
 }
 
 void HOMarkerBlitter::composite(int left, int top) {
-    const int x0 = std::max(0, left), x1 = std::min(m_target->width(), left + m_marker->width());
-    const int y0 = std::max(0, top), y1 = std::min(m_target->height(), top + m_marker->height());
+    const int x0 = std::max(0, left), x1 = std::min(m_target.width, left + m_markerWidth);
+    const int y0 = std::max(0, top), y1 = std::min(m_target.height, top + m_markerHeight);
+    const auto* markerBits = reinterpret_cast<const uint32_t*>(m_marker->constBits());
+    const std::ptrdiff_t markerStride = m_marker->bytesPerLine() / 4;
     for (int y = y0; y < y1; ++y) {
-        auto* dst = reinterpret_cast<uint32_t*>(m_target->scanLine(y));
-        const auto* src = reinterpret_cast<const uint32_t*>(m_marker->constScanLine(y - top));
-        for (int x = x0; x < x1; ++x) {
-            const uint32_t s = src[x - left];
-            const uint32_t alpha = s >> 24;
-            if (alpha == 255)
-                dst[x] = s;
-            else if (alpha)
-                dst[x] = s + byteMul(dst[x], 255 - alpha);
-        }
+        uint32_t* dst = m_target.bits + y * m_target.stride;
+        const uint32_t* src = markerBits + (y - top) * markerStride;
+        for (int x = x0; x < x1; ++x) HODirectTarget::Blend(dst[x], src[x - left]);
     }
 }
 

@@ -58,11 +58,20 @@ bool HOOgrGeometryReader::Read(OGRLayer* layer, const std::function<bool()>& kee
         const HOFeatureKind kind = geometry ? append(geometry) : HOFeatureKind::Empty;
         m_topology.EndFeature(kind, feature->GetFID());
         ++m_kindCounts[int(kind)];
-        if (++count % 4096 == 0 && keepGoing && !keepGoing()) return false;
+        if (++count == 1024 && expected > 0) reserveFor(std::size_t(expected), count);
+        if (count % 4096 == 0 && keepGoing && !keepGoing()) return false;
     }
     m_topology.Compact();
-    m_vertices.shrink_to_fit();
+    // Copying the array is only worth it when much of it would stand empty.
+    if (m_vertices.capacity() > m_vertices.size() + m_vertices.size() / 8) m_vertices.shrink_to_fit();
     return true;
+}
+
+void HOOgrGeometryReader::reserveFor(std::size_t features, std::size_t read) {
+    // The first features tell the size of the rest closely enough for data sets of similar features;
+    // a little headroom saves the copy a final small overflow would cost.
+    const double perFeature = double(m_vertices.size()) / double(read);
+    m_vertices.reserve(std::size_t(perFeature * double(features) * 1.04) + 64);
 }
 
 HOFeatureKind HOOgrGeometryReader::DominantKind() const {

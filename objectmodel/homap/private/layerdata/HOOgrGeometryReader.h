@@ -26,6 +26,7 @@ public:
 private:
     HOFeatureKind append(const OGRGeometry* geometry);
     void appendCurve(const OGRSimpleCurve* curve);
+    void reserveFor(std::size_t features, std::size_t read);
 
     HOFeatureTopology m_topology;
     std::vector<HOVertex> m_vertices;

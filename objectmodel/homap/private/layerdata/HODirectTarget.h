@@ -1,0 +1,54 @@
+#pragma once
+// HODirectTarget: the pixels of the 32-bit image a painter draws into, when they may be written
+// directly — no transform, clip, opacity or composition mode of the painter's would then be
+// skipped. Invalid (null bits) otherwise. Also the one premultiplied source-over blend they share.
+#include <QPainter>
+
+#include <cstdint>
+
+namespace HXObjects {
+
+struct HODirectTarget {
+    uint32_t* bits = nullptr;
+    std::ptrdiff_t stride = 0;  // pixels from one row to the next
+    int width = 0;
+    int height = 0;
+
+    static HODirectTarget Of(QPainter& painter) {
+        HODirectTarget target;
+        QPaintDevice* device = painter.device();
+        if (!device || device->devType() != QInternal::Image) return target;
+        auto* image = static_cast<QImage*>(device);
+        const bool format =
+            image->format() == QImage::Format_ARGB32_Premultiplied || image->format() == QImage::Format_RGB32;
+        if (!format || !painter.transform().isIdentity() || painter.hasClipping() || painter.opacity() != 1.0 ||
+            painter.compositionMode() != QPainter::CompositionMode_SourceOver)
+            return target;
+        target.bits = reinterpret_cast<uint32_t*>(image->bits());
+        target.stride = image->bytesPerLine() / 4;
+        target.width = image->width();
+        target.height = image->height();
+        return target;
+    }
+
+    bool IsValid() const { return bits != nullptr; }
+
+    // x * a / 255 on all four premultiplied channels at once.
+    static uint32_t ByteMul(uint32_t x, uint32_t a) {
+        uint32_t t = (x & 0xff00ff) * a;
+        t = ((t + ((t >> 8) & 0xff00ff) + 0x800080) >> 8) & 0xff00ff;
+        x = ((x >> 8) & 0xff00ff) * a;
+        x = (x + ((x >> 8) & 0xff00ff) + 0x800080) & 0xff00ff00;
+        return x | t;
+    }
+    // Source over destination, both premultiplied.
+    static void Blend(uint32_t& dst, uint32_t src) {
+        const uint32_t alpha = src >> 24;
+        if (alpha == 255)
+            dst = src;
+        else if (alpha)
+            dst = src + ByteMul(dst, 255 - alpha);
+    }
+};
+
+}  // namespace HXObjects
