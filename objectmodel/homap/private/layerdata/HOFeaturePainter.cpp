@@ -47,9 +47,9 @@ void HOFeaturePainter::useStyle(const HOStyle& style) {
     if (m_rasterizeLines) m_rasterizer.SetColor(m_pen.color());
 }
 
-void HOFeaturePainter::stroke(const QPointF* points, int count) {
+void HOFeaturePainter::stroke(const QPointF* points, int count, bool acrossImage) {
     if (m_rasterizeLines) {
-        m_rasterizer.DrawPolyline(points, count);
+        m_rasterizer.DrawPolyline(points, count, acrossImage);
         return;
     }
     beginStroke();
@@ -99,13 +99,13 @@ void HOFeaturePainter::drawPolygon(uint32_t feature) {
     }
     if (m_pen.style() == Qt::NoPen) return;
     if (endPart - firstPart == 1) {
-        stroke(m_path.Points(), m_path.Size());
+        stroke(m_path.Points(), m_path.Size(), false);
         return;
     }
     for (uint32_t part = firstPart; part < endPart; ++part) {
         m_path.Clear();
         if (m_path.Append(vertex(m_topology.VertexBegin(part)), vertex(m_topology.VertexEnd(part))) > 1)
-            stroke(m_path.Points(), m_path.Size());
+            stroke(m_path.Points(), m_path.Size(), false);
     }
 }
 
@@ -114,7 +114,7 @@ void HOFeaturePainter::drawLine(uint32_t feature) {
         m_path.Clear();
         if (m_path.Append(vertex(m_topology.VertexBegin(part)), vertex(m_topology.VertexEnd(part))) < 2) continue;
         if (m_path.Width() < 1.0 && m_path.Height() < 1.0) continue;
-        stroke(m_path.Points(), m_path.Size());
+        stroke(m_path.Points(), m_path.Size(), true);
     }
 }
 

@@ -29,7 +29,7 @@ private:
     // Switches the painter between filling (no pen) and stroking (no brush) only when needed.
     void beginFill();
     void beginStroke();
-    void stroke(const QPointF* points, int count);
+    void stroke(const QPointF* points, int count, bool acrossImage);
     void drawPolygon(uint32_t feature);
     void drawLine(uint32_t feature);
     void drawPoints(uint32_t feature, const HOStyle& style, bool bulkStyle);

@@ -27,24 +27,38 @@ void HOLineRasterizer::SetColor(const QColor& color) {
     m_color = premultiplied;
 }
 
-void HOLineRasterizer::DrawPolyline(const QPointF* points, int count) {
-    for (int i = 0; i + 1 < count; ++i) queue(points[i], points[i + 1], i + 2 == count);
+void HOLineRasterizer::DrawPolyline(const QPointF* points, int count, bool queued) {
+    Segment s;
+    for (int i = 0; i + 1 < count; ++i) {
+        if (!segment(points[i], points[i + 1], i + 2 == count, &s)) continue;
+        if (queued) {
+            queue(s);
+            continue;
+        }
+        m_top = 0;
+        m_bottom = m_target.height;
+        drawSegment(s, m_top, m_bottom);
+    }
     if (m_queued > queueLimit) Flush();
 }
 
 // Pixel centres at integer coordinates from here on.
-void HOLineRasterizer::queue(const QPointF& a, const QPointF& b, bool last) {
-    const double y0 = a.y() - 0.5, y1 = b.y() - 0.5;
-    const double x0 = a.x() - 0.5, x1 = b.x() - 0.5;
+bool HOLineRasterizer::segment(const QPointF& a, const QPointF& b, bool last, Segment* s) const {
+    const double x0 = a.x() - 0.5, y0 = a.y() - 0.5, x1 = b.x() - 0.5, y1 = b.y() - 0.5;
     if ((x0 < -1 && x1 < -1) || (y0 < -1 && y1 < -1) || (x0 > m_target.width && x1 > m_target.width) ||
         (y0 > m_target.height && y1 > m_target.height))
-        return;
+        return false;
+    *s = {float(x0), float(y0), float(x1), float(y1), last};
+    return true;
+}
+
+void HOLineRasterizer::queue(const Segment& s) {
     const int maxBand = int(m_bands.size()) - 1;
-    const int first = std::clamp(int(std::floor(std::min(y0, y1))) >> bandShift, 0, maxBand);
-    const int lastBand = std::clamp((int(std::floor(std::max(y0, y1))) + 1) >> bandShift, 0, maxBand);
-    const Segment s{float(x0), float(y0), float(x1), float(y1), last};
-    for (int band = first; band <= lastBand; ++band) m_bands[std::size_t(band)].push_back(s);
-    m_queued += std::size_t(lastBand - first + 1);
+    const double top = std::max(-1.0f, std::min(s.y0, s.y1)), bottom = std::min(float(m_target.height), std::max(s.y0, s.y1));
+    const int first = std::clamp(int(std::floor(top)) >> bandShift, 0, maxBand);
+    const int last = std::clamp((int(std::floor(bottom)) + 1) >> bandShift, 0, maxBand);
+    for (int band = first; band <= last; ++band) m_bands[std::size_t(band)].push_back(s);
+    m_queued += std::size_t(last - first + 1);
 }
 
 void HOLineRasterizer::Flush() {
@@ -80,8 +94,8 @@ void HOLineRasterizer::drawSegment(const Segment& s, int top, int bottom) {
     const double dx = x1 - x0;
     const double gradient = dx == 0.0 ? 0.0 : (y1 - y0) / dx;
     const int step = x1 >= x0 ? 1 : -1;
-    int first = int(std::lround(std::clamp(x0, low - 1.0, high + 1.0)));
-    int end = int(std::lround(std::clamp(x1, low - 1.0, high + 1.0)));
+    int first = int(std::floor(std::clamp(x0, low - 1.0, high + 1.0) + 0.5));
+    int end = int(std::floor(std::clamp(x1, low - 1.0, high + 1.0) + 0.5));
     if (s.last) end += step;
     if (step > 0) {
         first = std::max(first, low + 1);
@@ -98,7 +112,7 @@ void HOLineRasterizer::drawSegment(const Segment& s, int top, int bottom) {
         const double floorY = std::floor(y);
         const int iy = int(floorY);
         if (!m_antialias) {
-            const int ny = int(std::lround(y));
+            const int ny = int(std::floor(y + 0.5));
             steep ? plot(ny, x, 255) : plot(x, ny, 255);
             continue;
         }

@@ -22,7 +22,9 @@ public:
     // Whether the pen is one this rasterizer draws exactly.
     static bool Handles(const QPen& pen);
     void SetColor(const QColor& color);
-    void DrawPolyline(const QPointF* points, int count);
+    // `queued`: wait for Flush() (lines across the image); otherwise draw now (small outlines, whose
+    // pixels are close together anyway).
+    void DrawPolyline(const QPointF* points, int count, bool queued);
     void Flush();
 
 private:
@@ -32,7 +34,9 @@ private:
     };
     static constexpr int bandShift = 5;  // 32 rows: a band of a wide image stays in cache
 
-    void queue(const QPointF& a, const QPointF& b, bool last);
+    // The segment in pixel-centre coordinates; false when it cannot touch the image.
+    bool segment(const QPointF& a, const QPointF& b, bool last, Segment* s) const;
+    void queue(const Segment& s);
     void drawSegment(const Segment& s, int top, int bottom);
     void plot(int x, int y, uint32_t coverage);
 
