@@ -1,16 +1,11 @@
-// The command pool and the built-in tools on their own: registration by class name, the zoom-out
-// box geometry and the selection modes.
+// The command pool's built-in tools and registration by class name, and the zoom-out box geometry.
 #include <QtTest>
 
 #include "HOCMDPool.h"
 #include "HOTestPrinters.h"
-#include "HOToolSingleSelect.h"
 #include "HOToolZoomOut.h"
 
 using namespace HXObjects;
-
-Q_DECLARE_METATYPE(std::vector<int>)
-Q_DECLARE_METATYPE(HOToolSingleSelect::Mode)
 
 namespace {
 
@@ -45,8 +40,6 @@ private slots:
     void registerAndUnregister();
     void zoomOutBox_data();
     void zoomOutBox();
-    void selectionModes_data();
-    void selectionModes();
 };
 
 void TestTools::builtInToolsByClassName_data() {
@@ -97,31 +90,6 @@ void TestTools::zoomOutBox() {
     const HORect result = HOToolZoomOut::ExtentShowingIn(current, box);
     // The current extent takes the place in the new one that the box takes in the current one.
     QVERIFY2(Fuzzy(Fractions(result, current), Fractions(current, box)), QTest::toString(result));
-}
-
-void TestTools::selectionModes_data() {
-    QTest::addColumn<std::vector<int>>("before");
-    QTest::addColumn<std::vector<int>>("picked");
-    QTest::addColumn<HOToolSingleSelect::Mode>("mode");
-    QTest::addColumn<std::vector<int>>("after");
-    QTest::newRow("replace") << std::vector<int>{1, 2} << std::vector<int>{3, 2}
-                             << HOToolSingleSelect::Replace << std::vector<int>{2, 3};
-    QTest::newRow("replace with nothing")
-        << std::vector<int>{1} << std::vector<int>{} << HOToolSingleSelect::Replace << std::vector<int>{};
-    QTest::newRow("add") << std::vector<int>{5, 1} << std::vector<int>{1, 4} << HOToolSingleSelect::Add
-                         << std::vector<int>{1, 4, 5};
-    QTest::newRow("toggle") << std::vector<int>{1, 2, 3} << std::vector<int>{3, 4}
-                            << HOToolSingleSelect::Toggle << std::vector<int>{1, 2, 4};
-    QTest::newRow("toggle twice picked")
-        << std::vector<int>{} << std::vector<int>{7, 7} << HOToolSingleSelect::Toggle << std::vector<int>{7};
-}
-
-void TestTools::selectionModes() {
-    QFETCH(std::vector<int>, before);
-    QFETCH(std::vector<int>, picked);
-    QFETCH(HOToolSingleSelect::Mode, mode);
-    QFETCH(std::vector<int>, after);
-    QCOMPARE(HOToolSingleSelect::Combine(before, picked, mode), after);
 }
 
 QTEST_MAIN(TestTools)

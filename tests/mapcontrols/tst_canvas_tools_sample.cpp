@@ -201,8 +201,6 @@ void TestCanvasToolsSample::zoomBoxShowsTheBox() {
     QVERIFY(Near(after.Center().y, box.Center().y, after.Height() * 1e-6));
     QVERIFY(Near(after.Width(), box.Width(), after.Width() * 1e-6) ||
             Near(after.Height(), box.Height(), after.Height() * 1e-6));
-    // The band is gone once the box is used.
-    QVERIFY(s.picture().pixelColor(10, 10).red() < 250 || plain.pixelColor(10, 10).red() >= 250);
 }
 
 void TestCanvasToolsSample::selectBox() {

@@ -17,11 +17,6 @@ public:
     HOString GetClassName() override { return "HXObjects::HOToolSingleSelect"; }
     void Activate() override;
 
-    enum Mode { Replace, Add, Toggle };
-    // The new selection of one layer from the ids selected before and the ids just picked.
-    static std::vector<int> Combine(const std::vector<int>& before, const std::vector<int>& picked,
-                                    Mode mode);
-
     // Search radius around a click, pixels.
     static constexpr double kTolerancePixels = 3.0;
 
@@ -30,7 +25,11 @@ protected:
     void OnBox(const HORect& box) override;
 
 private:
+    enum Mode { Replace, Add, Toggle };
     struct LayerPick;
+    // The new selection of one layer from the ids selected before and the ids just picked.
+    static std::vector<int> Combine(const std::vector<int>& before, const std::vector<int>& picked,
+                                    Mode mode);
     Mode currentMode() const;
     void apply(HOMap* map, const std::vector<LayerPick>& picks);
     void selectElementAt(HOMap* map, const HOPoint& point, double tolerance);
