@@ -3,6 +3,7 @@
 // reprojection on the fly and zoomed-in views.
 #include "HOFeatureLayer.h"
 #include "HOLayerFixture.h"
+#include "HOTestPrinters.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -48,6 +49,8 @@ private slots:
     void cancelledRenderDrawsNothing();
     void reprojectsToTheMapSystem();
     void zoomedViewDrawsOnlyWhatItShows();
+    void deepZoomStillFills_data();
+    void deepZoomStillFills();
 
 private:
     HORefPtr<HOFeatureLayer> open(const QString& file, int epsg, OGRwkbGeometryType type,
@@ -183,6 +186,23 @@ void TestLayerRender::zoomedViewDrawsOnlyWhatItShows() {
     QCOMPARE(image.pixel(5, 5), markerRed);    // the point at (20.5, 69.5)
     QCOMPARE(image.pixel(95, 95), markerRed);  // the point at (29.5, 60.5)
     QCOMPARE(image.pixel(10, 10), white);      // between points
+}
+
+void TestLayerRender::deepZoomStillFills_data() {
+    QTest::addColumn<HORect>("extent");
+    QTest::addColumn<QPoint>("pixel");
+    QTest::addColumn<QRgb>("colour");
+    // A hundred pixels over a thousandth of a unit: the square spans some eight million pixels.
+    QTest::newRow("inside the body") << HORect(20, 20.001, 50, 50.001) << QPoint(50, 50) << fillGreen;
+    QTest::newRow("left of the edge") << HORect(9.9995, 10.0005, 50, 50.001) << QPoint(20, 50) << white;
+    QTest::newRow("right of the edge") << HORect(9.9995, 10.0005, 50, 50.001) << QPoint(80, 50) << fillGreen;
+    QTest::newRow("inside the hole") << HORect(50, 50.001, 50, 50.001) << QPoint(50, 50) << white;
+}
+
+void TestLayerRender::deepZoomStillFills() {
+    QFETCH(HORect, extent);
+    QFETCH(QPoint, pixel);
+    QTEST(render({m_polygons}, extent).pixel(pixel), "colour");
 }
 
 QTEST_MAIN(TestLayerRender)

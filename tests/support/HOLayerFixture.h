@@ -18,8 +18,10 @@
 class HOLayerFixture {
 public:
     struct Feature {
+        Feature(std::string geometry, GIntBig id = OGRNullFID, std::string label = {})
+            : wkt(std::move(geometry)), fid(id), name(std::move(label)) {}
         std::string wkt;
-        GIntBig fid = OGRNullFID;
+        GIntBig fid;
         std::string name;
     };
 
