@@ -82,7 +82,7 @@ HOString HXMapCanvas::getOpenFileName(const HOString& caption, const HOString& d
                                                       nullptr, QFileDialog::DontUseNativeDialog);
     const QFileInfo chosen(path);
     const QString directory = chosen.absolutePath();
-    if (chosen.exists() && !directory.isEmpty()) settings.setValue(kLastOpenPathKey, directory);
+    if (chosen.isFile() && !directory.isEmpty()) settings.setValue(kLastOpenPathKey, directory);
     return HOString(path.toUtf8().toStdString());
 }
 
