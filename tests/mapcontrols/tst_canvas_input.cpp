@@ -301,6 +301,12 @@ void TestCanvasInput::keyPress_data() {
                                   << none;
     QTest::newRow("down on a page") << page << int(Qt::Key_Down) << 0 << true << start << QPointF(0, -1) << ""
                                     << none;
+    QTest::newRow("right on a page") << page << int(Qt::Key_Right) << 0 << true << start << QPointF(1, 0)
+                                     << "" << none;
+    QTest::newRow("page up on a page")
+        << page << int(Qt::Key_PageUp) << 0 << true << start << QPointF() << "" << QStringList{"ZoomIn"};
+    QTest::newRow("page down zooms out")
+        << map << int(Qt::Key_PageDown) << 0 << true << start << QPointF() << "" << QStringList{"ZoomOut"};
     QTest::newRow("page up zooms in")
         << map << int(Qt::Key_PageUp) << 0 << true << start << QPointF() << "" << QStringList{"ZoomIn"};
     QTest::newRow("page down on a page")

@@ -42,7 +42,7 @@ bool Near(double a, double b, double tolerance) {
 
 // A canvas of 800 x 600 drawing pixels showing land, roads and towns of the sample region.
 struct SampleCanvas {
-    SampleCanvas() : canvas(HXMapCanvas::MapViewMode, nullptr) {
+    explicit SampleCanvas(HXMapCanvas::ViewMode mode = HXMapCanvas::MapViewMode) : canvas(mode, nullptr) {
         for (const char* name : {"land", "roads", "towns"}) {
             HOString error;
             HORefPtr<HOLayer> layer = OpenLayer(HOString(SamplePath() + "|layername=" + name), &error);
@@ -108,6 +108,7 @@ private slots:
     void selectClickPicksOneTown();
     void identifyTown();
     void selectAllAndArrows();
+    void selectAllOnAPage();
     void contextMenuOverSelectedFeatures();
 };
 
@@ -287,6 +288,13 @@ void TestCanvasToolsSample::selectAllAndArrows() {
     const HORect after = s.view()->GetExtent();
     QVERIFY(Near(after.Center().x, before.Center().x - before.Width() / 4, before.Width() * 1e-6));
     QVERIFY(Near(after.Center().y, before.Center().y, before.Height() * 1e-6));
+}
+
+void TestCanvasToolsSample::selectAllOnAPage() {
+    // On a page, control A selects in the map of the operating data frame.
+    SampleCanvas s(HXMapCanvas::PageLayoutMode);
+    QTest::keyClick(&s.canvas, Qt::Key_A, Qt::ControlModifier);
+    QCOMPARE(int(s.towns->GetSelectedIds().size()), s.towns->GetFeatureCount());
 }
 
 void TestCanvasToolsSample::contextMenuOverSelectedFeatures() {
