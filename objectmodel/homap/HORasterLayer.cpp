@@ -43,6 +43,8 @@ void HORasterLayer::Render(const HORenderContext& context) {
     QImage image;
     {
         std::lock_guard<std::mutex> lock(d->mutex);
+        // A damaged block fails the read, which draws nothing; GDAL need not report it each time.
+        CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
         GDALDataset* dataset = d->DatasetFor(context.mapSystem);
         if (!dataset) return;  // no transformation into the map's system
         image = HORasterReader(dataset, d->stretch).Read(context.extent, context.transform, &target);

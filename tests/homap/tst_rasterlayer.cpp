@@ -4,6 +4,7 @@
 #include "HORasterLayer.h"
 #include "HOTestPrinters.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -25,6 +26,7 @@ private slots:
     void readsOnlyTheVisibleWindow();
     void shrunkViewUsesOverviews();
     void drawsInAnotherCoordinateSystem();
+    void truncatedPixelsGiveNullAndReadableError();
 
 private:
     HORefPtr<HORasterLayer> open(const QString& file);
@@ -149,6 +151,20 @@ void TestRasterLayer::drawsInAnotherCoordinateSystem() {
     QCOMPARE(image.pixel(50, 50), qRgb(10, 120, 30));
     const QImage far = render(layer, HORect(c.x + 20000, c.x + 22000, c.y, c.y + 2000), gk);
     QCOMPARE(far.pixel(50, 50), qRgb(255, 255, 255));
+}
+
+void TestRasterLayer::truncatedPixelsGiveNullAndReadableError() {
+    const QString path = m_dir.filePath("cut.tif");
+    QVERIFY(HOLayerFixture::WriteRaster(path, 300, 300, 1, GDT_Float32, 4509, unitPixels,
+                                        [](int, int x, int y) { return double(x + y); }));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    // The header (and the strip offsets after it) stays; most of the pixels go.
+    QVERIFY(file.resize(file.size() / 3));
+    file.close();
+    HOString error;
+    QVERIFY(!OpenLayer(HOString(path), &error));
+    QVERIFY2(error.toQString().startsWith(QStringLiteral("cannot open '%1': ").arg(path)), error.c_str());
 }
 
 QTEST_MAIN(TestRasterLayer)

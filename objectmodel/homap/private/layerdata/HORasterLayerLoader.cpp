@@ -16,8 +16,17 @@ HORefPtr<HORasterLayer> HORasterLayerLoader::Load(GDALDatasetUniquePtr dataset, 
         *reason = "the raster is not georeferenced north-up";
         return nullptr;
     }
-    HORasterStretch stretch;
     GDALRasterBand* first = dataset->GetRasterBand(1);
+    // A truncated file may still have a sound header: read one pixel of the whole band (from the
+    // smallest overview when there is one) to know the pixels can be read at all.
+    float sample = 0;
+    CPLErrorReset();
+    if (first->RasterIO(GF_Read, 0, 0, first->GetXSize(), first->GetYSize(), &sample, 1, 1, GDT_Float32, 0, 0) !=
+        CE_None) {
+        reason->Format("its pixels cannot be read: %s", CPLGetLastErrorMsg());
+        return nullptr;
+    }
+    HORasterStretch stretch;
     double range[2] = {0, 255};
     // Grey bands stretch between their minimum and maximum; an approximate scan reads overviews
     // when present and writes nothing next to the data.
