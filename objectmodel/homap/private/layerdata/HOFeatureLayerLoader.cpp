@@ -26,7 +26,8 @@ HORefPtr<HOFeatureLayer> HOFeatureLayerLoader::Load(GDALDatasetUniquePtr dataset
     const HOFeatureKind dominant = reader.DominantKind();
     const OGRwkbGeometryType declared = wkbFlatten(layer->GetGeomType());
     auto topology = std::make_shared<HOFeatureTopology>(std::move(reader.Topology()));
-    auto store = std::make_shared<const HOFeatureStore>(topology, std::move(reader.Vertices()));
+    auto store = std::make_shared<const HOFeatureStore>(topology, std::move(reader.Vertices()),
+                                                       std::move(reader.Boxes()));
 
     HORefPtr<HOFeatureLayer> result(new HOFeatureLayer);
     auto system = HOCoordinateSystem::FromOgr(layer->GetSpatialRef());

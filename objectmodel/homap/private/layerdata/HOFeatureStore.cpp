@@ -15,9 +15,14 @@ HOBox intersection(const HOBox& a, const HOBox& b) {
 
 }  // namespace
 
-HOFeatureStore::HOFeatureStore(std::shared_ptr<const HOFeatureTopology> topology, std::vector<HOVertex> vertices)
-    : m_topology(std::move(topology)), m_vertices(std::move(vertices)) {
-    computeBoxes();
+HOFeatureStore::HOFeatureStore(std::shared_ptr<const HOFeatureTopology> topology, std::vector<HOVertex> vertices,
+                               std::vector<HOBox> boxes)
+    : m_topology(std::move(topology)), m_vertices(std::move(vertices)), m_boxes(std::move(boxes)) {
+    if (m_topology->IsSinglePoints())
+        std::vector<HOBox>().swap(m_boxes);
+    else if (m_boxes.size() != m_topology->FeatureCount())
+        computeBoxes();
+    computeExtent();
     m_indexReady = std::async(std::launch::async, [this] {
                        m_index = std::make_unique<HOFeatureIndex>(m_topology->IsSinglePoints() ? nullptr : &m_boxes,
                                                                   &m_vertices);
@@ -28,17 +33,20 @@ HOFeatureStore::~HOFeatureStore() { m_indexReady.wait(); }
 
 void HOFeatureStore::computeBoxes() {
     const HOFeatureTopology& t = *m_topology;
-    if (t.IsSinglePoints()) {
-        for (const HOVertex& v : m_vertices) m_extent.Add(v);
-        return;
-    }
-    m_boxes.resize(t.FeatureCount());
+    m_boxes.assign(t.FeatureCount(), HOBox());
     for (std::size_t f = 0; f < t.FeatureCount(); ++f) {
         HOBox& box = m_boxes[f];
         const uint32_t end = t.VertexBegin(t.PartEnd(f));
         for (uint32_t v = t.VertexBegin(t.PartBegin(f)); v < end; ++v) box.Add(m_vertices[v]);
-        m_extent.Add(box);
     }
+}
+
+void HOFeatureStore::computeExtent() {
+    if (m_topology->IsSinglePoints()) {
+        for (const HOVertex& v : m_vertices) m_extent.Add(v);
+        return;
+    }
+    for (const HOBox& box : m_boxes) m_extent.Add(box);
 }
 
 HOBox HOFeatureStore::FeatureBox(std::size_t feature) const {

@@ -14,7 +14,10 @@ namespace HXObjects {
 
 class HOFeatureStore {
 public:
-    HOFeatureStore(std::shared_ptr<const HOFeatureTopology> topology, std::vector<HOVertex> vertices);
+    // `boxes`: one per feature when the caller has them already (none for single points);
+    // computed from the vertices when empty.
+    HOFeatureStore(std::shared_ptr<const HOFeatureTopology> topology, std::vector<HOVertex> vertices,
+                   std::vector<HOBox> boxes = {});
     ~HOFeatureStore();
 
     const HOFeatureTopology& Topology() const { return *m_topology; }
@@ -31,6 +34,7 @@ public:
 
 private:
     void computeBoxes();
+    void computeExtent();
     std::vector<uint32_t> scanBoxes(const HOBox& area) const;
 
     std::shared_ptr<const HOFeatureTopology> m_topology;

@@ -45,26 +45,29 @@ bool finite(const HOVertex& v) { return std::isfinite(v.x) && std::isfinite(v.y)
 
 }  // namespace
 
-bool HOOgrGeometryReader::Read(OGRLayer* layer, const std::function<bool()>& keepGoing) {
+void HOOgrGeometryReader::Read(OGRLayer* layer) {
     IgnoreAttributes ignore(layer);
     layer->SetSpatialFilter(nullptr);
     layer->SetAttributeFilter(nullptr);
     layer->ResetReading();
     const GIntBig expected = layer->GetFeatureCount(FALSE);
-    if (expected > 0) m_topology.Reserve(std::size_t(expected));
+    if (expected > 0) {
+        m_topology.Reserve(std::size_t(expected));
+        m_boxes.reserve(std::size_t(expected));
+    }
     std::size_t count = 0;
     while (OGRFeatureUniquePtr feature{layer->GetNextFeature()}) {
         const OGRGeometry* geometry = feature->GetGeometryRef();
         const HOFeatureKind kind = geometry ? append(geometry) : HOFeatureKind::Empty;
         m_topology.EndFeature(kind, feature->GetFID());
+        m_boxes.push_back(m_box);
+        m_box = HOBox();
         ++m_kindCounts[int(kind)];
         if (++count == 1024 && expected > 0) reserveFor(std::size_t(expected), count);
-        if (count % 4096 == 0 && keepGoing && !keepGoing()) return false;
     }
     m_topology.Compact();
     // Copying the array is only worth it when much of it would stand empty.
     if (m_vertices.capacity() > m_vertices.size() + m_vertices.size() / 8) m_vertices.shrink_to_fit();
-    return true;
 }
 
 void HOOgrGeometryReader::reserveFor(std::size_t features, std::size_t read) {
@@ -91,6 +94,7 @@ HOFeatureKind HOOgrGeometryReader::append(const OGRGeometry* geometry) {
         const HOVertex v{point->getX(), point->getY()};
         if (point->IsEmpty() || !finite(v)) return HOFeatureKind::Empty;
         m_vertices.push_back(v);
+        m_box.Add(v);
         m_topology.EndPart(uint32_t(m_vertices.size()));
         return HOFeatureKind::Point;
     }
@@ -114,14 +118,17 @@ HOFeatureKind HOOgrGeometryReader::append(const OGRGeometry* geometry) {
 }
 
 void HOOgrGeometryReader::appendCurve(const OGRSimpleCurve* curve) {
-    const std::size_t first = m_vertices.size();
-    const int n = curve->getNumPoints();
-    m_vertices.resize(first + std::size_t(n));
+    // Through a reused buffer that stays in cache, so the layer's array is written once, finite
+    // vertices only.
+    m_scratch.resize(std::size_t(curve->getNumPoints()));
     static_assert(sizeof(OGRRawPoint) == sizeof(HOVertex), "vertices are copied as OGR raw points");
-    curve->getPoints(reinterpret_cast<OGRRawPoint*>(m_vertices.data() + first));
-    const auto end = std::remove_if(m_vertices.begin() + long(first), m_vertices.end(),
-                                    [](const HOVertex& v) { return !finite(v); });
-    m_vertices.erase(end, m_vertices.end());
+    curve->getPoints(reinterpret_cast<OGRRawPoint*>(m_scratch.data()));
+    const std::size_t first = m_vertices.size();
+    if (std::all_of(m_scratch.begin(), m_scratch.end(), finite))
+        m_vertices.insert(m_vertices.end(), m_scratch.begin(), m_scratch.end());
+    else
+        std::copy_if(m_scratch.begin(), m_scratch.end(), std::back_inserter(m_vertices), finite);
+    for (std::size_t i = first; i < m_vertices.size(); ++i) m_box.Add(m_vertices[i]);
     m_topology.EndPart(uint32_t(m_vertices.size()));
 }
 

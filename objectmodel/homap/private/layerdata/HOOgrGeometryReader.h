@@ -5,8 +5,6 @@
 // copied in bulk per ring or path, and vertices that are not finite numbers are dropped.
 #include "HOFeatureTopology.h"
 
-#include <functional>
-
 class OGRLayer;
 class OGRGeometry;
 class OGRSimpleCurve;
@@ -15,11 +13,12 @@ namespace HXObjects {
 
 class HOOgrGeometryReader {
 public:
-    // False when cancelled through `keepGoing` (polled every few thousand features).
-    bool Read(OGRLayer* layer, const std::function<bool()>& keepGoing = {});
+    void Read(OGRLayer* layer);
 
     HOFeatureTopology& Topology() { return m_topology; }
     std::vector<HOVertex>& Vertices() { return m_vertices; }
+    // One box per feature, made while reading.
+    std::vector<HOBox>& Boxes() { return m_boxes; }
     // The kind most features have (Empty for a layer without geometry).
     HOFeatureKind DominantKind() const;
 
@@ -30,6 +29,9 @@ private:
 
     HOFeatureTopology m_topology;
     std::vector<HOVertex> m_vertices;
+    std::vector<HOVertex> m_scratch;  // one ring or path at a time
+    std::vector<HOBox> m_boxes;
+    HOBox m_box;  // of the feature being read
     std::size_t m_kindCounts[4] = {0, 0, 0, 0};
 };
 
