@@ -1,12 +1,13 @@
 #include "LayerBench.h"
 
+#include <gdal_priv.h>
+#include <ogrsf_frmts.h>
+
+#include <QPainter>
+
 #include "BenchClock.h"
 #include "HOCoordinateSystem.h"
 #include "HORenderContext.h"
-
-#include <QPainter>
-#include <gdal_priv.h>
-#include <ogrsf_frmts.h>
 
 using namespace HXObjects;
 
@@ -27,14 +28,18 @@ long long vertexCount(const OGRGeometry* g) {
 // The symbols bench/run gives the peers.
 void useThePeersStyle(HOFeatureLayer* layer) {
     switch (layer->GetLayerType()) {
-    case HOLayer::PointLayer: {
-        HORefPtr<HOStyle> dot = HOStyle::NewMarker(HOStyle::Circle, 3, HOColor(200, 50, 40));
-        dot->SetOutlineColor(HOColor(200, 50, 40));
-        layer->SetStyle(dot);
-        break;
-    }
-    case HOLayer::PolylineLayer: layer->SetStyle(HOStyle::NewLine(1, HOColor(40, 80, 160))); break;
-    default: layer->SetStyle(HOStyle::NewFill(HOColor(170, 200, 150), HOColor(60, 90, 60), 1)); break;
+        case HOLayer::PointLayer: {
+            HORefPtr<HOStyle> dot = HOStyle::NewMarker(HOStyle::Circle, 3, HOColor(200, 50, 40));
+            dot->SetOutlineColor(HOColor(200, 50, 40));
+            layer->SetStyle(dot);
+            break;
+        }
+        case HOLayer::PolylineLayer:
+            layer->SetStyle(HOStyle::NewLine(1, HOColor(40, 80, 160)));
+            break;
+        default:
+            layer->SetStyle(HOStyle::NewFill(HOColor(170, 200, 150), HOColor(60, 90, 60), 1));
+            break;
     }
 }
 
@@ -72,7 +77,8 @@ LayerFigures LayerBench::Run() {
     f.indexReady = f.open + BenchClock::Seconds([&] { render(layer, zoom, 1, &image); });
     f.plainRead = std::min(f.plainRead, plainRead(nullptr, nullptr));
     layer = nullptr;
-    f.open = std::min(f.open, BenchClock::Seconds([&] { layer = HODynamicCast<HOFeatureLayer>(OpenLayer(source)); }));
+    f.open = std::min(f.open,
+                      BenchClock::Seconds([&] { layer = HODynamicCast<HOFeatureLayer>(OpenLayer(source)); }));
     useThePeersStyle(layer);
     f.memoryRatio = double(layer->GetGeometryBytes()) / (16.0 * double(f.vertices));
 
@@ -85,7 +91,8 @@ LayerFigures LayerBench::Run() {
 
 double LayerBench::plainRead(long long* features, long long* vertices) const {
     return BenchClock::Seconds([&] {
-        GDALDatasetUniquePtr ds(GDALDataset::Open(m_gpkg.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
+        GDALDatasetUniquePtr ds(
+            GDALDataset::Open(m_gpkg.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
         OGRLayer* layer = ds ? ds->GetLayerByName(m_layer.toUtf8().constData()) : nullptr;
         if (!layer) return;
         // Geometry only, as the layer reads it.

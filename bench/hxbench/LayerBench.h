@@ -2,11 +2,11 @@
 // LayerBench: the figures of one layer of the benchmark GeoPackage — opening it (OGR read into
 // memory plus index) against a plain OGR read of every geometry, the memory its geometry takes
 // against its raw coordinates, and warm renders at full extent and zoomed in to 1% of the area.
-#include "HOFeatureLayer.h"
-
 #include <QImage>
 #include <QSize>
 #include <QString>
+
+#include "HOFeatureLayer.h"
 
 struct LayerFigures {
     double plainRead = 0;   // seconds
@@ -29,7 +29,8 @@ public:
 
 private:
     double plainRead(long long* features, long long* vertices) const;
-    double render(HXObjects::HOFeatureLayer* layer, const HXObjects::HORect& extent, int runs, QImage* image) const;
+    double render(HXObjects::HOFeatureLayer* layer, const HXObjects::HORect& extent, int runs,
+                  QImage* image) const;
 
     QString m_gpkg;
     QString m_layer;

@@ -20,4 +20,6 @@ double PeerTimes::Seconds(const QString& dataset, const QString& peer) const {
     return m_seconds.value(peer).value(dataset, 0.0);
 }
 
-QStringList PeerTimes::Peers() const { return m_seconds.keys(); }
+QStringList PeerTimes::Peers() const {
+    return m_seconds.keys();
+}

@@ -1,14 +1,14 @@
 #include "ViewBench.h"
 
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <atomic>
+
 #include "BenchClock.h"
 #include "HOEvent.h"
 #include "HOGraphicsEngineManager.h"
 #include "HOMap.h"
 #include "HOMapView.h"
-
-#include <QCoreApplication>
-#include <QElapsedTimer>
-#include <atomic>
 
 using namespace HXObjects;
 
@@ -18,7 +18,8 @@ namespace {
 double waitForRender(HOMapView* view, std::atomic<int>& finished, int before) {
     QElapsedTimer clock;
     clock.start();
-    while (finished.load() == before && clock.elapsed() < 60000) QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    while (finished.load() == before && clock.elapsed() < 60000)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
     return clock.elapsed() / 1000.0;
 }
 
@@ -55,10 +56,12 @@ void ViewBench::Run(BenchReport& report) const {
     int before = finished.load();
     view->RefreshMap(true, HORect());
     const double fullRender = waitForRender(view, finished, before);
-    report.Add(QStringLiteral("all"), QStringLiteral("view: full render of all layers"), fullRender, QString(), 0);
+    report.Add(QStringLiteral("all"), QStringLiteral("view: full render of all layers"), fullRender,
+               QString(), 0);
 
     const double compose = bestOf(20, [&] { view->Draw(surface); });
-    report.Add(QStringLiteral("all"), QStringLiteral("view: Draw (compose) 1920x1080"), compose, QString(), 0);
+    report.Add(QStringLiteral("all"), QStringLiteral("view: Draw (compose) 1920x1080"), compose, QString(),
+               0);
 
     view->BeginPan();
     int dx = 0;

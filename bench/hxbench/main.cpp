@@ -1,24 +1,26 @@
 // hxbench: our figures on the benchmark GeoPackage, printed beside the peer renderers' and the plain
 // OGR baseline.
 //   hxbench --data bench.gpkg [--peers peers.tsv] [--out DIR] [--layers polygons,lines,points]
+#include <gdal_priv.h>
+
+#include <QCommandLineParser>
+#include <QDir>
+#include <QGuiApplication>
+
 #include "BenchReport.h"
 #include "LayerBench.h"
 #include "PeerTimes.h"
 #include "ViewBench.h"
 
-#include <QCommandLineParser>
-#include <QDir>
-#include <QGuiApplication>
-#include <gdal_priv.h>
-
 namespace {
 
-void addLayerFigures(BenchReport& report, const QString& dataset, const LayerFigures& f, const PeerTimes& peers) {
+void addLayerFigures(BenchReport& report, const QString& dataset, const LayerFigures& f,
+                     const PeerTimes& peers) {
     report.Add(dataset, QStringLiteral("open (read into memory)"), f.open, QStringLiteral("plain OGR read"),
                f.plainRead, QStringLiteral("<= 1.2x"));
     report.Add(dataset, QStringLiteral("index ready after open"), f.indexReady, QString(), 0);
-    report.Add(dataset, QStringLiteral("geometry bytes / 16 per vertex"), f.memoryRatio, QStringLiteral("raw coordinates"),
-               1.0, QStringLiteral("<= 1.25x"));
+    report.Add(dataset, QStringLiteral("geometry bytes / 16 per vertex"), f.memoryRatio,
+               QStringLiteral("raw coordinates"), 1.0, QStringLiteral("<= 1.25x"));
     const QString full = QStringLiteral("warm full render 1920x1080");
     bool anyPeer = false;
     for (const QString& peer : peers.Peers()) {
@@ -37,7 +39,8 @@ void addLayerFigures(BenchReport& report, const QString& dataset, const LayerFig
 }  // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
+    qputenv("QT_QPA_PLATFORM",
+            qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
     QGuiApplication app(argc, argv);
     GDALAllRegister();
     QCommandLineParser parser;
@@ -59,7 +62,8 @@ int main(int argc, char** argv) {
     for (const QString& layer : layers) {
         std::printf("measuring %s...\n", qPrintable(layer));
         std::fflush(stdout);
-        addLayerFigures(report, layer, LayerBench(parser.value("data"), layer, size, parser.value("out")).Run(), peers);
+        addLayerFigures(report, layer,
+                        LayerBench(parser.value("data"), layer, size, parser.value("out")).Run(), peers);
     }
     ViewBench(parser.value("data"), layers, size).Run(report);
     report.Print();

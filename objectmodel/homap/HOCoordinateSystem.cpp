@@ -21,9 +21,13 @@ public:
         if (geographic) return HOUnitDegree;
         if (!projected) return HOUnitUnknown;
         const double metres = srs.GetLinearUnits();
-        struct Known { double metres; HOUnitType unit; };
-        static const Known known[] = {{1.0, HOUnitMeter},      {0.3048, HOUnitFoot},       {0.3048006096, HOUnitFoot},
-                                      {1000.0, HOUnitKilometer}, {0.9144, HOUnitYard},       {1609.344, HOUnitMile},
+        struct Known {
+            double metres;
+            HOUnitType unit;
+        };
+        static const Known known[] = {{1.0, HOUnitMeter},          {0.3048, HOUnitFoot},
+                                      {0.3048006096, HOUnitFoot},  {1000.0, HOUnitKilometer},
+                                      {0.9144, HOUnitYard},        {1609.344, HOUnitMile},
                                       {1852.0, HOUnitNauticalMile}};
         for (const Known& k : known)
             if (std::abs(metres - k.metres) < 1e-6 * k.metres) return k.unit;
@@ -72,11 +76,17 @@ HORefPtr<HOCoordinateSystem> HOCoordinateSystem::FromOgr(const OGRSpatialReferen
     return system;
 }
 
-bool HOCoordinateSystem::IsGeographic() { return d->geographic; }
+bool HOCoordinateSystem::IsGeographic() {
+    return d->geographic;
+}
 
-bool HOCoordinateSystem::IsProjected() { return d->projected; }
+bool HOCoordinateSystem::IsProjected() {
+    return d->projected;
+}
 
-HOUnitType HOCoordinateSystem::GetUnit() { return d->unit; }
+HOUnitType HOCoordinateSystem::GetUnit() {
+    return d->unit;
+}
 
 bool HOCoordinateSystem::ToGeographic(double x, double y, double* lon, double* lat) {
     std::lock_guard<std::mutex> lock(d->mutex);
@@ -120,10 +130,13 @@ bool HOCoordinateSystem::IsSame(const HOCoordinateSystem* other) const {
     if (second < first) std::swap(first, second);
     std::lock_guard<std::mutex> lockFirst(*first);
     std::lock_guard<std::mutex> lockSecond(*second);
-    const char* const options[] = {"IGNORE_DATA_AXIS_TO_SRS_AXIS_MAPPING=YES", "CRITERION=EQUIVALENT", nullptr};
+    const char* const options[] = {"IGNORE_DATA_AXIS_TO_SRS_AXIS_MAPPING=YES", "CRITERION=EQUIVALENT",
+                                   nullptr};
     return d->srs.IsSame(&other->d->srs, options);
 }
 
-const OGRSpatialReference* HOCoordinateSystem::Ogr() const { return &d->srs; }
+const OGRSpatialReference* HOCoordinateSystem::Ogr() const {
+    return &d->srs;
+}
 
 }  // namespace HXObjects

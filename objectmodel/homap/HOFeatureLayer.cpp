@@ -1,13 +1,13 @@
 #include "HOFeatureLayer.h"
 
+#include <ogrsf_frmts.h>
+
+#include <algorithm>
+
 #include "private/layerdata/HOFeatureHitTest.h"
 #include "private/layerdata/HOFeatureLayerPrivate.h"
 #include "private/layerdata/HOFeatureRenderer.h"
 #include "private/layerdata/HOFeatureStyleSet.h"
-
-#include <ogrsf_frmts.h>
-
-#include <algorithm>
 
 namespace HXObjects {
 
@@ -25,9 +25,13 @@ HOBox boxOf(const HORect& r) {
 HOFeatureLayer::HOFeatureLayer() = default;
 HOFeatureLayer::~HOFeatureLayer() = default;
 
-HOLayer::LayerType HOFeatureLayer::GetLayerType() const { return d->type; }
+HOLayer::LayerType HOFeatureLayer::GetLayerType() const {
+    return d->type;
+}
 
-HORefPtr<HOCoordinateSystem> HOFeatureLayer::GetSpatialReference() const { return d->system; }
+HORefPtr<HOCoordinateSystem> HOFeatureLayer::GetSpatialReference() const {
+    return d->system;
+}
 
 HORect HOFeatureLayer::GetExtent() const {
     const HOBox& e = d->stores.Source()->Extent();
@@ -43,9 +47,13 @@ void HOFeatureLayer::Render(const HORenderContext& context) {
     HOFeatureRenderer(*store, styles, context).Render();
 }
 
-int HOFeatureLayer::GetFeatureCount() const { return int(d->stores.Source()->FeatureCount()); }
+int HOFeatureLayer::GetFeatureCount() const {
+    return int(d->stores.Source()->FeatureCount());
+}
 
-std::size_t HOFeatureLayer::GetGeometryBytes() const { return d->stores.Source()->GeometryBytes(); }
+std::size_t HOFeatureLayer::GetGeometryBytes() const {
+    return d->stores.Source()->GeometryBytes();
+}
 
 HORefPtr<HOStyle> HOFeatureLayer::GetStyle() const {
     std::lock_guard<std::mutex> lock(d->mutex);
@@ -57,7 +65,9 @@ void HOFeatureLayer::SetStyle(HORefPtr<HOStyle> style) {
     if (style) d->style = std::move(style);
 }
 
-HORefPtr<HOUserFeatureRender> HOFeatureLayer::GetCustomFeatureRender() const { return d->custom; }
+HORefPtr<HOUserFeatureRender> HOFeatureLayer::GetCustomFeatureRender() const {
+    return d->custom;
+}
 
 bool HOFeatureLayer::IsSameCoordinateSystem(HOCoordinateSystem* system) const {
     if (!system || !d->system) return !system && !d->system;
@@ -98,7 +108,8 @@ void HOFeatureLayer::ClearSelection() {
 std::vector<int> HOFeatureLayer::IdentifyAt(const HOPoint& point, double tolerance,
                                             const HOCoordinateSystem* pointSystem) const {
     const double t = std::max(tolerance, 0.0);
-    std::vector<int> ids = IdentifyIn(HORect(point.x - t, point.x + t, point.y - t, point.y + t), pointSystem);
+    std::vector<int> ids =
+        IdentifyIn(HORect(point.x - t, point.x + t, point.y - t, point.y + t), pointSystem);
     std::reverse(ids.begin(), ids.end());
     return ids;
 }
@@ -113,7 +124,9 @@ std::vector<int> HOFeatureLayer::IdentifyIn(const HORect& rect, const HOCoordina
     return ids;
 }
 
-bool HOFeatureLayer::IsValid() const { return d && d->stores.Source(); }
+bool HOFeatureLayer::IsValid() const {
+    return d && d->stores.Source();
+}
 
 HORefPtr<HOFeature> HOFeatureLayer::GetFeature(int id) const {
     HORefPtr<HOGeometry> geometry = GetFeatureGeometry(id);
@@ -123,8 +136,9 @@ HORefPtr<HOFeature> HOFeatureLayer::GetFeature(int id) const {
     OGRFeatureUniquePtr feature(d->ogrLayer->GetFeature(id));
     if (feature) {
         for (int i = 0; i < feature->GetFieldCount(); ++i)
-            attributes.emplace_back(HOString(feature->GetFieldDefnRef(i)->GetNameRef()),
-                                    HOString(feature->IsFieldSetAndNotNull(i) ? feature->GetFieldAsString(i) : ""));
+            attributes.emplace_back(
+                HOString(feature->GetFieldDefnRef(i)->GetNameRef()),
+                HOString(feature->IsFieldSetAndNotNull(i) ? feature->GetFieldAsString(i) : ""));
     }
     return HORefPtr<HOFeature>(new HOFeature(id, geometry, std::move(attributes)));
 }
@@ -139,12 +153,15 @@ HORefPtr<HOGeometry> HOFeatureLayer::GetFeatureGeometry(int id) const {
     for (uint32_t part = t.PartBegin(std::size_t(feature)); part < t.PartEnd(std::size_t(feature)); ++part) {
         HOGeometry::Part points;
         points.reserve(t.VertexEnd(part) - t.VertexBegin(part));
-        for (uint32_t i = t.VertexBegin(part); i < t.VertexEnd(part); ++i) points.emplace_back(v[i].x, v[i].y);
+        for (uint32_t i = t.VertexBegin(part); i < t.VertexEnd(part); ++i)
+            points.emplace_back(v[i].x, v[i].y);
         geometry->AddPart(std::move(points));
     }
     return geometry;
 }
 
-HOGeometry::GeoType HOFeatureLayer::GetGeometryType() const { return d->geometryType; }
+HOGeometry::GeoType HOFeatureLayer::GetGeometryType() const {
+    return d->geometryType;
+}
 
 }  // namespace HXObjects

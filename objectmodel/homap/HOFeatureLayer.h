@@ -3,13 +3,13 @@
 // with a spatial index, reprojected on the fly to the map's system (cached per target system), and
 // drawn with the layer style, per-feature overrides (HOUserFeatureRender) and the selection
 // highlighted. Feature ids are the source's FIDs.
+#include <memory>
+#include <vector>
+
 #include "HOFeature.h"
 #include "HOLayer.h"
 #include "HOStyle.h"
 #include "HOUserFeatureRender.h"
-
-#include <memory>
-#include <vector>
 
 namespace HXObjects {
 

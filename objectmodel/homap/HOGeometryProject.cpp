@@ -1,8 +1,8 @@
 #include "HOGeometryProject.h"
 
-#include "HOCoordinateSystem.h"
-
 #include <ogr_spatialref.h>
+
+#include "HOCoordinateSystem.h"
 
 namespace HXObjects {
 

@@ -1,13 +1,13 @@
 #include "HOLayer.h"
 
+#include <gdal_priv.h>
+
 #include "HOCoordinateSystem.h"
+#include "HOFeatureLayer.h"
+#include "HORasterLayer.h"
 #include "private/layerdata/HOExtentProjector.h"
 #include "private/layerdata/HOFeatureLayerLoader.h"
 #include "private/layerdata/HORasterLayerLoader.h"
-#include "HOFeatureLayer.h"
-#include "HORasterLayer.h"
-
-#include <gdal_priv.h>
 
 namespace HXObjects {
 
@@ -59,7 +59,9 @@ HORefPtr<HOLayer> OpenLayer(const HOString& source, HOString* error) {
     } else {
         CPLErrorReset();
         dataset.reset(GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_RASTER | GDAL_OF_READONLY));
-        if (!dataset) reason = CPLGetLastErrorMsg()[0] ? CPLGetLastErrorMsg() : "not a recognised vector or raster format";
+        if (!dataset)
+            reason =
+                CPLGetLastErrorMsg()[0] ? CPLGetLastErrorMsg() : "not a recognised vector or raster format";
     }
     if (dataset && (dataset->GetLayerCount() > 0 || dataset->GetRasterCount() == 0))
         layer = HOFeatureLayerLoader::Load(std::move(dataset), layerName, &reason).get();

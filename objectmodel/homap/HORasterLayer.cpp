@@ -1,11 +1,12 @@
 #include "HORasterLayer.h"
 
+#include <gdalwarper.h>
+
+#include <QPainter>
+
 #include "HORenderContext.h"
 #include "private/layerdata/HOExtentProjector.h"
 #include "private/layerdata/HORasterLayerPrivate.h"
-
-#include <QPainter>
-#include <gdalwarper.h>
 
 namespace HXObjects {
 
@@ -17,7 +18,8 @@ GDALDataset* HORasterLayer::Private::DatasetFor(const HOCoordinateSystem* target
     CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
     GDALDatasetH view = GDALAutoCreateWarpedVRT(GDALDataset::ToHandle(dataset.get()), nullptr, wkt.c_str(),
                                                 GRA_Bilinear, 0.125, nullptr);
-    warped.emplace_back(HORefPtr<const HOCoordinateSystem>(target), GDALDatasetUniquePtr(GDALDataset::FromHandle(view)));
+    warped.emplace_back(HORefPtr<const HOCoordinateSystem>(target),
+                        GDALDatasetUniquePtr(GDALDataset::FromHandle(view)));
     return warped.back().second.get();
 }
 
@@ -28,9 +30,13 @@ HORasterLayer::~HORasterLayer() {
     d->warped.clear();
 }
 
-HOLayer::LayerType HORasterLayer::GetLayerType() const { return RasterLayer; }
+HOLayer::LayerType HORasterLayer::GetLayerType() const {
+    return RasterLayer;
+}
 
-HORefPtr<HOCoordinateSystem> HORasterLayer::GetSpatialReference() const { return d->system; }
+HORefPtr<HOCoordinateSystem> HORasterLayer::GetSpatialReference() const {
+    return d->system;
+}
 
 HORect HORasterLayer::GetExtent() const {
     std::lock_guard<std::mutex> lock(d->mutex);
@@ -56,10 +62,16 @@ void HORasterLayer::Render(const HORenderContext& context) {
     context.painter->restore();
 }
 
-int HORasterLayer::GetRasterWidth() const { return d->dataset->GetRasterXSize(); }
+int HORasterLayer::GetRasterWidth() const {
+    return d->dataset->GetRasterXSize();
+}
 
-int HORasterLayer::GetRasterHeight() const { return d->dataset->GetRasterYSize(); }
+int HORasterLayer::GetRasterHeight() const {
+    return d->dataset->GetRasterYSize();
+}
 
-int HORasterLayer::GetBandCount() const { return d->dataset->GetRasterCount(); }
+int HORasterLayer::GetBandCount() const {
+    return d->dataset->GetRasterCount();
+}
 
 }  // namespace HXObjects

@@ -3,9 +3,9 @@
 // visible window at output resolution (GDAL picks overviews when present) and draws RGB(A) bands as
 // they are, a single band as grey stretched between the band's minimum and maximum. A map in another
 // coordinate system gets a warped view of the raster, built once per system.
-#include "HOLayer.h"
-
 #include <memory>
+
+#include "HOLayer.h"
 
 namespace HXObjects {
 

@@ -10,10 +10,14 @@ namespace {
 
 Qt::PenStyle penStyle(HOStyle::DashPattern dash) {
     switch (dash) {
-    case HOStyle::Dash: return Qt::DashLine;
-    case HOStyle::Dot: return Qt::DotLine;
-    case HOStyle::DashDot: return Qt::DashDotLine;
-    case HOStyle::Solid: break;
+        case HOStyle::Dash:
+            return Qt::DashLine;
+        case HOStyle::Dot:
+            return Qt::DotLine;
+        case HOStyle::DashDot:
+            return Qt::DashDotLine;
+        case HOStyle::Solid:
+            break;
     }
     return Qt::SolidLine;
 }
@@ -34,17 +38,27 @@ QPainterPath markerPath(HOStyle::MarkerShape shape, double size) {
     const double r = size / 2.0;
     QPainterPath path;
     switch (shape) {
-    case HOStyle::Circle: path.addEllipse(QPointF(0, 0), r, r); break;
-    case HOStyle::Square: path.addRect(-r, -r, size, size); break;
-    case HOStyle::Triangle: path.addPolygon(regularPolygon(3, r, 0, -90)); break;
-    case HOStyle::Diamond: path.addPolygon(regularPolygon(4, r, 0, -90)); break;
-    case HOStyle::Star: path.addPolygon(regularPolygon(5, r, r * 0.45, -90)); break;
-    case HOStyle::Cross:
-        path.moveTo(-r, 0);
-        path.lineTo(r, 0);
-        path.moveTo(0, -r);
-        path.lineTo(0, r);
-        break;
+        case HOStyle::Circle:
+            path.addEllipse(QPointF(0, 0), r, r);
+            break;
+        case HOStyle::Square:
+            path.addRect(-r, -r, size, size);
+            break;
+        case HOStyle::Triangle:
+            path.addPolygon(regularPolygon(3, r, 0, -90));
+            break;
+        case HOStyle::Diamond:
+            path.addPolygon(regularPolygon(4, r, 0, -90));
+            break;
+        case HOStyle::Star:
+            path.addPolygon(regularPolygon(5, r, r * 0.45, -90));
+            break;
+        case HOStyle::Cross:
+            path.moveTo(-r, 0);
+            path.lineTo(r, 0);
+            path.moveTo(0, -r);
+            path.lineTo(0, r);
+            break;
     }
     path.closeSubpath();
     return path;
@@ -93,24 +107,25 @@ QImage HOStylePainter::MarkerImage(const HOStyle& style) {
 void HOStylePainter::DrawPreview(QPainter& painter, const HOStyle& style, const QRectF& rect) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF inner = rect.adjusted(rect.width() * 0.15, rect.height() * 0.15, -rect.width() * 0.15,
-                                       -rect.height() * 0.15);
+    const QRectF inner =
+        rect.adjusted(rect.width() * 0.15, rect.height() * 0.15, -rect.width() * 0.15, -rect.height() * 0.15);
     switch (style.GetStyleType()) {
-    case HOStyle::MarkerStyle:
-        DrawMarker(painter, style, rect.center());
-        break;
-    case HOStyle::LineStyle: {
-        painter.setPen(Pen(style));
-        const QPointF zigzag[] = {inner.bottomLeft(), QPointF(inner.left() + inner.width() / 3, inner.top()),
-                                  QPointF(inner.left() + inner.width() * 2 / 3, inner.bottom()), inner.topRight()};
-        painter.drawPolyline(zigzag, 4);
-        break;
-    }
-    case HOStyle::FillStyle:
-        painter.setPen(Pen(style));
-        painter.setBrush(Brush(style));
-        painter.drawRect(inner);
-        break;
+        case HOStyle::MarkerStyle:
+            DrawMarker(painter, style, rect.center());
+            break;
+        case HOStyle::LineStyle: {
+            painter.setPen(Pen(style));
+            const QPointF zigzag[] = {
+                inner.bottomLeft(), QPointF(inner.left() + inner.width() / 3, inner.top()),
+                QPointF(inner.left() + inner.width() * 2 / 3, inner.bottom()), inner.topRight()};
+            painter.drawPolyline(zigzag, 4);
+            break;
+        }
+        case HOStyle::FillStyle:
+            painter.setPen(Pen(style));
+            painter.setBrush(Brush(style));
+            painter.drawRect(inner);
+            break;
     }
     painter.restore();
 }

@@ -1,11 +1,11 @@
 #pragma once
 // HOStylePainter: turns an HOStyle into QPainter pens, brushes and marker shapes, so layers, tools
 // and symbol previews draw a style the same way.
-#include "HOStyle.h"
-
 #include <QBrush>
 #include <QImage>
 #include <QPen>
+
+#include "HOStyle.h"
 
 class QPainter;
 class QPointF;

@@ -1,13 +1,13 @@
 #pragma once
 // HOUserFeatureRender: per-feature styles that override a layer's own style, keyed by feature id.
 // Read by the render thread while the GUI thread changes it, hence the lock.
-#include "HORefBase.h"
-#include "HORefPtr.h"
-#include "HOStyle.h"
-
 #include <map>
 #include <mutex>
 #include <vector>
+
+#include "HORefBase.h"
+#include "HORefPtr.h"
+#include "HOStyle.h"
 
 namespace HXObjects {
 

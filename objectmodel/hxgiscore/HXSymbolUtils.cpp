@@ -1,8 +1,8 @@
 #include "HXSymbolUtils.h"
 
-#include "HOStylePainter.h"
-
 #include <QPainter>
+
+#include "HOStylePainter.h"
 
 QPixmap HXSymbolUtils::symbolPreviewPixmap(HXObjects::HOStyle* style, QSize size) {
     QImage image(size.expandedTo(QSize(1, 1)), QImage::Format_ARGB32_Premultiplied);

@@ -1,11 +1,12 @@
 // Coordinate systems: reading definitions, units, the geographic base, and reprojection of points and
 // geometries checked against PROJ itself.
+#include <proj.h>
+
+#include <QtTest>
+
 #include "HOCoordinateSystem.h"
 #include "HOGeometryProject.h"
 #include "HOTestPrinters.h"
-
-#include <QtTest>
-#include <proj.h>
 
 using namespace HXObjects;
 
@@ -52,8 +53,8 @@ void TestCoordinateSystem::readsDefinitions_data() {
     QTest::newRow("US survey feet") << "EPSG:2264" << true << false << true << int(HOUnitFoot) << 2264;
     QTest::newRow("PROJ string") << "+proj=utm +zone=50 +datum=WGS84 +units=m" << true << false << true
                                  << int(HOUnitMeter) << 0;
-    QTest::newRow("kilometre PROJ string") << "+proj=merc +datum=WGS84 +units=km" << true << false << true
-                                           << int(HOUnitKilometer) << 0;
+    QTest::newRow("kilometre PROJ string")
+        << "+proj=merc +datum=WGS84 +units=km" << true << false << true << int(HOUnitKilometer) << 0;
     QTest::newRow("garbage") << "no such system" << false << false << false << 0 << 0;
     QTest::newRow("unknown code") << "EPSG:999999" << false << false << false << 0 << 0;
     QTest::newRow("empty") << "" << false << false << false << 0 << 0;
@@ -98,8 +99,11 @@ void TestCoordinateSystem::reprojectsKnownPointLikeProj() {
     const HOPoint expected = projTransform(qPrintable(QStringLiteral("EPSG:%1").arg(from)),
                                            qPrintable(QStringLiteral("EPSG:%1").arg(to)), point);
     QVERIFY2(std::abs(x - expected.x) < tolerance && std::abs(y - expected.y) < tolerance,
-             qPrintable(QStringLiteral("%1 %2 vs %3 %4").arg(x, 0, 'f', 6).arg(y, 0, 'f', 6)
-                            .arg(expected.x, 0, 'f', 6).arg(expected.y, 0, 'f', 6)));
+             qPrintable(QStringLiteral("%1 %2 vs %3 %4")
+                            .arg(x, 0, 'f', 6)
+                            .arg(y, 0, 'f', 6)
+                            .arg(expected.x, 0, 'f', 6)
+                            .arg(expected.y, 0, 'f', 6)));
 }
 
 void TestCoordinateSystem::toGeographicUsesTheSystemsOwnBase() {

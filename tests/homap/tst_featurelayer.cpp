@@ -1,12 +1,12 @@
 // Feature layers opened through OpenLayer: kinds of source and geometry, bad input, selection,
 // lookup by id and memory use. Fixtures are written with OGR into a temporary folder.
-#include "HOFeatureLayer.h"
-#include "HOLayerFixture.h"
-#include "HOTestPrinters.h"
-
 #include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include "HOFeatureLayer.h"
+#include "HOLayerFixture.h"
+#include "HOTestPrinters.h"
 
 using namespace HXObjects;
 
@@ -73,34 +73,41 @@ void TestFeatureLayer::opensEachKindOfSource_data() {
     QTest::addColumn<HORect>("extent");
 
     using F = std::vector<HOLayerFixture::Feature>;
-    QTest::newRow("GeoPackage points") << "points.gpkg" << "GPKG" << int(wkbPoint) << F{{"POINT(1 2)"}, {"POINT(5 -3)"}}
-                                       << int(HOLayer::PointLayer) << int(HOGeometry::GeoPoint)
-                                       << HORect(1, 5, -3, 2);
-    QTest::newRow("GeoJSON lines") << "lines.geojson" << "GeoJSON" << int(wkbLineString)
+    QTest::newRow("GeoPackage points")
+        << "points.gpkg"
+        << "GPKG" << int(wkbPoint) << F{{"POINT(1 2)"}, {"POINT(5 -3)"}} << int(HOLayer::PointLayer)
+        << int(HOGeometry::GeoPoint) << HORect(1, 5, -3, 2);
+    QTest::newRow("GeoJSON lines") << "lines.geojson"
+                                   << "GeoJSON" << int(wkbLineString)
                                    << F{{"LINESTRING(0 0,10 10)"}, {"LINESTRING(-5 1,2 3)"}}
                                    << int(HOLayer::PolylineLayer) << int(HOGeometry::GeoLineString)
                                    << HORect(-5, 10, 0, 10);
-    QTest::newRow("Shapefile polygons") << "polygons.shp" << "ESRI Shapefile" << int(wkbPolygon)
-                                        << F{{squareWithHole}, {triangle}} << int(HOLayer::PolygonLayer)
-                                        << int(HOGeometry::GeoPolygon) << HORect(0, 300, 0, 100);
-    QTest::newRow("multi-polygons") << "multi.gpkg" << "GPKG" << int(wkbMultiPolygon)
+    QTest::newRow("Shapefile polygons")
+        << "polygons.shp"
+        << "ESRI Shapefile" << int(wkbPolygon) << F{{squareWithHole}, {triangle}}
+        << int(HOLayer::PolygonLayer) << int(HOGeometry::GeoPolygon) << HORect(0, 300, 0, 100);
+    QTest::newRow("multi-polygons") << "multi.gpkg"
+                                    << "GPKG" << int(wkbMultiPolygon)
                                     << F{{"MULTIPOLYGON(((0 0,1 0,1 1,0 0)),((5 5,6 5,6 7,5 5)))"}}
                                     << int(HOLayer::PolygonLayer) << int(HOGeometry::GeoMultiPolygon)
                                     << HORect(0, 6, 0, 7);
-    QTest::newRow("multi-points") << "mpoints.gpkg" << "GPKG" << int(wkbMultiPoint)
-                                  << F{{"MULTIPOINT((0 0),(3 4))"}} << int(HOLayer::PointLayer)
-                                  << int(HOGeometry::GeoMultiPoint) << HORect(0, 3, 0, 4);
-    QTest::newRow("multi-lines") << "mlines.gpkg" << "GPKG" << int(wkbMultiLineString)
+    QTest::newRow("multi-points") << "mpoints.gpkg"
+                                  << "GPKG" << int(wkbMultiPoint) << F{{"MULTIPOINT((0 0),(3 4))"}}
+                                  << int(HOLayer::PointLayer) << int(HOGeometry::GeoMultiPoint)
+                                  << HORect(0, 3, 0, 4);
+    QTest::newRow("multi-lines") << "mlines.gpkg"
+                                 << "GPKG" << int(wkbMultiLineString)
                                  << F{{"MULTILINESTRING((0 0,1 1),(2 2,3 9))"}} << int(HOLayer::PolylineLayer)
                                  << int(HOGeometry::GeoMultiLineString) << HORect(0, 3, 0, 9);
-    QTest::newRow("curved polygon") << "curve.gpkg" << "GPKG" << int(wkbCurvePolygon)
+    QTest::newRow("curved polygon") << "curve.gpkg"
+                                    << "GPKG" << int(wkbCurvePolygon)
                                     << F{{"CURVEPOLYGON(CIRCULARSTRING(0 0,1 1,2 0,1 -1,0 0))"}}
                                     << int(HOLayer::PolygonLayer) << int(HOGeometry::GeoPolygon)
                                     << HORect(0, 2, -1, 1);
-    QTest::newRow("mixed, mostly points") << "mixed.geojson" << "GeoJSON" << int(wkbUnknown)
-                                          << F{{"POINT(0 0)"}, {"LINESTRING(1 1,2 2)"}, {"POINT(3 3)"}}
-                                          << int(HOLayer::PointLayer) << int(HOGeometry::GeoPoint)
-                                          << HORect(0, 3, 0, 3);
+    QTest::newRow("mixed, mostly points")
+        << "mixed.geojson"
+        << "GeoJSON" << int(wkbUnknown) << F{{"POINT(0 0)"}, {"LINESTRING(1 1,2 2)"}, {"POINT(3 3)"}}
+        << int(HOLayer::PointLayer) << int(HOGeometry::GeoPoint) << HORect(0, 3, 0, 3);
 }
 
 void TestFeatureLayer::opensEachKindOfSource() {
@@ -132,17 +139,21 @@ void TestFeatureLayer::badSourceGivesNullAndReadableError_data() {
     QTest::addColumn<QString>("suffix");      // appended to the path when opening
     QTest::addColumn<QString>("reason");
 
-    QTest::newRow("missing") << "missing.shp" << QByteArray() << "" << "no such file";
-    QTest::newRow("corrupt GeoPackage") << "corrupt.gpkg" << QByteArray(4096, '\x5a') << "" << "";
-    QTest::newRow("truncated GeoJSON") << "truncated.geojson"
-                                       << QByteArray(R"({"type":"FeatureCollection","features":[{"type":"Fea)")
-                                       << "" << "";
-    QTest::newRow("empty file") << "empty.geojson" << QByteArray("") << "" << "";
+    QTest::newRow("missing") << "missing.shp" << QByteArray() << ""
+                             << "no such file";
+    QTest::newRow("corrupt GeoPackage") << "corrupt.gpkg" << QByteArray(4096, '\x5a') << ""
+                                        << "";
+    QTest::newRow("truncated GeoJSON")
+        << "truncated.geojson" << QByteArray(R"({"type":"FeatureCollection","features":[{"type":"Fea)") << ""
+        << "";
+    QTest::newRow("empty file") << "empty.geojson" << QByteArray("") << ""
+                                << "";
     QTest::newRow("truncated GeoTIFF") << "truncated.tif" << QByteArray("II*\0\x08\0\0\0\x10\0", 10) << ""
                                        << "";
-    QTest::newRow("unknown layer name") << "named.geojson"
-                                        << QByteArray(R"({"type":"FeatureCollection","features":[]})")
-                                        << "|layername=roads" << "no layer named 'roads'";
+    QTest::newRow("unknown layer name")
+        << "named.geojson" << QByteArray(R"({"type":"FeatureCollection","features":[]})")
+        << "|layername=roads"
+        << "no layer named 'roads'";
 }
 
 void TestFeatureLayer::badSourceGivesNullAndReadableError() {
@@ -185,7 +196,8 @@ void TestFeatureLayer::nonFiniteVerticesAreDropped() {
     const QString path = m_dir.filePath("nan.gpkg");
     QVERIFY(HOLayerFixture::WriteVector(path, "GPKG", 4509, wkbLineString, {}));
     {
-        GDALDatasetUniquePtr ds(GDALDataset::Open(path.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
+        GDALDatasetUniquePtr ds(
+            GDALDataset::Open(path.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
         OGRLayer* layer = ds->GetLayer(0);
         OGRFeature feature(layer->GetLayerDefn());
         OGRLineString line;
@@ -234,7 +246,8 @@ void TestFeatureLayer::selectByRectMeetsGeometryNotJustBox_data() {
 void TestFeatureLayer::selectByRectMeetsGeometryNotJustBox() {
     QFETCH(HORect, first);
     QFETCH(HORect, second);
-    HORefPtr<HOFeatureLayer> layer = open("select.gpkg", "GPKG", 4509, wkbPolygon, {{squareWithHole}, {triangle}});
+    HORefPtr<HOFeatureLayer> layer =
+        open("select.gpkg", "GPKG", 4509, wkbPolygon, {{squareWithHole}, {triangle}});
     QVERIFY(layer);
     layer->SetSelectedIds({2});
     layer->SelectByRect(first, false);  // replaces
@@ -257,8 +270,11 @@ void TestFeatureLayer::selectsWithRectangleInAnotherSystem() {
     std::unique_ptr<OGRCoordinateTransformation> t(OGRCreateCoordinateTransformation(&from, &to));
     QVERIFY(t->Transform(1, &x, &y));
     const std::string square = QStringLiteral("POLYGON((%1 %2,%3 %2,%3 %4,%1 %4,%1 %2))")
-                                   .arg(x - 500, 0, 'f', 3).arg(y - 500, 0, 'f', 3)
-                                   .arg(x + 500, 0, 'f', 3).arg(y + 500, 0, 'f', 3).toStdString();
+                                   .arg(x - 500, 0, 'f', 3)
+                                   .arg(y - 500, 0, 'f', 3)
+                                   .arg(x + 500, 0, 'f', 3)
+                                   .arg(y + 500, 0, 'f', 3)
+                                   .toStdString();
     HORefPtr<HOFeatureLayer> layer = open("gk.gpkg", "GPKG", 4509, wkbPolygon, {{square}});
     QVERIFY(layer);
     QCOMPARE(layer->SelectByRect(HORect(116.999, 117.001, 29.999, 30.001), false, geographic), 1);
@@ -270,13 +286,15 @@ void TestFeatureLayer::selectsWithRectangleInAnotherSystem() {
 
 void TestFeatureLayer::lookupByIdGivesACopy() {
     HORefPtr<HOFeatureLayer> layer =
-        open("lookup.gpkg", "GPKG", 4509, wkbPolygon, {{squareWithHole, OGRNullFID, "square"}, {triangle, OGRNullFID, "tri"}});
+        open("lookup.gpkg", "GPKG", 4509, wkbPolygon,
+             {{squareWithHole, OGRNullFID, "square"}, {triangle, OGRNullFID, "tri"}});
     QVERIFY(layer);
     HORefPtr<HOFeature> feature = layer->GetFeature(2);
     QVERIFY(feature);
     QCOMPARE(feature->GetID(), 2);
     const auto& attributes = feature->GetAttributes();
-    QVERIFY(std::find(attributes.begin(), attributes.end(), HOFeature::Attribute("name", "tri")) != attributes.end());
+    QVERIFY(std::find(attributes.begin(), attributes.end(), HOFeature::Attribute("name", "tri")) !=
+            attributes.end());
     HORefPtr<HOGeometry> geometry = feature->GetGeometry();
     QCOMPARE(geometry->GetType(), HOGeometry::GeoPolygon);
     QCOMPARE(geometry->Parts(), (std::vector<HOGeometry::Part>{
@@ -289,8 +307,8 @@ void TestFeatureLayer::lookupByIdGivesACopy() {
 }
 
 void TestFeatureLayer::lookupFollowsSourceIds() {
-    HORefPtr<HOFeatureLayer> layer = open("ids.gpkg", "GPKG", 4509, wkbPoint,
-                                          {{"POINT(1 1)", 10}, {"POINT(2 2)", 20}, {"POINT(3 3)", 7}});
+    HORefPtr<HOFeatureLayer> layer =
+        open("ids.gpkg", "GPKG", 4509, wkbPoint, {{"POINT(1 1)", 10}, {"POINT(2 2)", 20}, {"POINT(3 3)", 7}});
     QVERIFY(layer);
     QCOMPARE(layer->GetFeatureGeometry(20)->Parts()[0][0], HOPoint(2, 2));
     QCOMPARE(layer->GetFeatureGeometry(7)->Parts()[0][0], HOPoint(3, 3));
@@ -300,8 +318,9 @@ void TestFeatureLayer::lookupFollowsSourceIds() {
 }
 
 void TestFeatureLayer::identifyListsTopmostFirst() {
-    HORefPtr<HOFeatureLayer> layer = open("stack.gpkg", "GPKG", 4509, wkbPolygon,
-                                          {{"POLYGON((0 0,10 0,10 10,0 10,0 0))"}, {"POLYGON((5 5,15 5,15 15,5 15,5 5))"}});
+    HORefPtr<HOFeatureLayer> layer =
+        open("stack.gpkg", "GPKG", 4509, wkbPolygon,
+             {{"POLYGON((0 0,10 0,10 10,0 10,0 0))"}, {"POLYGON((5 5,15 5,15 15,5 15,5 5))"}});
     QVERIFY(layer);
     QCOMPARE(layer->IdentifyAt(HOPoint(7, 7), 0.5), (std::vector<int>{2, 1}));
     QCOMPARE(layer->IdentifyAt(HOPoint(2, 2), 0.5), (std::vector<int>{1}));
@@ -327,14 +346,17 @@ void TestFeatureLayer::geometryMemoryStaysCloseToRawCoordinates() {
             const double a = 2 * M_PI * (v % last) / last;
             wkt += QStringLiteral("%1%2 %3").arg(v ? "," : "").arg(i + std::cos(a)).arg(std::sin(a));
         }
-        const char* pattern = geometry == wkbPoint ? "POINT(%1)" : geometry == wkbLineString ? "LINESTRING(%1)" : "POLYGON((%1))";
+        const char* pattern = geometry == wkbPoint        ? "POINT(%1)"
+                              : geometry == wkbLineString ? "LINESTRING(%1)"
+                                                          : "POLYGON((%1))";
         features.push_back({QString::fromLatin1(pattern).arg(wkt).toStdString()});
     }
     HORefPtr<HOFeatureLayer> layer = open(QStringLiteral("memory%1.gpkg").arg(geometry), "GPKG", 4509,
                                           OGRwkbGeometryType(geometry), features);
     QVERIFY(layer);
     const double raw = 16.0 * verticesPerFeature * features.size();
-    QVERIFY2(layer->GetGeometryBytes() <= 1.25 * raw, qPrintable(QString::number(layer->GetGeometryBytes() / raw)));
+    QVERIFY2(layer->GetGeometryBytes() <= 1.25 * raw,
+             qPrintable(QString::number(layer->GetGeometryBytes() / raw)));
 }
 
 QTEST_MAIN(TestFeatureLayer)

@@ -1,12 +1,12 @@
 // What a feature layer draws: pixels where a polygon, a line and a point must be, the selection's
 // emphasis, per-feature styles, draw order (also when the work is split over threads), cancelling,
 // reprojection on the fly and zoomed-in views.
+#include <QTemporaryDir>
+#include <QtTest>
+
 #include "HOFeatureLayer.h"
 #include "HOLayerFixture.h"
 #include "HOTestPrinters.h"
-
-#include <QTemporaryDir>
-#include <QtTest>
 
 using namespace HXObjects;
 
@@ -20,7 +20,8 @@ const QRgb markerRed = qRgb(214, 69, 45);
 // A closed ring around (cx, cy) with many vertices, so that drawing it is real work.
 std::string denseSquare(double minX, double minY, double side, int verticesPerEdge) {
     QString wkt = QStringLiteral("POLYGON((");
-    const double corners[5][2] = {{minX, minY}, {minX + side, minY}, {minX + side, minY + side}, {minX, minY + side}, {minX, minY}};
+    const double corners[5][2] = {
+        {minX, minY}, {minX + side, minY}, {minX + side, minY + side}, {minX, minY + side}, {minX, minY}};
     for (int edge = 0; edge < 4; ++edge) {
         for (int i = 0; i < verticesPerEdge; ++i) {
             const double t = double(i) / verticesPerEdge;
@@ -138,8 +139,10 @@ void TestLayerRender::laterFeaturesDrawOnTop() {
         open(QStringLiteral("order%1.gpkg").arg(verticesPerEdge), 4509, wkbPolygon,
              {{denseSquare(10, 10, 50, verticesPerEdge)}, {denseSquare(40, 40, 50, verticesPerEdge)}});
     QVERIFY(layer);
-    layer->GetCustomFeatureRender()->SetFeatureStyle(1, HOStyle::NewFill(HOColor(255, 0, 0), HOColor(255, 0, 0), 0));
-    layer->GetCustomFeatureRender()->SetFeatureStyle(2, HOStyle::NewFill(HOColor(0, 0, 255), HOColor(0, 0, 255), 0));
+    layer->GetCustomFeatureRender()->SetFeatureStyle(
+        1, HOStyle::NewFill(HOColor(255, 0, 0), HOColor(255, 0, 0), 0));
+    layer->GetCustomFeatureRender()->SetFeatureStyle(
+        2, HOStyle::NewFill(HOColor(0, 0, 255), HOColor(0, 0, 255), 0));
     const QImage image = render({layer});
     QCOMPARE(image.pixel(20, 80), qRgb(255, 0, 0));  // first only
     QCOMPARE(image.pixel(80, 20), qRgb(0, 0, 255));  // second only
@@ -178,7 +181,8 @@ void TestLayerRender::reprojectsToTheMapSystem() {
 void TestLayerRender::zoomedViewDrawsOnlyWhatItShows() {
     std::vector<HOLayerFixture::Feature> grid;
     for (int y = 0; y < 100; ++y)
-        for (int x = 0; x < 100; ++x) grid.push_back({QStringLiteral("POINT(%1 %2)").arg(x + 0.5).arg(y + 0.5).toStdString()});
+        for (int x = 0; x < 100; ++x)
+            grid.push_back({QStringLiteral("POINT(%1 %2)").arg(x + 0.5).arg(y + 0.5).toStdString()});
     HORefPtr<HOFeatureLayer> layer = open("grid.gpkg", 4509, wkbPoint, grid);
     QVERIFY(layer);
     // 1% of the area: ten by ten units over 100 pixels, so points stand ten pixels apart.

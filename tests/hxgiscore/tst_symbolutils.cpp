@@ -1,8 +1,8 @@
 // Symbol previews: each kind of style is drawn where a person looks for it on the pixmap.
-#include "HXSymbolUtils.h"
-#include "HOStyle.h"
-
 #include <QtTest>
+
+#include "HOStyle.h"
+#include "HXSymbolUtils.h"
 
 using namespace HXObjects;
 
@@ -28,7 +28,9 @@ void TestSymbolUtils::initTestCase() {
     m_fill = HOStyle::NewFill(HOColor(0, 160, 0), HOColor(0, 0, 0), 2);
 }
 
-void TestSymbolUtils::cleanupTestCase() { m_marker = m_line = m_fill = nullptr; }
+void TestSymbolUtils::cleanupTestCase() {
+    m_marker = m_line = m_fill = nullptr;
+}
 
 void TestSymbolUtils::drawsTheStyle_data() {
     QTest::addColumn<HOStyle*>("style");

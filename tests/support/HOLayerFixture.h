@@ -2,18 +2,18 @@
 // Small data files written by the layer tests themselves (OGR and GDAL into a temporary folder), and
 // the render context that draws an extent into an image. Header-only: only the tests that include
 // it link GDAL and the map library.
-#include "HOCoordinateSystem.h"
-#include "HORenderContext.h"
+#include <gdal_priv.h>
+#include <ogrsf_frmts.h>
 
 #include <QImage>
 #include <QPainter>
 #include <QString>
 #include <QtTest>
-#include <gdal_priv.h>
-#include <ogrsf_frmts.h>
-
 #include <string>
 #include <vector>
+
+#include "HOCoordinateSystem.h"
+#include "HORenderContext.h"
 
 class HOLayerFixture {
 public:
@@ -43,7 +43,8 @@ public:
         for (const Feature& f : features) {
             OGRFeature feature(layer->GetLayerDefn());
             OGRGeometry* geometry = nullptr;
-            if (OGRGeometryFactory::createFromWkt(f.wkt.c_str(), nullptr, &geometry) != OGRERR_NONE) return false;
+            if (OGRGeometryFactory::createFromWkt(f.wkt.c_str(), nullptr, &geometry) != OGRERR_NONE)
+                return false;
             feature.SetGeometryDirectly(geometry);
             feature.SetFID(f.fid);
             feature.SetField("name", f.name.c_str());
@@ -54,8 +55,8 @@ public:
 
     // A north-up GeoTIFF of `bands` Byte or Float32 bands, each pixel from value(band, x, y).
     template <class Value>
-    static bool WriteRaster(const QString& path, int width, int height, int bands, GDALDataType type, int epsg,
-                            const double geoTransform[6], Value value, double noData = NAN) {
+    static bool WriteRaster(const QString& path, int width, int height, int bands, GDALDataType type,
+                            int epsg, const double geoTransform[6], Value value, double noData = NAN) {
         GDALAllRegister();
         GDALDriver* d = GetGDALDriverManager()->GetDriverByName("GTiff");
         GDALDatasetUniquePtr ds(d->Create(path.toUtf8().constData(), width, height, bands, type, nullptr));
@@ -69,7 +70,8 @@ public:
             if (!std::isnan(noData)) band->SetNoDataValue(noData);
             for (int y = 0; y < height; ++y) {
                 for (int x = 0; x < width; ++x) row[std::size_t(x)] = value(b, x, y);
-                if (band->RasterIO(GF_Write, 0, y, width, 1, row.data(), width, 1, GDT_Float64, 0, 0) != CE_None)
+                if (band->RasterIO(GF_Write, 0, y, width, 1, row.data(), width, 1, GDT_Float64, 0, 0) !=
+                    CE_None)
                     return false;
             }
         }
@@ -77,7 +79,8 @@ public:
     }
 
     // Draws `extent` (map units, square pixels, top-left anchored) into an image of `size`.
-    static HXObjects::HORenderContext Context(QPainter* painter, const QSize& size, const HXObjects::HORect& extent,
+    static HXObjects::HORenderContext Context(QPainter* painter, const QSize& size,
+                                              const HXObjects::HORect& extent,
                                               const HXObjects::HOCoordinateSystem* system = nullptr) {
         HXObjects::HORenderContext context;
         context.painter = painter;
@@ -86,7 +89,8 @@ public:
         context.mapSystem = system;
         context.transform.extentLeft = extent.minx;
         context.transform.extentTop = extent.maxy;
-        context.transform.unitsPerPixel = std::max(extent.Width() / size.width(), extent.Height() / size.height());
+        context.transform.unitsPerPixel =
+            std::max(extent.Width() / size.width(), extent.Height() / size.height());
         return context;
     }
 

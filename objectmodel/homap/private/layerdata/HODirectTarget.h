@@ -3,7 +3,6 @@
 // directly — no transform, clip, opacity or composition mode of the painter's would then be
 // skipped. Invalid (null bits) otherwise. Also the one premultiplied source-over blend they share.
 #include <QPainter>
-
 #include <cstdint>
 
 namespace HXObjects {
@@ -21,8 +20,8 @@ struct HODirectTarget {
         auto* image = static_cast<QImage*>(device);
         const bool format =
             image->format() == QImage::Format_ARGB32_Premultiplied || image->format() == QImage::Format_RGB32;
-        if (!format || !painter.transform().isIdentity() || painter.hasClipping() || painter.opacity() != 1.0 ||
-            painter.compositionMode() != QPainter::CompositionMode_SourceOver)
+        if (!format || !painter.transform().isIdentity() || painter.hasClipping() ||
+            painter.opacity() != 1.0 || painter.compositionMode() != QPainter::CompositionMode_SourceOver)
             return target;
         target.bits = reinterpret_cast<uint32_t*>(image->bits());
         target.stride = image->bytesPerLine() / 4;

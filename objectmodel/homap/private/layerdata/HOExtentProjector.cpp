@@ -1,10 +1,10 @@
 #include "HOExtentProjector.h"
 
-#include "HOCoordinateSystem.h"
-
 #include <ogr_spatialref.h>
 
 #include <memory>
+
+#include "HOCoordinateSystem.h"
 
 namespace HXObjects {
 
@@ -26,15 +26,15 @@ bool HOExtentProjector::IsIdentity(const HOCoordinateSystem* from, const HOCoord
     return !from || !to || from->IsSame(to);
 }
 
-HORect HOExtentProjector::Project(const HORect& rect, const HOCoordinateSystem* from, const HOCoordinateSystem* to) {
+HORect HOExtentProjector::Project(const HORect& rect, const HOCoordinateSystem* from,
+                                  const HOCoordinateSystem* to) {
     // A single point's extent has no area but still has a place.
     const bool valid = rect.maxx >= rect.minx && rect.maxy >= rect.miny;
     if (!valid || IsIdentity(from, to)) return rect;
     auto transform = transformation(from, to);
     HORect out;
-    if (!transform ||
-        !transform->TransformBounds(rect.minx, rect.miny, rect.maxx, rect.maxy, &out.minx, &out.miny, &out.maxx,
-                                    &out.maxy, 21))
+    if (!transform || !transform->TransformBounds(rect.minx, rect.miny, rect.maxx, rect.maxy, &out.minx,
+                                                  &out.miny, &out.maxx, &out.maxy, 21))
         return HORect();
     return out;
 }

@@ -1,9 +1,9 @@
 #pragma once
 // HOExtentProjector: carries rectangles and vertex arrays from one coordinate system to another.
+#include <vector>
+
 #include "HOFeatureTopology.h"
 #include "HORect.h"
-
-#include <vector>
 
 namespace HXObjects {
 

@@ -19,7 +19,8 @@ bool HOFeatureHitTest::Meets(const HOFeatureStore& store, uint32_t feature, cons
     for (uint32_t part = t.PartBegin(feature); part < t.PartEnd(feature); ++part) {
         const uint32_t first = t.VertexBegin(part), end = t.VertexEnd(part);
         if (kind == HOFeatureKind::Point) {
-            if (std::any_of(v + first, v + end, [&](const HOVertex& p) { return inside(p, rect); })) return true;
+            if (std::any_of(v + first, v + end, [&](const HOVertex& p) { return inside(p, rect); }))
+                return true;
             continue;
         }
         if (end - first == 1 && inside(v[first], rect)) return true;

@@ -47,7 +47,8 @@ HOFeatureIndex::HOFeatureIndex(const std::vector<HOBox>* boxes, const std::vecto
     if (boxes)
         m_tree->boxes = pack(*boxes, [](const HOBox& b) { return b.IsValid(); });
     else if (points)
-        m_tree->points = pack(*points, [](const HOVertex& v) { return std::isfinite(v.x) && std::isfinite(v.y); });
+        m_tree->points =
+            pack(*points, [](const HOVertex& v) { return std::isfinite(v.x) && std::isfinite(v.y); });
 }
 
 HOFeatureIndex::~HOFeatureIndex() = default;

@@ -2,10 +2,10 @@
 // HOFeatureIndex: a packed R-tree over a store's feature boxes (or its points when every feature is
 // one point). It holds feature numbers only and reads the boxes from the store's own arrays, which
 // must outlive it and never change.
-#include "HOFeatureTopology.h"
-
 #include <memory>
 #include <vector>
+
+#include "HOFeatureTopology.h"
 
 namespace HXObjects {
 

@@ -27,7 +27,7 @@ HORefPtr<HOFeatureLayer> HOFeatureLayerLoader::Load(GDALDatasetUniquePtr dataset
     const OGRwkbGeometryType declared = wkbFlatten(layer->GetGeomType());
     auto topology = std::make_shared<HOFeatureTopology>(std::move(reader.Topology()));
     auto store = std::make_shared<const HOFeatureStore>(topology, std::move(reader.Vertices()),
-                                                       std::move(reader.Boxes()));
+                                                        std::move(reader.Boxes()));
 
     HORefPtr<HOFeatureLayer> result(new HOFeatureLayer);
     auto system = HOCoordinateSystem::FromOgr(layer->GetSpatialRef());
@@ -44,36 +44,47 @@ HORefPtr<HOFeatureLayer> HOFeatureLayerLoader::Load(GDALDatasetUniquePtr dataset
 
 HOLayer::LayerType HOFeatureLayerLoader::layerTypeOf(OGRwkbGeometryType type, HOFeatureKind dominant) {
     switch (geoTypeOf(type, dominant)) {
-    case HOGeometry::GeoPoint:
-    case HOGeometry::GeoMultiPoint:
-        return HOLayer::PointLayer;
-    case HOGeometry::GeoLineString:
-    case HOGeometry::GeoMultiLineString:
-        return HOLayer::PolylineLayer;
-    case HOGeometry::GeoPolygon:
-    case HOGeometry::GeoMultiPolygon:
-        return HOLayer::PolygonLayer;
-    default:
-        return HOLayer::UnknownLayer;
+        case HOGeometry::GeoPoint:
+        case HOGeometry::GeoMultiPoint:
+            return HOLayer::PointLayer;
+        case HOGeometry::GeoLineString:
+        case HOGeometry::GeoMultiLineString:
+            return HOLayer::PolylineLayer;
+        case HOGeometry::GeoPolygon:
+        case HOGeometry::GeoMultiPolygon:
+            return HOLayer::PolygonLayer;
+        default:
+            return HOLayer::UnknownLayer;
     }
 }
 
 HOGeometry::GeoType HOFeatureLayerLoader::geoTypeOf(OGRwkbGeometryType type, HOFeatureKind dominant) {
     switch (OGR_GT_GetLinear(type)) {
-    case wkbPoint: return HOGeometry::GeoPoint;
-    case wkbMultiPoint: return HOGeometry::GeoMultiPoint;
-    case wkbLineString: return HOGeometry::GeoLineString;
-    case wkbMultiLineString: return HOGeometry::GeoMultiLineString;
-    case wkbPolygon: return HOGeometry::GeoPolygon;
-    case wkbMultiPolygon: return HOGeometry::GeoMultiPolygon;
-    default: break;
+        case wkbPoint:
+            return HOGeometry::GeoPoint;
+        case wkbMultiPoint:
+            return HOGeometry::GeoMultiPoint;
+        case wkbLineString:
+            return HOGeometry::GeoLineString;
+        case wkbMultiLineString:
+            return HOGeometry::GeoMultiLineString;
+        case wkbPolygon:
+            return HOGeometry::GeoPolygon;
+        case wkbMultiPolygon:
+            return HOGeometry::GeoMultiPolygon;
+        default:
+            break;
     }
     // A layer of mixed or undeclared type is named after what most of its features are.
     switch (dominant) {
-    case HOFeatureKind::Point: return HOGeometry::GeoPoint;
-    case HOFeatureKind::Line: return HOGeometry::GeoLineString;
-    case HOFeatureKind::Polygon: return HOGeometry::GeoPolygon;
-    case HOFeatureKind::Empty: break;
+        case HOFeatureKind::Point:
+            return HOGeometry::GeoPoint;
+        case HOFeatureKind::Line:
+            return HOGeometry::GeoLineString;
+        case HOFeatureKind::Polygon:
+            return HOGeometry::GeoPolygon;
+        case HOFeatureKind::Empty:
+            break;
     }
     return HOGeometry::GeoUnknown;
 }

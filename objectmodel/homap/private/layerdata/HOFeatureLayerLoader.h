@@ -1,17 +1,18 @@
 #pragma once
 // HOFeatureLayerLoader: makes a feature layer of one OGR layer of an open data source, reading all
 // of its geometry into memory.
+#include <gdal_priv.h>
+
 #include "HOFeatureLayer.h"
 #include "HOFeatureTopology.h"
-
-#include <gdal_priv.h>
 
 namespace HXObjects {
 
 class HOFeatureLayerLoader {
 public:
     // The named layer, or the first when `layerName` is empty; null with the reason on failure.
-    static HORefPtr<HOFeatureLayer> Load(GDALDatasetUniquePtr dataset, const HOString& layerName, HOString* reason);
+    static HORefPtr<HOFeatureLayer> Load(GDALDatasetUniquePtr dataset, const HOString& layerName,
+                                         HOString* reason);
 
 private:
     static HOLayer::LayerType layerTypeOf(OGRwkbGeometryType type, HOFeatureKind dominant);

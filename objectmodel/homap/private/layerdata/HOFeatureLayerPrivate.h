@@ -2,14 +2,14 @@
 // HOFeatureLayer::Private: the state behind a feature layer — the open data source (for attribute
 // lookups), the geometry in memory per coordinate system, style, overrides and selection. The
 // mutex guards the style, the selection and the data source; the stores guard themselves.
-#include "HOCoordinateSystem.h"
-#include "HOFeatureLayer.h"
-#include "HOProjectedStores.h"
-
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 
 #include <mutex>
+
+#include "HOCoordinateSystem.h"
+#include "HOFeatureLayer.h"
+#include "HOProjectedStores.h"
 
 namespace HXObjects {
 

@@ -1,12 +1,13 @@
 #include "HOFeaturePainter.h"
 
-#include "HOStylePainter.h"
-
 #include <QPainter>
+
+#include "HOStylePainter.h"
 
 namespace HXObjects {
 
-HOFeaturePainter::HOFeaturePainter(QPainter& painter, const HOFeatureStore& store, const HODisplayTransform& transform)
+HOFeaturePainter::HOFeaturePainter(QPainter& painter, const HOFeatureStore& store,
+                                   const HODisplayTransform& transform)
     : m_painter(painter),
       m_store(store),
       m_topology(store.Topology()),
@@ -21,19 +22,19 @@ void HOFeaturePainter::Draw(uint32_t feature, const HOStyle& style, bool bulkSty
     if (kind != HOFeatureKind::Point) m_blitter.Flush();
     if (kind != HOFeatureKind::Line) m_rasterizer.Flush();
     switch (kind) {
-    case HOFeatureKind::Polygon:
-        useStyle(style);
-        drawPolygon(feature);
-        break;
-    case HOFeatureKind::Line:
-        useStyle(style);
-        drawLine(feature);
-        break;
-    case HOFeatureKind::Point:
-        drawPoints(feature, style, bulkStyle);
-        break;
-    case HOFeatureKind::Empty:
-        break;
+        case HOFeatureKind::Polygon:
+            useStyle(style);
+            drawPolygon(feature);
+            break;
+        case HOFeatureKind::Line:
+            useStyle(style);
+            drawLine(feature);
+            break;
+        case HOFeatureKind::Point:
+            drawPoints(feature, style, bulkStyle);
+            break;
+        case HOFeatureKind::Empty:
+            break;
     }
 }
 
@@ -80,7 +81,8 @@ void HOFeaturePainter::drawPolygon(uint32_t feature) {
     m_path.Clear();
     QPointF start;
     for (uint32_t part = firstPart; part < endPart; ++part) {
-        const int kept = m_path.Append(vertex(m_topology.VertexBegin(part)), vertex(m_topology.VertexEnd(part)));
+        const int kept =
+            m_path.Append(vertex(m_topology.VertexBegin(part)), vertex(m_topology.VertexEnd(part)));
         if (kept == 0) continue;
         const QPointF first = m_path.Points()[m_path.Size() - kept];
         // Each ring is closed and the path returns to the first ring's start, so the joins run
@@ -112,7 +114,8 @@ void HOFeaturePainter::drawPolygon(uint32_t feature) {
 void HOFeaturePainter::drawLine(uint32_t feature) {
     for (uint32_t part = m_topology.PartBegin(feature); part < m_topology.PartEnd(feature); ++part) {
         m_path.Clear();
-        if (m_path.Append(vertex(m_topology.VertexBegin(part)), vertex(m_topology.VertexEnd(part))) < 2) continue;
+        if (m_path.Append(vertex(m_topology.VertexBegin(part)), vertex(m_topology.VertexEnd(part))) < 2)
+            continue;
         if (m_path.Width() < 1.0 && m_path.Height() < 1.0) continue;
         stroke(m_path.Points(), m_path.Size(), true);
     }

@@ -2,16 +2,16 @@
 // HOFeaturePainter: draws features of one store through one painter — polygons filled and outlined,
 // lines stroked, points stamped from a marker image cached per style. One per painting thread; it
 // sets the painter's pen and brush only when the style changes.
+#include <QBrush>
+#include <QImage>
+#include <QPen>
+#include <map>
+
 #include "HOFeatureStore.h"
 #include "HOLineRasterizer.h"
 #include "HOMarkerBlitter.h"
 #include "HOPixelPath.h"
 #include "HOStyle.h"
-
-#include <QBrush>
-#include <QImage>
-#include <QPen>
-#include <map>
 
 class QPainter;
 

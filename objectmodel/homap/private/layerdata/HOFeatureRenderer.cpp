@@ -1,12 +1,11 @@
 #include "HOFeatureRenderer.h"
 
-#include "HOFeaturePainter.h"
-
 #include <QImage>
 #include <QPainter>
-
 #include <algorithm>
 #include <thread>
+
+#include "HOFeaturePainter.h"
 
 namespace HXObjects {
 
@@ -55,7 +54,8 @@ bool HOFeatureRenderer::draw(QPainter& painter, Range features, bool highlighted
     for (const uint32_t* f = features.first; f != features.second; ++f) {
         if (++done % cancelPollInterval == 0 && m_context.IsCancelled()) return false;
         const HOFeatureKind kind = topology.Kind(*f);
-        const HOStyle& style = highlighted ? m_styles.Highlight(kind) : m_styles.StyleFor(kind, topology.Id(*f));
+        const HOStyle& style =
+            highlighted ? m_styles.Highlight(kind) : m_styles.StyleFor(kind, topology.Id(*f));
         featurePainter.Draw(*f, style, !highlighted && &style == &m_styles.KindStyle(kind));
     }
     return true;

@@ -2,17 +2,18 @@
 // HOFeatureRenderer: one render of a feature layer. Finds the features meeting the visible extent,
 // draws them in source order — split over two threads into two pictures composed in order when the
 // load is large and the target is a plain image — and then the selected ones, emphasised, on top.
+#include <vector>
+
 #include "HOFeatureStore.h"
 #include "HOFeatureStyleSet.h"
 #include "HORenderContext.h"
-
-#include <vector>
 
 namespace HXObjects {
 
 class HOFeatureRenderer {
 public:
-    HOFeatureRenderer(const HOFeatureStore& store, const HOFeatureStyleSet& styles, const HORenderContext& context);
+    HOFeatureRenderer(const HOFeatureStore& store, const HOFeatureStyleSet& styles,
+                      const HORenderContext& context);
 
     void Render();
 

@@ -15,8 +15,8 @@ HOBox intersection(const HOBox& a, const HOBox& b) {
 
 }  // namespace
 
-HOFeatureStore::HOFeatureStore(std::shared_ptr<const HOFeatureTopology> topology, std::vector<HOVertex> vertices,
-                               std::vector<HOBox> boxes)
+HOFeatureStore::HOFeatureStore(std::shared_ptr<const HOFeatureTopology> topology,
+                               std::vector<HOVertex> vertices, std::vector<HOBox> boxes)
     : m_topology(std::move(topology)), m_vertices(std::move(vertices)), m_boxes(std::move(boxes)) {
     if (m_topology->IsSinglePoints())
         std::vector<HOBox>().swap(m_boxes);
@@ -24,12 +24,14 @@ HOFeatureStore::HOFeatureStore(std::shared_ptr<const HOFeatureTopology> topology
         computeBoxes();
     computeExtent();
     m_indexReady = std::async(std::launch::async, [this] {
-                       m_index = std::make_unique<HOFeatureIndex>(m_topology->IsSinglePoints() ? nullptr : &m_boxes,
-                                                                  &m_vertices);
+                       m_index = std::make_unique<HOFeatureIndex>(
+                           m_topology->IsSinglePoints() ? nullptr : &m_boxes, &m_vertices);
                    }).share();
 }
 
-HOFeatureStore::~HOFeatureStore() { m_indexReady.wait(); }
+HOFeatureStore::~HOFeatureStore() {
+    m_indexReady.wait();
+}
 
 void HOFeatureStore::computeBoxes() {
     const HOFeatureTopology& t = *m_topology;
@@ -73,7 +75,8 @@ std::vector<uint32_t> HOFeatureStore::scanBoxes(const HOBox& area) const {
     if (m_boxes.empty()) {
         for (uint32_t f = 0; f < n; ++f) {
             const HOVertex& v = m_vertices[f];
-            if (v.x >= area.min.x && v.x <= area.max.x && v.y >= area.min.y && v.y <= area.max.y) hits.push_back(f);
+            if (v.x >= area.min.x && v.x <= area.max.x && v.y >= area.min.y && v.y <= area.max.y)
+                hits.push_back(f);
         }
         return hits;
     }

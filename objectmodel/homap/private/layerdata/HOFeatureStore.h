@@ -3,12 +3,12 @@
 // vertices in one vector, parts and features as offsets into it, one box per feature — so a layer of
 // a million features holds no per-feature heap object. The topology (offsets, kinds, ids) is shared
 // between the source store and its reprojected copies; only vertices and boxes are per system.
-#include "HOFeatureIndex.h"
-#include "HOFeatureTopology.h"
-
 #include <future>
 #include <memory>
 #include <vector>
+
+#include "HOFeatureIndex.h"
+#include "HOFeatureTopology.h"
 
 namespace HXObjects {
 

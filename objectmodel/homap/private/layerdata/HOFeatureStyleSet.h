@@ -2,11 +2,11 @@
 // HOFeatureStyleSet: the styles one render of a feature layer uses, copied at its start so the GUI
 // thread may change the layer meanwhile: a style per geometry kind, the per-feature overrides, and
 // the selected ids with the emphasis they are drawn in.
-#include "HOFeatureTopology.h"
-#include "HOStyle.h"
-
 #include <map>
 #include <vector>
+
+#include "HOFeatureTopology.h"
+#include "HOStyle.h"
 
 namespace HXObjects {
 

@@ -19,7 +19,8 @@ void HOFeatureTopology::EndFeature(HOFeatureKind kind, int64_t id) {
 void HOFeatureTopology::Compact() {
     const std::size_t n = m_kinds.size();
     m_singlePoints = n > 0 && m_partStart.size() == n + 1 &&
-                     std::all_of(m_kinds.begin(), m_kinds.end(), [](HOFeatureKind k) { return k == HOFeatureKind::Point; });
+                     std::all_of(m_kinds.begin(), m_kinds.end(),
+                                 [](HOFeatureKind k) { return k == HOFeatureKind::Point; });
     if (m_singlePoints) {
         for (std::size_t i = 0; i <= n && m_singlePoints; ++i)
             m_singlePoints = m_partStart[i] == i && m_featureStart[i] == i;

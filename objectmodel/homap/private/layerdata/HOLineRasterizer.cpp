@@ -14,7 +14,9 @@ constexpr std::size_t queueLimit = 1 << 20;
 HOLineRasterizer::HOLineRasterizer(const HODirectTarget& target, bool antialias)
     : m_target(target), m_antialias(antialias), m_bands(std::size_t((target.height >> bandShift) + 1)) {}
 
-HOLineRasterizer::~HOLineRasterizer() { Flush(); }
+HOLineRasterizer::~HOLineRasterizer() {
+    Flush();
+}
 
 bool HOLineRasterizer::Handles(const QPen& pen) {
     return pen.style() == Qt::SolidLine && pen.widthF() <= 1.0 && pen.brush().style() == Qt::SolidPattern;
@@ -54,7 +56,8 @@ bool HOLineRasterizer::segment(const QPointF& a, const QPointF& b, bool last, Se
 
 void HOLineRasterizer::queue(const Segment& s) {
     const int maxBand = int(m_bands.size()) - 1;
-    const double top = std::max(-1.0f, std::min(s.y0, s.y1)), bottom = std::min(float(m_target.height), std::max(s.y0, s.y1));
+    const double top = std::max(-1.0f, std::min(s.y0, s.y1)),
+                 bottom = std::min(float(m_target.height), std::max(s.y0, s.y1));
     const int first = std::clamp(int(std::floor(top)) >> bandShift, 0, maxBand);
     const int last = std::clamp((int(std::floor(bottom)) + 1) >> bandShift, 0, maxBand);
     for (int band = first; band <= last; ++band) m_bands[std::size_t(band)].push_back(s);
@@ -73,7 +76,8 @@ void HOLineRasterizer::Flush() {
 }
 
 void HOLineRasterizer::plot(int x, int y, uint32_t coverage) {
-    if (unsigned(x) >= unsigned(m_target.width) || y < m_top || y >= m_bottom || y >= m_target.height || !coverage)
+    if (unsigned(x) >= unsigned(m_target.width) || y < m_top || y >= m_bottom || y >= m_target.height ||
+        !coverage)
         return;
     HODirectTarget::Blend(m_target.bits[y * m_target.stride + x], HODirectTarget::ByteMul(m_color, coverage));
 }

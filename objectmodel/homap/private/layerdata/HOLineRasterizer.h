@@ -5,12 +5,11 @@
 // Segments are queued in bands of rows and drawn band by band on Flush(): a map's lines criss-cross
 // the whole image, and drawn as they come nearly every pixel would wait on memory. Call Flush()
 // before anything else draws, so the order of drawing stays as given.
-#include "HODirectTarget.h"
-
 #include <QPen>
 #include <QPointF>
-
 #include <vector>
+
+#include "HODirectTarget.h"
 
 namespace HXObjects {
 

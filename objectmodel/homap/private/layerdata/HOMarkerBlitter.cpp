@@ -1,15 +1,17 @@
 #include "HOMarkerBlitter.h"
 
 #include <QPainter>
-
 #include <algorithm>
 #include <cmath>
 
 namespace HXObjects {
 
-HOMarkerBlitter::HOMarkerBlitter(QPainter& painter) : m_painter(painter), m_target(HODirectTarget::Of(painter)) {}
+HOMarkerBlitter::HOMarkerBlitter(QPainter& painter)
+    : m_painter(painter), m_target(HODirectTarget::Of(painter)) {}
 
-HOMarkerBlitter::~HOMarkerBlitter() { Flush(); }
+HOMarkerBlitter::~HOMarkerBlitter() {
+    Flush();
+}
 
 void HOMarkerBlitter::SetMarker(const QImage* marker, bool skipRepeats) {
     Flush();
@@ -30,7 +32,8 @@ void HOMarkerBlitter::Stamp(const QPointF& centre) {
         return;
     }
     // Far outside the image: nothing to stamp (and no integer overflow below).
-    if (centre.x() < -w || centre.y() < -h || centre.x() > m_target.width + w || centre.y() > m_target.height + h)
+    if (centre.x() < -w || centre.y() < -h || centre.x() > m_target.width + w ||
+        centre.y() > m_target.height + h)
         return;
     const int x = int(std::floor(centre.x())), y = int(std::floor(centre.y()));
     if (m_skipRepeats)

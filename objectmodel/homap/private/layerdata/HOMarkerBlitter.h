@@ -6,13 +6,12 @@
 // style are queued and stamped band by band of rows on Flush(), so the image is walked in order
 // instead of at random (a million scattered stamps otherwise wait on memory); stamps of one marker
 // commute, so only the order against other drawing matters, and Flush() keeps that.
-#include "HODirectTarget.h"
-
 #include <QImage>
 #include <QPointF>
-
 #include <cstdint>
 #include <vector>
+
+#include "HODirectTarget.h"
 
 class QPainter;
 

@@ -27,21 +27,23 @@ private:
 
 HOFeatureKind kindOf(OGRwkbGeometryType type) {
     switch (wkbFlatten(type)) {
-    case wkbPoint:
-    case wkbMultiPoint:
-        return HOFeatureKind::Point;
-    case wkbLineString:
-    case wkbMultiLineString:
-        return HOFeatureKind::Line;
-    case wkbPolygon:
-    case wkbMultiPolygon:
-        return HOFeatureKind::Polygon;
-    default:
-        return HOFeatureKind::Empty;
+        case wkbPoint:
+        case wkbMultiPoint:
+            return HOFeatureKind::Point;
+        case wkbLineString:
+        case wkbMultiLineString:
+            return HOFeatureKind::Line;
+        case wkbPolygon:
+        case wkbMultiPolygon:
+            return HOFeatureKind::Polygon;
+        default:
+            return HOFeatureKind::Empty;
     }
 }
 
-bool finite(const HOVertex& v) { return std::isfinite(v.x) && std::isfinite(v.y); }
+bool finite(const HOVertex& v) {
+    return std::isfinite(v.x) && std::isfinite(v.y);
+}
 
 }  // namespace
 
@@ -89,24 +91,24 @@ HOFeatureKind HOOgrGeometryReader::append(const OGRGeometry* geometry) {
         return linear ? append(linear.get()) : HOFeatureKind::Empty;
     }
     switch (type) {
-    case wkbPoint: {
-        const auto* point = geometry->toPoint();
-        const HOVertex v{point->getX(), point->getY()};
-        if (point->IsEmpty() || !finite(v)) return HOFeatureKind::Empty;
-        m_vertices.push_back(v);
-        m_box.Add(v);
-        m_topology.EndPart(uint32_t(m_vertices.size()));
-        return HOFeatureKind::Point;
-    }
-    case wkbLineString:
-    case wkbLinearRing:
-        appendCurve(geometry->toSimpleCurve());
-        return HOFeatureKind::Line;
-    case wkbPolygon:
-        for (const OGRLinearRing* ring : *geometry->toPolygon()) appendCurve(ring);
-        return HOFeatureKind::Polygon;
-    default:
-        break;
+        case wkbPoint: {
+            const auto* point = geometry->toPoint();
+            const HOVertex v{point->getX(), point->getY()};
+            if (point->IsEmpty() || !finite(v)) return HOFeatureKind::Empty;
+            m_vertices.push_back(v);
+            m_box.Add(v);
+            m_topology.EndPart(uint32_t(m_vertices.size()));
+            return HOFeatureKind::Point;
+        }
+        case wkbLineString:
+        case wkbLinearRing:
+            appendCurve(geometry->toSimpleCurve());
+            return HOFeatureKind::Line;
+        case wkbPolygon:
+            for (const OGRLinearRing* ring : *geometry->toPolygon()) appendCurve(ring);
+            return HOFeatureKind::Polygon;
+        default:
+            break;
     }
     if (!OGR_GT_IsSubClassOf(type, wkbGeometryCollection)) return HOFeatureKind::Empty;
     HOFeatureKind kind = kindOf(type);

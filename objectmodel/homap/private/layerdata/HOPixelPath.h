@@ -2,12 +2,12 @@
 // HOPixelPath: one part of a feature carried to device pixels and simplified to the pixel in the same
 // pass — a vertex less than a pixel from the last one kept is dropped, the part's last vertex is
 // always kept — into a buffer reused from part to part, so drawing allocates nothing per vertex.
-#include "HODisplayTransform.h"
-#include "HOFeatureTopology.h"
-
 #include <QPointF>
 #include <QRectF>
 #include <vector>
+
+#include "HODisplayTransform.h"
+#include "HOFeatureTopology.h"
 
 namespace HXObjects {
 
@@ -26,7 +26,9 @@ public:
     // Width and height of the points appended since Clear(), in pixels.
     double Width() const { return m_maxX - m_minX; }
     double Height() const { return m_maxY - m_minY; }
-    QPointF ToDevice(const HOVertex& v) const { return {v.x * m_scale + m_offsetX, m_offsetY - v.y * m_scale}; }
+    QPointF ToDevice(const HOVertex& v) const {
+        return {v.x * m_scale + m_offsetX, m_offsetY - v.y * m_scale};
+    }
 
 private:
     double m_scale;

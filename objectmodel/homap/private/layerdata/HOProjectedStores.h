@@ -1,19 +1,20 @@
 #pragma once
 // HOProjectedStores: a feature layer's geometry in every coordinate system it has been drawn in.
 // Each copy is built once, on first use, and shared by all views rendering in that system.
-#include "HOCoordinateSystem.h"
-#include "HOFeatureStore.h"
-#include "HORefPtr.h"
-
 #include <memory>
 #include <mutex>
 #include <vector>
+
+#include "HOCoordinateSystem.h"
+#include "HOFeatureStore.h"
+#include "HORefPtr.h"
 
 namespace HXObjects {
 
 class HOProjectedStores {
 public:
-    HOProjectedStores(std::shared_ptr<const HOFeatureStore> source, HORefPtr<HOCoordinateSystem> sourceSystem);
+    HOProjectedStores(std::shared_ptr<const HOFeatureStore> source,
+                      HORefPtr<HOCoordinateSystem> sourceSystem);
 
     std::shared_ptr<const HOFeatureStore> Source() const { return m_source; }
     // The source store when no transformation is needed; null when none exists.

@@ -1,8 +1,8 @@
 #include "HORasterLayerLoader.h"
 
-#include "HORasterLayerPrivate.h"
-
 #include <QFileInfo>
+
+#include "HORasterLayerPrivate.h"
 
 namespace HXObjects {
 
@@ -21,8 +21,8 @@ HORefPtr<HORasterLayer> HORasterLayerLoader::Load(GDALDatasetUniquePtr dataset, 
     // smallest overview when there is one) to know the pixels can be read at all.
     float sample = 0;
     CPLErrorReset();
-    if (first->RasterIO(GF_Read, 0, 0, first->GetXSize(), first->GetYSize(), &sample, 1, 1, GDT_Float32, 0, 0) !=
-        CE_None) {
+    if (first->RasterIO(GF_Read, 0, 0, first->GetXSize(), first->GetYSize(), &sample, 1, 1, GDT_Float32, 0,
+                        0) != CE_None) {
         reason->Format("its pixels cannot be read: %s", CPLGetLastErrorMsg());
         return nullptr;
     }

@@ -1,8 +1,8 @@
 #pragma once
 // HORasterLayerLoader: makes a raster layer of an open GDAL raster data source.
-#include "HORasterLayer.h"
-
 #include <gdal_priv.h>
+
+#include "HORasterLayer.h"
 
 namespace HXObjects {
 

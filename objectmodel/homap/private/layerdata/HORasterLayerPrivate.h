@@ -2,14 +2,14 @@
 // HORasterLayer::Private: the open dataset, its warped views per map coordinate system (declared
 // after the dataset so they close first), and the grey stretch. The mutex serialises every use of
 // the datasets, which GDAL does not allow from two threads at once.
-#include "HOCoordinateSystem.h"
-#include "HORasterLayer.h"
-#include "HORasterReader.h"
-
 #include <gdal_priv.h>
 
 #include <mutex>
 #include <vector>
+
+#include "HOCoordinateSystem.h"
+#include "HORasterLayer.h"
+#include "HORasterReader.h"
 
 namespace HXObjects {
 

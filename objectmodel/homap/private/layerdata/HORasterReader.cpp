@@ -26,7 +26,8 @@ QImage HORasterReader::Read(const HORect& extent, const HODisplayTransform& tran
     if (visible.IsEmpty()) return QImage();
     // The raster window in (fractional) pixels, and where it lands on the device.
     const double window[4] = {(visible.minx - m_geo[0]) / m_geo[1], (visible.maxy - m_geo[3]) / m_geo[5],
-                              (visible.maxx - visible.minx) / m_geo[1], (visible.miny - visible.maxy) / m_geo[5]};
+                              (visible.maxx - visible.minx) / m_geo[1],
+                              (visible.miny - visible.maxy) / m_geo[5]};
     const HOPoint topLeft = transform.ToDevice({visible.minx, visible.maxy});
     const HOPoint bottomRight = transform.ToDevice({visible.maxx, visible.miny});
     *target = QRectF(QPointF(topLeft.x, topLeft.y), QPointF(bottomRight.x, bottomRight.y));
@@ -58,8 +59,9 @@ QImage HORasterReader::Read(const HORect& extent, const HODisplayTransform& tran
                 line[x] = qRgb(g, g, g);
                 continue;
             }
-            const QRgb colour = qRgba(toByte(first, 0, 1), toByte(channels[1][i], 0, 1), toByte(channels[2][i], 0, 1),
-                                      alpha ? toByte(channels[3][i], 0, 1) : 255);
+            const QRgb colour =
+                qRgba(toByte(first, 0, 1), toByte(channels[1][i], 0, 1), toByte(channels[2][i], 0, 1),
+                      alpha ? toByte(channels[3][i], 0, 1) : 255);
             line[x] = qPremultiply(colour);
         }
     }
@@ -80,10 +82,12 @@ bool HORasterReader::readBand(int band, const double window[4], int width, int h
     extra.eResampleAlg = width < window[2] ? GRIORA_Bilinear : GRIORA_NearestNeighbour;
     const int xOff = std::clamp(int(std::floor(window[0])), 0, m_dataset->GetRasterXSize() - 1);
     const int yOff = std::clamp(int(std::floor(window[1])), 0, m_dataset->GetRasterYSize() - 1);
-    const int xSize = std::clamp(int(std::ceil(window[0] + window[2])) - xOff, 1, m_dataset->GetRasterXSize() - xOff);
-    const int ySize = std::clamp(int(std::ceil(window[1] + window[3])) - yOff, 1, m_dataset->GetRasterYSize() - yOff);
-    return m_dataset->GetRasterBand(band)->RasterIO(GF_Read, xOff, yOff, xSize, ySize, values.data(), width, height,
-                                                     GDT_Float32, 0, 0, &extra) == CE_None;
+    const int xSize =
+        std::clamp(int(std::ceil(window[0] + window[2])) - xOff, 1, m_dataset->GetRasterXSize() - xOff);
+    const int ySize =
+        std::clamp(int(std::ceil(window[1] + window[3])) - yOff, 1, m_dataset->GetRasterYSize() - yOff);
+    return m_dataset->GetRasterBand(band)->RasterIO(GF_Read, xOff, yOff, xSize, ySize, values.data(), width,
+                                                    height, GDT_Float32, 0, 0, &extra) == CE_None;
 }
 
 uchar HORasterReader::toByte(float value, double minimum, double scale) {

@@ -3,11 +3,11 @@
 // the output, into an image: three or four bands as RGB(A), otherwise the first band as grey stretched
 // between the given minimum and maximum; no-data pixels are transparent. All GDAL raster reads happen
 // here. Not thread-safe: the caller serialises use of the dataset.
-#include "HODisplayTransform.h"
-#include "HORect.h"
-
 #include <QImage>
 #include <QRectF>
+
+#include "HODisplayTransform.h"
+#include "HORect.h"
 
 class GDALDataset;
 
