@@ -42,7 +42,7 @@ void HOFeatureLayer::Render(const HORenderContext& context) {
     const std::shared_ptr<const HOFeatureStore> store = d->stores.StoreFor(context.mapSystem);
     if (!store) return;  // no transformation into the map's system
     std::unique_lock<std::mutex> lock(d->mutex);
-    const HOFeatureStyleSet styles(d->style, d->custom->GetAllStyles(), d->selected);
+    const HOFeatureStyleSet styles(d->style, d->custom->GetAllStyles(), d->selected, d->categories);
     lock.unlock();
     HOFeatureRenderer(*store, styles, context).Render();
 }
@@ -67,6 +67,19 @@ void HOFeatureLayer::SetStyle(HORefPtr<HOStyle> style) {
 
 HORefPtr<HOUserFeatureRender> HOFeatureLayer::GetCustomFeatureRender() const {
     return d->custom;
+}
+
+bool HOFeatureLayer::SetCategoryStyles(const HOString& field,
+                                       const std::map<HOString, HORefPtr<HOStyle>>& styles) {
+    std::lock_guard<std::mutex> lock(d->mutex);
+    if (field.isEmpty()) {
+        d->categories.reset();
+        return true;
+    }
+    auto categories = HOFeatureCategories::Read(d->ogrLayer, d->stores.Source()->Topology(), field, styles);
+    if (!categories) return false;
+    d->categories = std::move(categories);
+    return true;
 }
 
 bool HOFeatureLayer::IsSameCoordinateSystem(HOCoordinateSystem* system) const {

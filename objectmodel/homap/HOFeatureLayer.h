@@ -3,6 +3,7 @@
 // with a spatial index, reprojected on the fly to the map's system (cached per target system), and
 // drawn with the layer style, per-feature overrides (HOUserFeatureRender) and the selection
 // highlighted. Feature ids are the source's FIDs.
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -26,6 +27,10 @@ public:
     // Never null.
     HORefPtr<HOUserFeatureRender> GetCustomFeatureRender() const;
     bool IsSameCoordinateSystem(HOCoordinateSystem* system) const;
+    // Draws each feature whose value of `field` has a style in `styles` with that style (the rest
+    // with the layer style; per-feature styles still win). An empty field clears. False, changing
+    // nothing, when the layer has no such field.
+    bool SetCategoryStyles(const HOString& field, const std::map<HOString, HORefPtr<HOStyle>>& styles);
 
     // Selection (ids). The rectangle is in the given system (the layer's own when null).
     bool HasSelectedFeatures() const;

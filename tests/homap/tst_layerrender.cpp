@@ -45,6 +45,7 @@ private slots:
     void drawsEachKindWhereItIs();
     void selectionIsDrawnEmphasised();
     void featureStyleOverridesLayerStyle();
+    void categoryStylesFollowAttributeValues();
     void laterFeaturesDrawOnTop_data();
     void laterFeaturesDrawOnTop();
     void cancelledRenderDrawsNothing();
@@ -125,6 +126,32 @@ void TestLayerRender::featureStyleOverridesLayerStyle() {
     m_points->SetStyle(HOStyle::NewMarker(HOStyle::Circle, 5, HOColor(0, 128, 0)));
     QCOMPARE(render({m_points}).pixel(80, 79), qRgb(0, 128, 0));
     m_points->SetStyle(HOStyle::NewMarker(HOStyle::Circle, 6, HOColor(214, 69, 45)));
+}
+
+void TestLayerRender::categoryStylesFollowAttributeValues() {
+    HORefPtr<HOFeatureLayer> layer = open("landuse.gpkg", 4509, wkbPolygon,
+                                          {{"POLYGON((0 0,30 0,30 30,0 30,0 0))", 7, "forest"},
+                                           {"POLYGON((35 0,65 0,65 30,35 30,35 0))", 8, "farm"},
+                                           {"POLYGON((70 0,100 0,100 30,70 30,70 0))", 9, "water"}});
+    QVERIFY(layer);
+    const QRgb red = qRgb(255, 0, 0), blue = qRgb(0, 0, 255), black = qRgb(0, 0, 0);
+    const std::map<HOString, HORefPtr<HOStyle>> styles{
+        {"forest", HOStyle::NewFill(HOColor(255, 0, 0), HOColor(255, 0, 0), 0)},
+        {"farm", HOStyle::NewFill(HOColor(0, 0, 255), HOColor(0, 0, 255), 0)}};
+    QVERIFY(layer->SetCategoryStyles("name", styles));
+    QImage image = render({layer});
+    QCOMPARE(image.pixel(15, 85), red);
+    QCOMPARE(image.pixel(50, 85), blue);
+    QCOMPARE(image.pixel(85, 85), fillGreen);  // no style for its value: the layer's
+    // A feature's own style still wins; an unknown field changes nothing.
+    layer->GetCustomFeatureRender()->SetFeatureStyle(8,
+                                                     HOStyle::NewFill(HOColor(0, 0, 0), HOColor(0, 0, 0), 0));
+    QVERIFY(!layer->SetCategoryStyles("nosuchfield", {}));
+    image = render({layer});
+    QCOMPARE(image.pixel(15, 85), red);
+    QCOMPARE(image.pixel(50, 85), black);
+    QVERIFY(layer->SetCategoryStyles("", {}));
+    QCOMPARE(render({layer}).pixel(15, 85), fillGreen);
 }
 
 void TestLayerRender::laterFeaturesDrawOnTop_data() {

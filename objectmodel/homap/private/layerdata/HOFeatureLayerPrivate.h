@@ -8,6 +8,7 @@
 #include <mutex>
 
 #include "HOCoordinateSystem.h"
+#include "HOFeatureCategories.h"
 #include "HOFeatureLayer.h"
 #include "HOProjectedStores.h"
 
@@ -29,6 +30,7 @@ public:
     HORefPtr<HOStyle> style;
     HORefPtr<HOUserFeatureRender> custom{new HOUserFeatureRender};
     std::vector<int64_t> selected;  // ascending
+    std::shared_ptr<const HOFeatureCategories> categories;
 };
 
 }  // namespace HXObjects

@@ -55,7 +55,7 @@ bool HOFeatureRenderer::draw(QPainter& painter, Range features, bool highlighted
         if (++done % cancelPollInterval == 0 && m_context.IsCancelled()) return false;
         const HOFeatureKind kind = topology.Kind(*f);
         const HOStyle& style =
-            highlighted ? m_styles.Highlight(kind) : m_styles.StyleFor(kind, topology.Id(*f));
+            highlighted ? m_styles.Highlight(kind) : m_styles.StyleFor(kind, *f, topology.Id(*f));
         featurePainter.Draw(*f, style, !highlighted && &style == &m_styles.KindStyle(kind));
     }
     return true;

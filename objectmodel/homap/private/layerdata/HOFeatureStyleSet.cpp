@@ -43,8 +43,11 @@ HORefPtr<HOStyle> HOFeatureStyleSet::HighlightStyle(HOFeatureKind kind) {
 }
 
 HOFeatureStyleSet::HOFeatureStyleSet(HORefPtr<HOStyle> layerStyle, std::map<int, HORefPtr<HOStyle>> overrides,
-                                     std::vector<int64_t> selectedSorted)
-    : m_overrides(std::move(overrides)), m_selected(std::move(selectedSorted)) {
+                                     std::vector<int64_t> selectedSorted,
+                                     std::shared_ptr<const HOFeatureCategories> categories)
+    : m_overrides(std::move(overrides)),
+      m_selected(std::move(selectedSorted)),
+      m_categories(std::move(categories)) {
     for (int k = 0; k < 4; ++k) {
         const auto kind = HOFeatureKind(k);
         const bool own =
@@ -54,11 +57,13 @@ HOFeatureStyleSet::HOFeatureStyleSet(HORefPtr<HOStyle> layerStyle, std::map<int,
     }
 }
 
-const HOStyle& HOFeatureStyleSet::StyleFor(HOFeatureKind kind, int64_t id) const {
+const HOStyle& HOFeatureStyleSet::StyleFor(HOFeatureKind kind, std::size_t feature, int64_t id) const {
     if (!m_overrides.empty()) {
         const auto it = m_overrides.find(int(id));
         if (it != m_overrides.end()) return *it->second;
     }
+    if (m_categories)
+        if (const HOStyle* style = m_categories->StyleOf(feature)) return *style;
     return *m_byKind[int(kind)];
 }
 

@@ -1,10 +1,11 @@
 #pragma once
 // HOFeatureStyleSet: the styles one render of a feature layer uses, copied at its start so the GUI
 // thread may change the layer meanwhile: a style per geometry kind, the per-feature overrides, and
-// the selected ids with the emphasis they are drawn in.
+// the styles by attribute value, and the selected ids with the emphasis they are drawn in.
 #include <map>
 #include <vector>
 
+#include "HOFeatureCategories.h"
 #include "HOFeatureTopology.h"
 #include "HOStyle.h"
 
@@ -19,10 +20,11 @@ public:
     static HOStyle::StyleType StyleTypeOf(HOFeatureKind kind);
 
     HOFeatureStyleSet(HORefPtr<HOStyle> layerStyle, std::map<int, HORefPtr<HOStyle>> overrides,
-                      std::vector<int64_t> selectedSorted);
+                      std::vector<int64_t> selectedSorted,
+                      std::shared_ptr<const HOFeatureCategories> categories);
 
-    // The layer's style for the kind, or the override of the feature.
-    const HOStyle& StyleFor(HOFeatureKind kind, int64_t id) const;
+    // The feature's override, else the style of its category, else the layer's style for the kind.
+    const HOStyle& StyleFor(HOFeatureKind kind, std::size_t feature, int64_t id) const;
     const HOStyle& Highlight(HOFeatureKind kind) const { return *m_highlight[int(kind)]; }
     const HOStyle& KindStyle(HOFeatureKind kind) const { return *m_byKind[int(kind)]; }
     bool IsSelected(int64_t id) const;
@@ -33,6 +35,7 @@ private:
     HORefPtr<HOStyle> m_highlight[4];
     std::map<int, HORefPtr<HOStyle>> m_overrides;
     std::vector<int64_t> m_selected;
+    std::shared_ptr<const HOFeatureCategories> m_categories;
 };
 
 }  // namespace HXObjects
