@@ -50,6 +50,8 @@ private slots:
     void laterFeaturesDrawOnTop();
     void cancelledRenderDrawsNothing();
     void reprojectsToTheMapSystem();
+    void reprojectsLargeLayersWhole_data();
+    void reprojectsLargeLayersWhole();
     void zoomedViewDrawsOnlyWhatItShows();
     void deepZoomStillFills_data();
     void deepZoomStillFills();
@@ -203,6 +205,25 @@ void TestLayerRender::reprojectsToTheMapSystem() {
     // Drawn in its own system the same layer still lands where its own coordinates say.
     const QImage own = render({layer}, HORect(116.9, 117.1, 29.9, 30.1), layer->GetSpatialReference());
     QCOMPARE(own.pixel(50, 50), markerRed);
+}
+
+void TestLayerRender::reprojectsLargeLayersWhole_data() {
+    QTest::addColumn<int>("verticesPerEdge");
+    QTest::newRow("light ring") << 4;
+    QTest::newRow("dense ring, split over threads") << 60000;
+}
+
+void TestLayerRender::reprojectsLargeLayersWhole() {
+    QFETCH(int, verticesPerEdge);
+    HORefPtr<HOFeatureLayer> layer = open(QStringLiteral("geographic%1.gpkg").arg(verticesPerEdge), 4490,
+                                          wkbPolygon, {{denseSquare(116.99, 29.99, 0.02, verticesPerEdge)}});
+    QVERIFY(layer);
+    HORefPtr<HOCoordinateSystem> gk = HOCoordinateSystem::FromEpsg(4509);
+    const QImage image = render({layer}, layer->GetExtentIn(gk), gk);
+    // Inside near each corner: all four edges, from both halves of the vertices, came through.
+    // (The square is some 87 pixels wide here: a degree of longitude is shorter than one of latitude.)
+    for (const QPoint& p : {QPoint(10, 10), QPoint(75, 10), QPoint(10, 88), QPoint(75, 88), QPoint(43, 50)})
+        QVERIFY2(image.pixel(p) == fillGreen, qPrintable(QStringLiteral("%1,%2").arg(p.x()).arg(p.y())));
 }
 
 void TestLayerRender::zoomedViewDrawsOnlyWhatItShows() {
