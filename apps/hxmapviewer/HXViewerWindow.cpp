@@ -1,9 +1,13 @@
 #include "HXViewerWindow.h"
 
+#include "HOCMDPool.h"
+#include "HOCallbackKey.h"
 #include "HOCoordinateSystem.h"
+#include "HOIdentifyEvent.h"
 #include "HOLayer.h"
 #include "HOMap.h"
 #include "HOMapView.h"
+#include "HOToolIdentify.h"
 #include "HXApplication.h"
 #include "HXCommandDock.h"
 #include "HXDataSources.h"
@@ -33,7 +37,6 @@
 using namespace HXObjects;
 
 namespace {
-const char* const kRenderKey = "hxmapviewer render finished";
 const char* const kFileFilter =
     "Map data (*.gpkg *.shp *.geojson *.json *.kml *.gml *.tab *.mif *.csv *.tif *.tiff *.img *.jp2 *.png *.jpg *.vrt);;"
     "All files (*)";
@@ -64,9 +67,7 @@ HXViewerWindow::HXViewerWindow(QWidget* parent) : QMainWindow(parent) {
     mIdentify->hide();
     mCanvas->SetCommandControl(mCommand);
 
-    if (HOMapView* view = mCanvas->GetMapView()) {
-        view->RenderFinishedSignal.bind(kRenderKey, [this](void*, HOEvent*) { ++mRendersFinished; });
-    }
+    if (HOMapView* view = mCanvas->GetMapView()) HOBindMember(view->RenderFinishedSignal, this, &HXViewerWindow::onRenderFinished);
     buildToolBar();
     buildMenus();
     bindIdentifyTool();
@@ -75,8 +76,12 @@ HXViewerWindow::HXViewerWindow(QWidget* parent) : QMainWindow(parent) {
 }
 
 HXViewerWindow::~HXViewerWindow() {
-    if (HOMapView* view = mCanvas->GetMapView()) view->RenderFinishedSignal.unbind(kRenderKey);
+    if (HOMapView* view = mCanvas->GetMapView()) HOUnbindMember(view->RenderFinishedSignal, this, &HXViewerWindow::onRenderFinished);
+    if (mIdentifyTool) HOUnbindMember(mIdentifyTool->IdentifiedSignal, this, &HXViewerWindow::onIdentified);
 }
+
+// On the render thread: only counts.
+void HXViewerWindow::onRenderFinished(void*, HOEvent*) { ++mRendersFinished; }
 
 void HXViewerWindow::buildToolBar() {
     QToolBar* bar = addToolBar(tr("Map tools"));
@@ -227,6 +232,10 @@ bool HXViewerWindow::waitForRender(int timeoutMs) {
     clock.start();
     const int before = mRendersFinished.load();
     HOMapView* view = mCanvas->GetMapView();
+    if (!view || view->GetMap()->GetLayerCount() == 0) {
+        QApplication::processEvents();
+        return true;  // nothing to draw
+    }
     while (clock.elapsed() < timeoutMs) {
         QApplication::processEvents(QEventLoop::AllEvents, 50);
         const bool finished = mRendersFinished.load() > before && view && !view->IsRendering();
@@ -257,4 +266,22 @@ bool HXViewerWindow::eventFilter(QObject* watched, QEvent* event) {
     return QMainWindow::eventFilter(watched, event);
 }
 
-void HXViewerWindow::bindIdentifyTool() {}
+void HXViewerWindow::bindIdentifyTool() {
+    mIdentifyTool = dynamic_cast<HOToolIdentify*>(HOCMDPool::GetInstance()->GetTool("HXObjects::HOToolIdentify"));
+    if (mIdentifyTool) HOBindMember(mIdentifyTool->IdentifiedSignal, this, &HXViewerWindow::onIdentified);
+}
+
+// The identify tool reports on the GUI thread, one click at a time.
+void HXViewerWindow::onIdentified(void* sender, HOEvent* event) {
+    auto* found = dynamic_cast<HOIdentifyEvent*>(event);
+    if (!found || sender != mIdentifyTool || mCanvas->getMapTool() != mIdentifyTool) return;
+    mIdentify->clear();
+    if (found->featureId < 0) {
+        mMessageBar->pushInfo(tr("Identify"), tr("nothing found here"));
+        return;
+    }
+    HXIdentifyPanel::Attributes attributes;
+    for (const auto& attribute : found->attributes)
+        attributes.append({attribute.first.toQString(), attribute.second.toQString()});
+    mIdentify->addFeature(found->layerName.toQString(), found->featureId, attributes);
+}

@@ -15,6 +15,11 @@ class HXLayerPanel;
 class HXMapCanvas;
 class HXMessageBar;
 
+namespace HXObjects {
+class HOEvent;
+class HOToolIdentify;
+}  // namespace HXObjects
+
 class HXViewerWindow : public QMainWindow {
     Q_OBJECT
 
@@ -53,6 +58,8 @@ private:
     bool openSource(const QString& source);
     void bindIdentifyTool();
     void restoreSettings();
+    void onRenderFinished(void* sender, HXObjects::HOEvent* event);
+    void onIdentified(void* sender, HXObjects::HOEvent* event);
 
     HXMapCanvas* mCanvas;
     HXMessageBar* mMessageBar;
@@ -62,5 +69,6 @@ private:
     QActionGroup* mToolGroup = nullptr;
     QMenu* mRecentMenu = nullptr;
     QStringList mErrors;
+    HXObjects::HOToolIdentify* mIdentifyTool = nullptr;
     std::atomic<int> mRendersFinished{0};
 };

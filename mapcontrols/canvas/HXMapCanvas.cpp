@@ -233,8 +233,10 @@ void HXMapCanvas::setStatusBarStyle(QStyle* style) {
     if (mStatusBar) mStatusBar->setStyle(style);
 }
 
+// The page flag and the document flag both record the change: hosts read either.
 void HXMapCanvas::SetPageModified() {
     mPageModified = true;
+    mDocStateChanged = true;
 }
 
 void HXMapCanvas::ReloadLayerTree() {
