@@ -10,12 +10,20 @@ using namespace HXObjects;
 
 namespace {
 
+using Classes = std::map<HOString, HORefPtr<HOStyle>>;
+
+HORefPtr<HOStyle> parcel(int r, int g, int b, int alpha) {
+    return HOStyle::NewFill(HOColor(r, g, b, alpha), HOColor(r - 30, g - 30, b - 30, 50), 0.5);
+}
+
+HORefPtr<HOStyle> road(double width, const HOColor& colour) { return HOStyle::NewLine(width, colour); }
+
 HORefPtr<HOStyle> styleFor(const QString& name) {
     if (name == "land") return HOStyle::NewFill(HOColor(233, 229, 205, 200), HOColor(150, 140, 110), 1.0);
     if (name == "lakes") return HOStyle::NewFill(HOColor(150, 195, 235), HOColor(90, 140, 200), 0.8);
-    if (name == "landuse") return HOStyle::NewFill(HOColor(120, 175, 100, 90), HOColor(110, 150, 90, 40), 0.5);
+    if (name == "landuse") return parcel(200, 215, 160, 110);
     if (name == "rivers") return HOStyle::NewLine(1.4, HOColor(70, 130, 210));
-    if (name == "roads") return HOStyle::NewLine(1.6, HOColor(205, 75, 55));
+    if (name == "roads") return road(1.2, HOColor(205, 75, 55));
     if (name == "towns") {
         HORefPtr<HOStyle> marker = HOStyle::NewMarker(HOStyle::Circle, 7.0, HOColor(170, 25, 30));
         marker->SetOutlineColor(HOColor(255, 255, 255));
@@ -24,12 +32,30 @@ HORefPtr<HOStyle> styleFor(const QString& name) {
     return nullptr;
 }
 
+// Styles by the value of a field, for the layers whose features carry a class.
+void styleClasses(HOFeatureLayer* layer) {
+    const QString name = layer->GetName().toQString();
+    if (name == "landuse") {
+        layer->SetCategoryStyles("class", Classes{{"farmland", parcel(236, 222, 150, 120)},
+                                                  {"orchard", parcel(190, 215, 120, 130)},
+                                                  {"forest", parcel(95, 150, 85, 140)},
+                                                  {"wetland", parcel(140, 200, 190, 130)},
+                                                  {"urban", parcel(205, 190, 185, 170)}});
+    } else if (name == "roads") {
+        layer->SetCategoryStyles("class", Classes{{"motorway", road(2.6, HOColor(200, 60, 40))},
+                                                  {"primary", road(1.8, HOColor(215, 95, 50))},
+                                                  {"secondary", road(1.3, HOColor(205, 75, 55))},
+                                                  {"minor", road(0.9, HOColor(150, 120, 110))}});
+    }
+}
+
 }  // namespace
 
 void HXLayerStyler::style(HOLayer* layer) {
     auto* features = dynamic_cast<HOFeatureLayer*>(layer);
     if (!features) return;
     if (HORefPtr<HOStyle> s = styleFor(features->GetName().toQString())) features->SetStyle(s);
+    styleClasses(features);
 }
 
 void HXLayerStyler::styleMap(HOMap* map) {

@@ -4,10 +4,10 @@
 
 const QVector<HXViewerTool>& HXViewerTools::all() {
     static const QVector<HXViewerTool> tools = {
-        {"pan", "HXObjects::HOToolPan", QCoreApplication::translate("HXViewerTools", "Pan"), "", "P"},
+        {"pan", "HXObjects::HOToolPan", QCoreApplication::translate("HXViewerTools", "Pan"), "pan", "P"},
         {"zoomin", "HXObjects::HOToolZoomIn", QCoreApplication::translate("HXViewerTools", "Zoom in"), "zoom-in.png", "Z"},
         {"zoomout", "HXObjects::HOToolZoomOut", QCoreApplication::translate("HXViewerTools", "Zoom out"), "zoom-out.png", "X"},
-        {"select", "HXObjects::HOToolSingleSelect", QCoreApplication::translate("HXViewerTools", "Select"), "", "S"},
+        {"select", "HXObjects::HOToolSingleSelect", QCoreApplication::translate("HXViewerTools", "Select"), "select", "S"},
         {"identify", "HXObjects::HOToolIdentify", QCoreApplication::translate("HXViewerTools", "Identify"), "Identify.png", "I"},
     };
     return tools;

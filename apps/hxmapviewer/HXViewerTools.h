@@ -7,7 +7,7 @@ struct HXViewerTool {
     QString command;    // what the command line accepts
     QString className;  // the command pool's name
     QString label;      // tool-bar text
-    QString icon;       // theme image, or empty for a style icon
+    QString icon;       // theme image, or "pan" / "select" for the viewer's own drawings
     QString shortcut;
 };
 

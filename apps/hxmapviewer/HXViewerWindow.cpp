@@ -17,6 +17,7 @@
 #include "HXMapCanvas.h"
 #include "HXMessageBar.h"
 #include "HXRecentFiles.h"
+#include "HXViewerIcons.h"
 #include "HXViewerTools.h"
 
 #include <QActionGroup>
@@ -88,8 +89,9 @@ void HXViewerWindow::buildToolBar() {
     bar->setObjectName("mapTools");
     mToolGroup = new QActionGroup(this);
     for (const HXViewerTool& tool : HXViewerTools::all()) {
-        const QIcon icon = tool.icon.isEmpty() ? style()->standardIcon(QStyle::SP_ArrowRight)
-                                               : HXApplication::getThemeIcon(tool.icon);
+        const QIcon icon = tool.icon == "pan"      ? HXViewerIcons::pan()
+                           : tool.icon == "select" ? HXViewerIcons::select()
+                                                   : HXApplication::getThemeIcon(tool.icon);
         QAction* action = bar->addAction(icon, tool.label);
         action->setCheckable(true);
         action->setShortcut(QKeySequence(tool.shortcut));
