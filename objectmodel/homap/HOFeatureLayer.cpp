@@ -11,17 +11,6 @@
 
 namespace HXObjects {
 
-namespace {
-
-HOBox boxOf(const HORect& r) {
-    HOBox box;
-    box.min = {r.minx, r.miny};
-    box.max = {r.maxx, r.maxy};
-    return box;
-}
-
-}  // namespace
-
 HOFeatureLayer::HOFeatureLayer() = default;
 HOFeatureLayer::~HOFeatureLayer() = default;
 
@@ -131,7 +120,7 @@ std::vector<int> HOFeatureLayer::IdentifyIn(const HORect& rect, const HOCoordina
     std::vector<int> ids;
     const std::shared_ptr<const HOFeatureStore> store = d->stores.StoreFor(rectSystem);
     if (!store || !(rect.maxx >= rect.minx && rect.maxy >= rect.miny)) return ids;
-    const HOBox box = boxOf(rect);
+    const HOBox box = HOBoxOf(rect);
     for (const uint32_t f : store->FeaturesIn(box))
         if (HOFeatureHitTest::Meets(*store, f, box)) ids.push_back(int(store->Topology().Id(f)));
     return ids;

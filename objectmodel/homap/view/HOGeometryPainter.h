@@ -23,7 +23,8 @@ public:
 
 private:
     QPainterPath path(const HOGeometry& geometry, bool closed) const;
-    QPainterPath markers(const HOGeometry& geometry, HOStyle::MarkerShape shape, double size) const;
+    template <class DrawAt>
+    void eachPoint(const HOGeometry& geometry, DrawAt drawAt) const;
     static bool isPoint(const HOGeometry& geometry);
     static bool isArea(const HOGeometry& geometry);
 

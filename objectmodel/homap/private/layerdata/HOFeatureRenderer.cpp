@@ -15,13 +15,6 @@ constexpr std::size_t cancelPollInterval = 2048;
 // Below this many vertices a second thread costs more than it saves.
 constexpr uint32_t splitVertexThreshold = 200000;
 
-HOBox boxOf(const HORect& r) {
-    HOBox box;
-    box.min = {r.minx, r.miny};
-    box.max = {r.maxx, r.maxy};
-    return box;
-}
-
 }  // namespace
 
 HOFeatureRenderer::HOFeatureRenderer(const HOFeatureStore& store, const HOFeatureStyleSet& styles,
@@ -30,7 +23,7 @@ HOFeatureRenderer::HOFeatureRenderer(const HOFeatureStore& store, const HOFeatur
 
 void HOFeatureRenderer::Render() {
     if (!m_context.painter || m_context.extent.IsEmpty() || !(m_context.transform.unitsPerPixel > 0)) return;
-    std::vector<uint32_t> features = m_store.FeaturesIn(boxOf(m_context.extent));
+    std::vector<uint32_t> features = m_store.FeaturesIn(HOBoxOf(m_context.extent));
     if (features.empty() || m_context.IsCancelled()) return;
     std::vector<uint32_t> selected;
     if (m_styles.HasSelection()) {

@@ -1,6 +1,8 @@
 #pragma once
 // HOFeatureTopology: how a feature layer's flat vertex array divides into features and parts, each
 // feature's kind and id. Read-only once loaded; shared by all coordinate-system copies of a layer.
+#include "HORect.h"
+
 #include <cmath>
 #include <cstdint>
 #include <vector>
@@ -37,6 +39,14 @@ struct HOBox {
     }
     double Area() const { return IsValid() ? (max.x - min.x) * (max.y - min.y) : 0.0; }
 };
+
+// The box with the rectangle's corners.
+inline HOBox HOBoxOf(const HORect& r) {
+    HOBox box;
+    box.min = {r.minx, r.miny};
+    box.max = {r.maxx, r.maxy};
+    return box;
+}
 
 enum class HOFeatureKind : uint8_t { Empty = 0, Point = 1, Line = 2, Polygon = 3 };
 
