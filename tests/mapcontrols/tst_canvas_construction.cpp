@@ -1,9 +1,8 @@
-// What a new canvas is in each view mode: its status bar, its title, which view signals reach it, and
-// which map view GetMapView() finds in a page layout.
+// A canvas in each view mode: its status bar and title, which view signals it binds, how SetMapView,
+// SetPageLayoutView and the destructor rebind them, and which map view a page layout shows.
 #include <QLabel>
 #include <QLineEdit>
 #include <QStatusBar>
-#include <QStyleFactory>
 #include <QToolButton>
 #include <QTranslator>
 #include <QtTest>
@@ -11,8 +10,8 @@
 #include "HOCallbackKey.h"
 #include "HODataFrame.h"
 #include "HOMapViewManager.h"
-#include "HOTextElementStub.h"
-#include "HXCanvasProbe.h"
+#include "HOPageLayoutBaseElement.h"
+#include "HORecordingView.h"
 #include "HXMapCanvas.h"
 #include "HXMapWidget.h"
 #include "HXScaleComboBox.h"
@@ -20,8 +19,6 @@
 #include "HXStatusBarScaleWidget.h"
 
 using namespace HXObjects;
-using HXCanvasProbe::RenderToggle;
-
 Q_DECLARE_METATYPE(HXMapCanvas::ViewMode)
 
 namespace {
@@ -29,10 +26,41 @@ namespace {
 // Translates the view name, so a test can tell the translated name from the fixed window title.
 class MapNameTranslator : public QTranslator {
 public:
-    QString translate(const char*, const char* sourceText, const char*, int) const override {
-        return QString(sourceText) == "Map" ? "Karte" : QString();
+    QString translate(const char*, const char* source, const char*, int) const override {
+        return QString(source) == "Map" ? "Karte" : QString();
     }
 };
+
+// A page element that is not a data frame.
+class TextElement : public HOPageLayoutBaseElement {
+public:
+    TextElement() : HOPageLayoutBaseElement(HOElementText) {}
+    void draw(QPainter&, const HODisplayTransform&) override {}
+};
+
+// Which of the canvas's callbacks a signal holds, as a text such as "redraw scale".
+QString BoundOn(HOEventSignal& signal, HXMapCanvas* canvas, HXMapWidget* widget) {
+    QStringList bound;
+    if (HOIsMemberBound(signal, widget, &HXMapWidget::onViewRedraw)) bound << "redraw";
+    if (HOIsMemberBound(signal, canvas, &HXMapCanvas::scaleChangedCallback)) bound << "scale";
+    if (HOIsMemberBound(signal, canvas, &HXMapCanvas::viewBoundChangedCallback)) bound << "bounds";
+    if (HOIsMemberBound(signal, canvas, &HXMapCanvas::pagelyoutViewChangeActiveCallback)) bound << "active";
+    return bound.join(' ');
+}
+
+// Every binding of the canvas on a view: redraw|scale|bounds (map) or redraw|scale|active (layout).
+QString BoundOnView(HOView* view, HXMapCanvas* canvas, HXMapWidget* widget) {
+    QStringList all{BoundOn(view->RedrawSignal, canvas, widget),
+                    BoundOn(view->ScaleChangedSignal, canvas, widget)};
+    if (auto* map = dynamic_cast<HOMapView*>(view)) all << BoundOn(map->BoundChangedSignal, canvas, widget);
+    if (auto* layout = dynamic_cast<HOPageLayoutView*>(view))
+        all << BoundOn(layout->ActiveElementChangedSignal, canvas, widget);
+    return all.join('|');
+}
+
+HOMapView* FirstView(HXMapCanvas& canvas) {
+    return HOMapViewManager::GetInstance()->views(canvas.getMapViewGroupID()).front();
+}
 
 }  // namespace
 
@@ -40,176 +68,193 @@ class TestCanvasConstruction : public QObject {
     Q_OBJECT
 
 private slots:
-    void modes_data();
-    void modes();
-    void statusBarItemsLeftToRight();
-    void statusBarSetters();
-    void viewCallbacksByMode_data();
-    void viewCallbacksByMode();
-    void canvasIsItsOwnBuddy();
-    void titleIsNotTranslated();
-    void layoutMapView_data();
-    void layoutMapView();
+    void lifecycle_data() {
+        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
+        QTest::addColumn<QString>("mapBound");
+        QTest::addColumn<QString>("layoutBound");
+        QTest::newRow("layout") << HXMapCanvas::PageLayoutMode << "||bounds"
+                                << QString("redraw|scale|active");
+        QTest::newRow("map view") << HXMapCanvas::MapViewMode << "redraw|scale|bounds" << QString();
+        QTest::newRow("reserved") << HXMapCanvas::ReservedMode << "||bounds" << QString();
+    }
+
+    void lifecycle() {
+        QFETCH(HXMapCanvas::ViewMode, mode);
+        QFETCH(QString, mapBound);
+        QFETCH(QString, layoutBound);
+        auto* canvas = new HXMapCanvas(mode, nullptr);
+        auto* widget = canvas->findChild<HXMapWidget*>();
+        const int group = canvas->getMapViewGroupID();
+        // Every mode gets a view group with one map view in it.
+        QCOMPARE(HOMapViewManager::GetInstance()->views(group).size(), std::size_t(1));
+        HORefPtr<HOMapView> map = FirstView(*canvas);
+        HORefPtr<HOPageLayoutView> layout = canvas->GetPageLayoutView();
+        QCOMPARE(canvas->IsMapView(), mode == HXMapCanvas::MapViewMode);
+        QCOMPARE(canvas->windowTitle(), QString("Map"));
+        QCOMPARE(BoundOnView(map, canvas, widget), mapBound);
+        QCOMPARE(layout ? BoundOnView(layout, canvas, widget) : QString(), layoutBound);
+        QVERIFY(HOIsMemberBound(canvas->Request3DRefreshSignal, canvas, &HXMapCanvas::onRequest3DRefresh));
+        QSignalSpy extents(canvas, &HXMapCanvas::extentsChanged);
+        HOEvent event;
+        map->BoundChangedSignal.fire(map, &event);
+        QCOMPARE(extents.count(), 1);
+
+        // When beforeDestroyed() arrives nothing is released or unbound yet.
+        const int mapRefs = map->RefCount();
+        QStringList seen;
+        connect(canvas, &HXMapCanvas::beforeDestroyed, this, [&] {
+            seen << QString::number(map->RefCount()) << BoundOn(map->BoundChangedSignal, canvas, widget)
+                 << QString::number(HOMapViewManager::GetInstance()->hasGroup(group));
+        });
+        delete canvas;
+        QCOMPARE(seen, (QStringList{QString::number(mapRefs), "bounds", "1"}));
+        QCOMPARE(BoundOnView(map, canvas, widget), QString("||"));
+        if (layout) QCOMPARE(BoundOnView(layout, canvas, widget), QString("||"));
+        QVERIFY(!HOMapViewManager::GetInstance()->hasGroup(group));
+        // The canvas's and the view group's references are gone; the test's (and a layout's frame) stay.
+        QCOMPARE(map->RefCount(), mapRefs - 2);
+        if (layout) QCOMPARE(layout->RefCount(), 1);
+    }
+
+    void statusBar() {
+        HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
+        canvas.setWindowState(Qt::WindowNoState);
+        canvas.resize(900, 400);
+        canvas.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&canvas));
+        QStatusBar* bar = canvas.StatusBar();
+        auto* scale = bar->findChild<HXStatusBarScaleWidget*>("mScaleWidget");
+        auto* coords = bar->findChild<HXStatusBarCoordinatesWidget*>("mCoordsEdit");
+        QVERIFY(scale && coords);
+        QToolButton* toggle = nullptr;
+        for (auto* button : bar->findChildren<QToolButton*>())
+            if (button->toolTip() == "Toggles pause refresh and continue") toggle = button;
+        const QList<QWidget*> order{scale->mScaleLabel,
+                                    scale->mScaleEdit,
+                                    coords->mLineEdit,
+                                    coords->mLabelUnit,
+                                    coords->mToggleExtentsViewButton,
+                                    toggle};
+        for (int i = 0; i < order.size(); ++i) {
+            QVERIFY2(order[i] && order[i]->isVisible(), qPrintable(QString("item %1").arg(i)));
+            QCOMPARE(order[i]->parentWidget(), static_cast<QWidget*>(bar));
+            if (i > 0) QVERIFY2(order[i - 1]->x() < order[i]->x(), qPrintable(QString("item %1").arg(i)));
+        }
+        // The drawing widget sits on top of the 25 px status bar and together they fill the canvas.
+        QCOMPARE(canvas.findChild<HXMapWidget*>()->geometry(), QRect(0, 0, 900, 400 - 25));
+        QCOMPARE(bar->geometry(), QRect(0, 400 - 25, 900, 25));
+    }
+
+    void canvasIsItsOwnBuddy() {
+        HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
+        HOMapView* map = canvas.GetMapView();
+        QCOMPARE(map->GetToolBuddy(), static_cast<HOToolBuddy*>(&canvas));
+        QCOMPARE(HOMapViewManager::GetInstance()->activeView(canvas.getMapViewGroupID()), map);
+        // Another buddy takes the canvas's map view over; a null buddy changes nothing in the views.
+        HXMapCanvas host(HXMapCanvas::MapViewMode, nullptr);
+        canvas.SetToolBuddy(&host);
+        QCOMPARE(map->GetToolBuddy(), static_cast<HOToolBuddy*>(&host));
+        QCOMPARE(host.GetMapView(), map);
+        canvas.SetToolBuddy(nullptr);
+        QCOMPARE(map->GetToolBuddy(), static_cast<HOToolBuddy*>(&host));
+    }
+
+    void titleIsNotTranslated() {
+        MapNameTranslator translator;
+        QCoreApplication::installTranslator(&translator);
+        HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
+        QCoreApplication::removeTranslator(&translator);
+        QCOMPARE(canvas.windowTitle(), QString("Map"));
+        QCOMPARE(canvas.GetMapView()->GetName(), HOString("Karte"));
+    }
+
+    void layoutMapView_data() {
+        QTest::addColumn<QString>("operating");
+        QTest::newRow("data frame") << "frame";
+        QTest::newRow("no operating element") << "none";
+        QTest::newRow("text element") << "text";
+    }
+
+    void layoutMapView() {
+        QFETCH(QString, operating);
+        HXMapCanvas canvas(HXMapCanvas::PageLayoutMode, nullptr);
+        HORefPtr<HOMapView> view = new HOMapView("framed");
+        HORefPtr<HOPageLayoutBaseElement> element;
+        if (operating == "frame") {
+            HORefPtr<HODataFrame> frame = new HODataFrame();
+            frame->set_map_view(view);
+            element = frame.get();
+        } else if (operating == "text") {
+            element = new TextElement();
+        }
+        canvas.GetPageLayoutView()->set_operating_data_frame(element);
+        const int refs = element ? element->RefCount() : 0;
+        QCOMPARE(canvas.GetMapView(), operating == "frame" ? view.get() : nullptr);
+        // The canvas borrows the frame: it keeps no reference of its own.
+        QCOMPARE(element ? element->RefCount() : 0, refs);
+    }
+
+    void replacedMapView_data() {
+        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
+        QTest::addColumn<bool>("replaced");  // false: SetMapView(nullptr)
+        QTest::addColumn<QString>("firstAfter");
+        QTest::addColumn<QString>("secondAfter");
+        QTest::newRow("map view") << HXMapCanvas::MapViewMode << true << "|scale|bounds"
+                                  << QString("redraw||");
+        // A null view only stops the drawing.
+        QTest::newRow("map view, null") << HXMapCanvas::MapViewMode << false << "|scale|bounds" << QString();
+        // In a layout the canvas draws the layout, never a map view directly.
+        QTest::newRow("page layout") << HXMapCanvas::PageLayoutMode << true << "||bounds" << QString("||");
+    }
+
+    void replacedMapView() {
+        QFETCH(HXMapCanvas::ViewMode, mode);
+        QFETCH(bool, replaced);
+        QFETCH(QString, firstAfter);
+        QFETCH(QString, secondAfter);
+        HXMapCanvas canvas(mode, nullptr);
+        canvas.resize(320, 240);
+        auto* widget = canvas.findChild<HXMapWidget*>();
+        HORefPtr<HOMapView> first = FirstView(canvas);
+        HORefPtr<HORecordingMapView> second = replaced ? new HORecordingMapView() : nullptr;
+
+        canvas.SetMapView(second);
+        QCOMPARE(BoundOnView(first, &canvas, widget), firstAfter);
+        if (second) QCOMPARE(BoundOnView(second, &canvas, widget), secondAfter);
+        if (mode == HXMapCanvas::MapViewMode) {
+            QCOMPARE(canvas.GetMapView(), second ? second.get() : first.get());
+            if (second) QCOMPARE(second->calls(), QStringList{"SetSize 320x240"});
+        }
+        // Scale notifications still come from the first view only, and only with an event.
+        QSignalSpy updates(&canvas, &HXMapCanvas::signal_updateScale);
+        HOEvent event;
+        first->ScaleChangedSignal.fire(first, nullptr);
+        first->ScaleChangedSignal.fire(first, &event);
+        if (second) second->ScaleChangedSignal.fire(second, &event);
+        QCOMPARE(updates.count(), mode == HXMapCanvas::MapViewMode ? 1 : 0);
+    }
+
+    void replacedLayoutKeepsOldBindings() {
+        HXMapCanvas canvas(HXMapCanvas::PageLayoutMode, nullptr);
+        auto* widget = canvas.findChild<HXMapWidget*>();
+        HORefPtr<HOPageLayoutView> first = canvas.GetPageLayoutView();
+        HORefPtr<HORecordingPageLayoutView> second = new HORecordingPageLayoutView();
+        canvas.SetPageLayoutView(second);
+        QCOMPARE(canvas.GetPageLayoutView(), second.get());
+        QCOMPARE(BoundOnView(second, &canvas, widget), QString("redraw||active"));
+        QCOMPARE(BoundOnView(first, &canvas, widget), QString("redraw|scale|active"));
+        // The canvas holds one reference on the layout it shows and none on the one it dropped.
+        QCOMPARE(second->RefCount(), 2);
+        QCOMPARE(first->RefCount(), 1);
+
+        QSignalSpy active(&canvas, &HXMapCanvas::activeElementChanged);
+        HOEvent event;
+        second->ActiveElementChangedSignal.fire(second, &event);
+        QCOMPARE(active.count(), 1);
+        QCOMPARE(active.at(0).at(0).value<void*>(), static_cast<void*>(second.get()));
+        QCOMPARE(active.at(0).at(1).value<void*>(), static_cast<void*>(&event));
+    }
 };
-
-void TestCanvasConstruction::modes_data() {
-    QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-    QTest::addColumn<bool>("isMapView");
-    QTest::addColumn<bool>("hasLayout");
-    QTest::newRow("page layout") << HXMapCanvas::PageLayoutMode << false << true;
-    QTest::newRow("map view") << HXMapCanvas::MapViewMode << true << false;
-    QTest::newRow("reserved") << HXMapCanvas::ReservedMode << false << false;
-}
-
-void TestCanvasConstruction::modes() {
-    QFETCH(HXMapCanvas::ViewMode, mode);
-    QFETCH(bool, isMapView);
-    QFETCH(bool, hasLayout);
-    HXMapCanvas canvas(mode, nullptr);
-    QCOMPARE(canvas.getViewMode(), mode);
-    QCOMPARE(canvas.IsMapView(), isMapView);
-    QCOMPARE(canvas.GetPageLayoutView() != nullptr, hasLayout);
-    QCOMPARE(canvas.windowTitle(), QString("Map"));
-    QVERIFY(canvas.acceptDrops());
-    QCOMPARE(canvas.focusPolicy(), Qt::WheelFocus);
-    // Every mode gets a view group with one map view in it.
-    QVERIFY(HOMapViewManager::GetInstance()->hasGroup(canvas.getMapViewGroupID()));
-    QCOMPARE(HOMapViewManager::GetInstance()->views(canvas.getMapViewGroupID()).size(), std::size_t(1));
-}
-
-void TestCanvasConstruction::statusBarItemsLeftToRight() {
-    HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
-    canvas.setWindowState(Qt::WindowNoState);
-    canvas.resize(900, 400);
-    canvas.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&canvas));
-
-    auto* scale = canvas.StatusBar()->findChild<HXStatusBarScaleWidget*>("mScaleWidget");
-    auto* coords = canvas.StatusBar()->findChild<HXStatusBarCoordinatesWidget*>("mCoordsEdit");
-    QVERIFY(scale && coords);
-    const QList<QWidget*> order{scale->mScaleLabel,
-                                scale->mScaleEdit,
-                                coords->mLineEdit,
-                                coords->mLabelUnit,
-                                coords->mToggleExtentsViewButton,
-                                RenderToggle(canvas)};
-    for (int i = 0; i < order.size(); ++i) {
-        QVERIFY2(order[i] && order[i]->isVisible(), qPrintable(QString("item %1").arg(i)));
-        QCOMPARE(order[i]->parentWidget(), static_cast<QWidget*>(canvas.StatusBar()));
-        if (i > 0) QVERIFY2(order[i - 1]->x() < order[i]->x(), qPrintable(QString("item %1").arg(i)));
-    }
-    QCOMPARE(scale->mScaleLabel->maximumWidth(), 50);
-    QCOMPARE(coords->mLineEdit->sizePolicy().horizontalPolicy(), QSizePolicy::Ignored);
-    // The drawing widget sits on top of the status bar and together they fill the canvas.
-    auto* widget = canvas.findChild<HXMapWidget*>();
-    QCOMPARE(widget->geometry(), QRect(0, 0, 900, 400 - 25));
-    QCOMPARE(canvas.StatusBar()->geometry(), QRect(0, 400 - 25, 900, 25));
-}
-
-void TestCanvasConstruction::statusBarSetters() {
-    HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
-    QStatusBar* bar = canvas.StatusBar();
-    canvas.SetScaleEnable(false);
-    QVERIFY(!bar->findChild<HXScaleComboBox*>()->isEnabled());
-    // The style goes to the status bar only (under its style sheet, wrapped by it).
-    QStyle* const canvasStyle = canvas.style();
-    QStyle* const barStyle = bar->style();
-    QScopedPointer<QStyle> style(QStyleFactory::create("Fusion"));
-    canvas.setStatusBarStyle(style.data());
-    QVERIFY(bar->style() != barStyle);
-    QCOMPARE(canvas.style(), canvasStyle);
-    bar->setStyle(nullptr);
-}
-
-void TestCanvasConstruction::viewCallbacksByMode_data() {
-    QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-    QTest::addColumn<bool>("drawsMap");
-    QTest::addColumn<bool>("drawsLayout");
-    QTest::newRow("page layout") << HXMapCanvas::PageLayoutMode << false << true;
-    QTest::newRow("map view") << HXMapCanvas::MapViewMode << true << false;
-    QTest::newRow("reserved") << HXMapCanvas::ReservedMode << false << false;
-}
-
-void TestCanvasConstruction::viewCallbacksByMode() {
-    QFETCH(HXMapCanvas::ViewMode, mode);
-    QFETCH(bool, drawsMap);
-    QFETCH(bool, drawsLayout);
-    HXMapCanvas canvas(mode, nullptr);
-    auto* widget = canvas.findChild<HXMapWidget*>();
-    HOMapView* map = HOMapViewManager::GetInstance()->views(canvas.getMapViewGroupID()).front();
-
-    QCOMPARE(HOIsMemberBound(map->RedrawSignal, widget, &HXMapWidget::onViewRedraw), drawsMap);
-    QCOMPARE(HOIsMemberBound(map->ScaleChangedSignal, &canvas, &HXMapCanvas::scaleChangedCallback), drawsMap);
-    // The extent callback is bound in every mode.
-    QVERIFY(HOIsMemberBound(map->BoundChangedSignal, &canvas, &HXMapCanvas::viewBoundChangedCallback));
-    QVERIFY(HOIsMemberBound(canvas.Request3DRefreshSignal, &canvas, &HXMapCanvas::onRequest3DRefresh));
-    if (HOPageLayoutView* layout = canvas.GetPageLayoutView()) {
-        QCOMPARE(HOIsMemberBound(layout->RedrawSignal, widget, &HXMapWidget::onViewRedraw), drawsLayout);
-        QCOMPARE(HOIsMemberBound(layout->ScaleChangedSignal, &canvas, &HXMapCanvas::scaleChangedCallback),
-                 drawsLayout);
-        QVERIFY(HOIsMemberBound(layout->ActiveElementChangedSignal, &canvas,
-                                &HXMapCanvas::pagelyoutViewChangeActiveCallback));
-    }
-
-    QSignalSpy extents(&canvas, &HXMapCanvas::extentsChanged);
-    HOEvent event;
-    map->BoundChangedSignal.fire(map, &event);
-    QCOMPARE(extents.count(), 1);
-}
-
-void TestCanvasConstruction::canvasIsItsOwnBuddy() {
-    HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
-    HOMapView* map = canvas.GetMapView();
-    QVERIFY(map);
-    QCOMPARE(map->GetToolBuddy(), static_cast<HOToolBuddy*>(&canvas));
-    QCOMPARE(HOMapViewManager::GetInstance()->activeView(canvas.getMapViewGroupID()), map);
-
-    // Another buddy takes the canvas's map view over; a null buddy changes nothing in the views.
-    HXMapCanvas host(HXMapCanvas::MapViewMode, nullptr);
-    canvas.SetToolBuddy(&host);
-    QCOMPARE(map->GetToolBuddy(), static_cast<HOToolBuddy*>(&host));
-    QCOMPARE(host.GetMapView(), map);
-    canvas.SetToolBuddy(nullptr);
-    QCOMPARE(map->GetToolBuddy(), static_cast<HOToolBuddy*>(&host));
-}
-
-void TestCanvasConstruction::titleIsNotTranslated() {
-    MapNameTranslator translator;
-    QCoreApplication::installTranslator(&translator);
-    HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
-    QCoreApplication::removeTranslator(&translator);
-    QCOMPARE(canvas.windowTitle(), QString("Map"));
-    QCOMPARE(canvas.GetMapView()->GetName(), HOString("Karte"));
-}
-
-void TestCanvasConstruction::layoutMapView_data() {
-    QTest::addColumn<QString>("operating");
-    QTest::addColumn<bool>("found");
-    QTest::newRow("data frame") << "frame" << true;
-    QTest::newRow("no operating element") << "none" << false;
-    QTest::newRow("text element") << "text" << false;
-}
-
-void TestCanvasConstruction::layoutMapView() {
-    QFETCH(QString, operating);
-    QFETCH(bool, found);
-    HXMapCanvas canvas(HXMapCanvas::PageLayoutMode, nullptr);
-    HORefPtr<HOMapView> view = new HOMapView("framed");
-    HORefPtr<HOPageLayoutBaseElement> element;
-    if (operating == "frame") {
-        HORefPtr<HODataFrame> frame = new HODataFrame();
-        frame->set_map_view(view);
-        element = frame.get();
-    } else if (operating == "text") {
-        element = new HOTextElementStub();
-    }
-    canvas.GetPageLayoutView()->set_operating_data_frame(element);
-    QCOMPARE(canvas.GetMapView(), found ? view.get() : nullptr);
-    // The canvas borrows the frame: it keeps no reference of its own.
-    const int refs = element ? element->RefCount() : 0;
-    canvas.GetMapView();
-    QCOMPARE(element ? element->RefCount() : 0, refs);
-}
 
 QTEST_MAIN(TestCanvasConstruction)
 #include "tst_canvas_construction.moc"

@@ -1,31 +1,54 @@
-// The drawing widget and the canvas's render controls: what a redraw stores, what a paint shows, how
-// notices scroll, and which view operations the toggle, pause, resume, refresh and resize reach.
+// What the canvas shows: what a redraw stores and a paint draws (map, watermark, notices, licence), a
+// real map after rendering, resizing and a wheel step, and which view operations the render toggle,
+// refresh and resize reach.
 #include <QPainter>
 #include <QStatusBar>
 #include <QToolButton>
 #include <QtTest>
+#include <algorithm>
 #include <atomic>
 #include <thread>
 
 #include "HOMap.h"
-#include "HXCanvasProbe.h"
+#include "HOTestRectLayer.h"
 #include "HXMapWidget.h"
 #include "HXRecordingCanvas.h"
+#include "HXScaleComboBox.h"
 #include "HXTooltip.h"
 
 using namespace HXObjects;
-using namespace HXCanvasProbe;
-
 Q_DECLARE_METATYPE(HXMapCanvas::ViewMode)
 
 namespace {
 
 const QColor kMapColour(10, 200, 30);
+const QColor kLand(200, 40, 40);
 
 QImage Filled(const QSize& size, const QColor& colour) {
     QImage image(size, QImage::Format_ARGB32_Premultiplied);
     image.fill(colour);
     return image;
+}
+
+int CountPixels(const QImage& image, const QColor& colour) {
+    int n = 0;
+    for (int row = 0; row < image.height(); ++row)
+        for (int col = 0; col < image.width(); ++col) n += image.pixelColor(col, row) == colour;
+    return n;
+}
+
+// The largest difference of any colour channel of any pixel; 256 when the sizes differ.
+int MaxDifference(const QImage& a, const QImage& b) {
+    const QImage x = a.convertToFormat(QImage::Format_ARGB32), y = b.convertToFormat(QImage::Format_ARGB32);
+    int worst = x.size() == y.size() ? 0 : 256;
+    for (int row = 0; row < x.height() && worst < 256; ++row) {
+        for (int col = 0; col < x.width(); ++col) {
+            const QRgb p = x.pixel(col, row), q = y.pixel(col, row);
+            worst = std::max({worst, std::abs(qRed(p) - qRed(q)), std::abs(qGreen(p) - qGreen(q)),
+                              std::abs(qBlue(p) - qBlue(q))});
+        }
+    }
+    return worst;
 }
 
 // Shows the canvas at the size that gives its drawing widget `size` (the status bar takes 25 px).
@@ -38,6 +61,27 @@ HXMapWidget* ShowWithMapSize(HXMapCanvas& canvas, const QSize& size) {
     return widget->size() == size ? widget : nullptr;
 }
 
+// Waits until the worker has finished and its last redraw reached the GUI thread.
+bool WaitForPicture(HXMapCanvas& canvas) {
+    QTest::qWait(20);
+    if (!QTest::qWaitFor([&] { return !canvas.GetMapView()->IsRendering(); }, 20000)) return false;
+    QTest::qWait(50);
+    return true;
+}
+
+// A 400 x 300 drawing area over the map square (0, 400) x (0, 300) of background, with land in its
+// lower left quarter (0, 200) x (0, 150): one map unit per pixel, y growing upwards.
+HXMapWidget* ShowRealMap(HXMapCanvas& canvas, HORefPtr<HOMap>& map) {
+    canvas.enableWaterMask(false);
+    HXMapWidget* widget = ShowWithMapSize(canvas, QSize(400, 300));
+    map = new HOMap();
+    map->SetBackgroundColor(HOColor(kMapColour));
+    map->AddLayer(new HOTestRectLayer(HORect(0, 200, 0, 150), kLand));
+    canvas.GetMapView()->SetMap(map);
+    canvas.setExtent(HORect(0, 400, 0, 300));
+    return widget && WaitForPicture(canvas) ? widget : nullptr;
+}
+
 QImage IconImage(const QIcon& icon) {
     return icon.pixmap(16, 16).toImage();
 }
@@ -48,276 +92,278 @@ class TestCanvasRender : public QObject {
     Q_OBJECT
 
 private slots:
-    void paintLayers_data();
-    void paintLayers();
-    void unlicensedShowsNoMap();
-    void redrawWithoutSenderKeepsImage();
-    void redrawOnEmptyWidget();
-    void redrawFromWorkerWhilePainting();
-    void noticeScrolls_data();
-    void noticeScrolls();
-    void toggle_data();
-    void toggle();
-    void renderControls_data();
-    void renderControls();
-    void resize_data();
-    void resize();
-    void tipHidesWhenTheMouseLeaves_data();
-    void tipHidesWhenTheMouseLeaves();
-};
+    void paintLayers_data() {
+        QTest::addColumn<bool>("watermark");
+        QTest::addColumn<bool>("notice");
+        QTest::newRow("map only") << false << false;
+        QTest::newRow("map and watermark") << true << false;
+        QTest::newRow("map, watermark and notice") << true << true;
+    }
 
-void TestCanvasRender::paintLayers_data() {
-    QTest::addColumn<bool>("watermark");
-    QTest::addColumn<bool>("notice");
-    QTest::newRow("map only") << false << false;
-    QTest::newRow("map and watermark") << true << false;
-    QTest::newRow("map, watermark and notice") << true << true;
-}
+    // The map image at the origin, the watermark 2 px in from the bottom right, the notices on top.
+    void paintLayers() {
+        QFETCH(bool, watermark);
+        QFETCH(bool, notice);
+        HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
+        canvas.enableWaterMask(watermark);
+        const QSize size(200, 100);
+        HXMapWidget* widget = ShowWithMapSize(canvas, size);
+        QVERIFY(widget);
+        widget->mImage = Filled(size, kMapColour);
+        QImage overlay = Filled(size, Qt::transparent);
+        overlay.setPixelColor(190, 95, Qt::blue);
+        widget->mOverlayImage = overlay;
+        if (notice) widget->mNotices << new HXNoticeItem{"", Qt::blue, 0, 0.0};
 
-// The map image at the origin, the watermark 2 px in from the bottom right, the notices on top.
-void TestCanvasRender::paintLayers() {
-    QFETCH(bool, watermark);
-    QFETCH(bool, notice);
-    HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
-    canvas.enableWaterMask(watermark);
-    const QSize size(200, 100);
-    HXMapWidget* widget = ShowWithMapSize(canvas, size);
-    QVERIFY(widget);
-    widget->mImage = Filled(size, kMapColour);
-    QImage overlay = Filled(size, Qt::transparent);
-    overlay.setPixelColor(190, 95, Qt::blue);
-    widget->mOverlayImage = overlay;
-    if (notice) widget->mNotices << new HXNoticeItem{"", Qt::blue, 0, 0.0};
+        QImage expected = Filled(size, kMapColour);
+        QPainter painter(&expected);
+        const QImage mark(":/res/WATERMARK.png");
+        QVERIFY(!mark.isNull());
+        if (watermark)
+            painter.drawImage(size.width() - mark.width() - 2, size.height() - mark.height() - 2, mark);
+        if (notice) painter.drawImage(0, 0, overlay);
+        painter.end();
+        // Blending on the screen's format may round differently by a step or two.
+        const int difference = MaxDifference(widget->grab().toImage(), expected);
+        QVERIFY2(difference <= 2, qPrintable(QString::number(difference)));
+    }
 
-    QImage expected = Filled(size, kMapColour);
-    QPainter painter(&expected);
-    const QImage mark(":/res/WATERMARK.png");
-    QVERIFY(!mark.isNull());
-    if (watermark)
-        painter.drawImage(size.width() - mark.width() - 2, size.height() - mark.height() - 2, mark);
-    if (notice) painter.drawImage(0, 0, overlay);
-    painter.end();
+    void unlicensedShowsNoMap() {
+        HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
+        canvas.enableWaterMask(false);
+        HXMapWidget* widget = ShowWithMapSize(canvas, QSize(200, 100));
+        QVERIFY(widget);
+        widget->mImage = Filled(widget->size(), kMapColour);
+        widget->slotCheckLic();
+        QVERIFY(widget->mLicensed);  // no check was asked for
+        canvas.enableMapViewLic(true);
+        widget->slotCheckLic();
+        QVERIFY(!widget->mLicensed);
+        const QImage shown = widget->grab().toImage();
+        QCOMPARE(CountPixels(shown, kMapColour), 0);
+        // "No license" stands on the centre point (99, 49) and runs rightwards; left of it is background.
+        const QColor background = shown.pixelColor(0, 0);
+        QVERIFY(CountPixels(shown.copy(99, 35, 100, 15), background) < 100 * 15);
+        QCOMPARE(CountPixels(shown.copy(0, 0, 95, 100), background), 95 * 100);
+    }
 
-    // Blending on the screen's format may round differently by a step or two.
-    const int difference = MaxDifference(widget->grab().toImage(), expected);
-    QVERIFY2(difference >= 0 && difference <= 2, qPrintable(QString::number(difference)));
-}
-
-void TestCanvasRender::unlicensedShowsNoMap() {
-    HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
-    canvas.enableWaterMask(false);
-    HXMapWidget* widget = ShowWithMapSize(canvas, QSize(200, 100));
-    QVERIFY(widget);
-    widget->mImage = Filled(widget->size(), kMapColour);
-    widget->slotCheckLic();
-    QVERIFY(widget->mLicensed);  // no check was asked for
-
-    canvas.enableMapViewLic(true);
-    widget->slotCheckLic();
-    QVERIFY(!widget->mLicensed);
-    const QImage shown = widget->grab().toImage();
-    QCOMPARE(CountPixels(shown, kMapColour), 0);
-    // "No license" stands on the centre point (99, 49) and runs rightwards; left of it is background.
-    const QColor background = shown.pixelColor(0, 0);
-    const QImage text = shown.copy(QRect(99, 35, 100, 15));
-    QVERIFY(CountPixels(text, background) < text.width() * text.height());
-    QCOMPARE(CountPixels(shown.copy(0, 0, 95, 100), background), 95 * 100);
-}
-
-void TestCanvasRender::redrawWithoutSenderKeepsImage() {
-    HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
-    auto* widget = canvas.findChild<HXMapWidget*>();
-    widget->mImage = Filled(QSize(4, 4), kMapColour);
-    const qint64 before = widget->mImage.cacheKey();
-    canvas.GetMapView()->RedrawSignal.fire(nullptr, nullptr);
-    QCOMPARE(widget->mImage.cacheKey(), before);
-}
-
-void TestCanvasRender::redrawOnEmptyWidget() {
-    HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
-    auto* widget = canvas.findChild<HXMapWidget*>();
-    widget->resize(0, 0);
-    HOMapView* view = canvas.GetMapView();
-    view->RedrawSignal.fire(view, nullptr);
-    QVERIFY(widget->mImage.isNull());
-    widget->repaint();
-}
-
-// The render thread replaces the image while the GUI thread paints it (the sanitizers watch).
-void TestCanvasRender::redrawFromWorkerWhilePainting() {
-    HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
-    HXMapWidget* widget = ShowWithMapSize(canvas, QSize(320, 240));
-    QVERIFY(widget);
-    HORefPtr<HOMap> map = new HOMap();
-    map->SetBackgroundColor(HOColor(kMapColour));
-    HOMapView* view = canvas.GetMapView();
-    view->SetMap(map);
-
-    std::atomic<bool> done{false};
-    std::thread renderer([&] {
-        for (int i = 0; i < 200; ++i) view->RedrawSignal.fire(view, nullptr);
-        done = true;
-    });
-    int paints = 0;
-    while (!done) {
+    // A redraw without a sender keeps the image; one on a 0 x 0 widget stores none and paints.
+    void redrawBadInput() {
+        HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
+        auto* widget = canvas.findChild<HXMapWidget*>();
+        HOMapView* view = canvas.GetMapView();
+        widget->mImage = Filled(QSize(4, 4), kMapColour);
+        const qint64 before = widget->mImage.cacheKey();
+        view->RedrawSignal.fire(nullptr, nullptr);
+        QCOMPARE(widget->mImage.cacheKey(), before);
+        widget->resize(0, 0);
+        view->RedrawSignal.fire(view, nullptr);
+        QVERIFY(widget->mImage.isNull());
         widget->repaint();
+    }
+
+    // The render thread replaces the image while the GUI thread paints it (the sanitizers watch).
+    void redrawFromWorkerWhilePainting() {
+        HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
+        HXMapWidget* widget = ShowWithMapSize(canvas, QSize(320, 240));
+        QVERIFY(widget);
+        HORefPtr<HOMap> map = new HOMap();
+        map->SetBackgroundColor(HOColor(kMapColour));
+        HOMapView* view = canvas.GetMapView();
+        view->SetMap(map);
+        std::atomic<bool> done{false};
+        std::thread renderer([&] {
+            for (int i = 0; i < 200; ++i) view->RedrawSignal.fire(view, nullptr);
+            done = true;
+        });
+        int paints = 0;
+        for (; !done; ++paints) {
+            widget->repaint();
+            QCoreApplication::processEvents();
+        }
+        renderer.join();
         QCoreApplication::processEvents();
-        ++paints;
+        QVERIFY(paints > 0);
+        QCOMPARE(widget->mImage.size(), widget->size());
+        QCOMPARE(widget->grab().toImage().pixelColor(1, 1), kMapColour);
     }
-    renderer.join();
-    QCoreApplication::processEvents();
-    QVERIFY(paints > 0);
-    QCOMPARE(widget->mImage.size(), widget->size());
-    QCOMPARE(widget->grab().toImage().pixelColor(1, 1), kMapColour);
-}
 
-void TestCanvasRender::noticeScrolls_data() {
-    QTest::addColumn<int>("x");
-    QTest::addColumn<int>("next");  // -1: the notice is gone
-    // A 150 px widget moves notices by 10 px a tick.
-    QTest::newRow("at the left edge") << 0 << 10;
-    QTest::newRow("one step short of the edge") << 139 << 149;
-    QTest::newRow("reaching the edge exactly") << 140 << 150;
-    QTest::newRow("would pass the edge") << 141 << -1;
-}
-
-void TestCanvasRender::noticeScrolls() {
-    QFETCH(int, x);
-    QFETCH(int, next);
-    HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
-    auto* widget = canvas.findChild<HXMapWidget*>();
-    widget->resize(150, 100);
-    widget->slotUpdate();
-    QVERIFY(widget->mOverlayImage.isNull());  // no notices, no overlay
-
-    auto* item = new HXNoticeItem{"Saved", Qt::blue, x, 0.5};
-    widget->mNotices << item;
-    widget->slotUpdate();
-    QCOMPARE(widget->mOverlayImage.size(), QSize(150, 100));
-    if (next < 0) {
-        QVERIFY(widget->mNotices.isEmpty());
-        return;
+    void noticeScrolls_data() {
+        QTest::addColumn<int>("x");
+        QTest::addColumn<int>("next");  // -1: the notice is gone
+        // A 150 px widget moves notices by 10 px a tick.
+        QTest::newRow("at the left edge") << 0 << 10;
+        QTest::newRow("one step short of the edge") << 139 << 149;
+        QTest::newRow("reaching the edge exactly") << 140 << 150;
+        QTest::newRow("would pass the edge") << 141 << -1;
     }
-    QCOMPARE(widget->mNotices.size(), 1);
-    QCOMPARE(item->x, next);
-    if (x == 0) QVERIFY(CountPixels(widget->mOverlayImage.copy(0, 30, 75, 25), QColor(0, 0, 255)) > 0);
-}
 
-void TestCanvasRender::toggle_data() {
-    QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-    QTest::addColumn<QStringList>("paused");
-    QTest::addColumn<QStringList>("resumed");
-    QTest::newRow("map view") << HXMapCanvas::MapViewMode << QStringList{"PauseRender"}
-                              << QStringList{"ResumeRender", "RefreshView 0"};
-    QTest::newRow("page layout") << HXMapCanvas::PageLayoutMode << QStringList() << QStringList();
-}
+    void noticeScrolls() {
+        QFETCH(int, x);
+        QFETCH(int, next);
+        HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
+        auto* widget = canvas.findChild<HXMapWidget*>();
+        widget->resize(150, 100);
+        widget->slotUpdate();
+        QVERIFY(widget->mOverlayImage.isNull());  // no notices, no overlay
+        auto* item = new HXNoticeItem{"Saved", Qt::blue, x, 0.5};
+        widget->mNotices << item;
+        widget->slotUpdate();
+        QCOMPARE(widget->mOverlayImage.size(), QSize(150, 100));
+        QCOMPARE(widget->mNotices.size(), next < 0 ? 0 : 1);
+        if (next >= 0) QCOMPARE(item->x, next);
+        if (x == 0) QVERIFY(CountPixels(widget->mOverlayImage.copy(0, 30, 75, 25), QColor(0, 0, 255)) > 0);
+    }
 
-void TestCanvasRender::toggle() {
-    QFETCH(HXMapCanvas::ViewMode, mode);
-    QFETCH(QStringList, paused);
-    QFETCH(QStringList, resumed);
-    HXRecordingCanvas fixture(mode);
-    QToolButton* button = RenderToggle(fixture.canvas);
-    QVERIFY(button);
-    QCOMPARE(IconImage(button->icon()), IconImage(QIcon(":/icon/res/main/refresh.png")));
-
-    button->setChecked(true);
-    QCOMPARE(IconImage(button->icon()), IconImage(QIcon(":/icon/res/main/stop.png")));
-    QCOMPARE(fixture.map->calls(), paused);
-    fixture.map->clearCalls();
-    button->setChecked(false);
-    QCOMPARE(IconImage(button->icon()), IconImage(QIcon(":/icon/res/main/refresh.png")));
-    QCOMPARE(fixture.map->calls(), resumed);
-    QCOMPARE(fixture.layout->calls(), QStringList());
-}
-
-void TestCanvasRender::renderControls_data() {
-    QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-    QTest::addColumn<QString>("member");
-    QTest::addColumn<QStringList>("mapCalls");
-    QTest::addColumn<QStringList>("layoutCalls");
-    const QStringList none;
-    QTest::newRow("map: pause") << HXMapCanvas::MapViewMode << "pause" << QStringList{"PauseRender"} << none;
-    QTest::newRow("map: resume") << HXMapCanvas::MapViewMode << "resume"
-                                 << QStringList{"ResumeRender", "RefreshView 0"} << none;
-    QTest::newRow("layout: pause") << HXMapCanvas::PageLayoutMode << "pause" << none << none;
-    QTest::newRow("layout: resume") << HXMapCanvas::PageLayoutMode << "resume" << none << none;
-    QTest::newRow("layout: refresh") << HXMapCanvas::PageLayoutMode << "refresh" << none
+    void renderToggle_data() {
+        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
+        QTest::addColumn<QStringList>("paused");
+        QTest::addColumn<QStringList>("resumed");
+        QTest::addColumn<QStringList>("refreshed");  // the layout's calls
+        const QStringList none;
+        QTest::newRow("map view") << HXMapCanvas::MapViewMode << QStringList{"PauseRender"}
+                                  << QStringList{"ResumeRender", "RefreshView 0"} << none;
+        QTest::newRow("page layout") << HXMapCanvas::PageLayoutMode << none << none
                                      << QStringList{"RefreshView 1"};
-    QTest::newRow("reserved: pause") << HXMapCanvas::ReservedMode << "pause" << none << none;
-    QTest::newRow("reserved: resume") << HXMapCanvas::ReservedMode << "resume" << none << none;
-    QTest::newRow("reserved: refresh") << HXMapCanvas::ReservedMode << "refresh" << none << none;
-}
+        QTest::newRow("reserved") << HXMapCanvas::ReservedMode << none << none << none;
+    }
 
-void TestCanvasRender::renderControls() {
-    QFETCH(HXMapCanvas::ViewMode, mode);
-    QFETCH(QString, member);
-    QFETCH(QStringList, mapCalls);
-    QFETCH(QStringList, layoutCalls);
-    HXRecordingCanvas fixture(mode);
-    QSignalSpy refreshed(&fixture.canvas, &HXMapCanvas::mapCanvasRefreshed);
-    if (member == "pause") fixture.canvas.pauseRender();
-    if (member == "resume") fixture.canvas.resumeRender();
-    if (member == "refresh") fixture.canvas.refresh();
-    QCOMPARE(fixture.map->calls(), mapCalls);
-    QCOMPARE(fixture.layout->calls(), layoutCalls);
-    QCOMPARE(refreshed.count(), 0);
-}
+    void renderToggle() {
+        QFETCH(HXMapCanvas::ViewMode, mode);
+        QFETCH(QStringList, paused);
+        QFETCH(QStringList, resumed);
+        QFETCH(QStringList, refreshed);
+        HXRecordingCanvas fixture(mode);
+        QToolButton* button = nullptr;
+        for (auto* b : fixture.canvas.StatusBar()->findChildren<QToolButton*>())
+            if (b->toolTip() == "Toggles pause refresh and continue") button = b;
+        QVERIFY(button);
+        const QImage refresh = IconImage(QIcon(":/icon/res/main/refresh.png"));
+        QCOMPARE(IconImage(button->icon()), refresh);
+        QSignalSpy refreshedSignals(&fixture.canvas, &HXMapCanvas::mapCanvasRefreshed);
 
-void TestCanvasRender::resize_data() {
-    QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<QStringList>("mapCalls");
-    QTest::addColumn<QStringList>("layoutCalls");
-    QTest::addColumn<int>("extentSignals");
-    const QStringList none;
-    QTest::newRow("map") << HXMapCanvas::MapViewMode << QSize(300, 200)
-                         << QStringList{"SetSize 300x200", "ResizeRefresh 200"} << none << 1;
-    QTest::newRow("map, no width") << HXMapCanvas::MapViewMode << QSize(0, 200) << none << none << 0;
-    QTest::newRow("map, no height") << HXMapCanvas::MapViewMode << QSize(300, 0) << none << none << 0;
-    QTest::newRow("layout") << HXMapCanvas::PageLayoutMode << QSize(300, 200) << none
-                            << QStringList{"SetSize 300x200", "RefreshView 1"} << 1;
-    QTest::newRow("layout, empty") << HXMapCanvas::PageLayoutMode << QSize(0, 0) << none << none << 0;
-    QTest::newRow("reserved") << HXMapCanvas::ReservedMode << QSize(300, 200) << none << none << 1;
-}
+        button->setChecked(true);
+        QCOMPARE(IconImage(button->icon()), IconImage(QIcon(":/icon/res/main/stop.png")));
+        QCOMPARE(fixture.map->calls(), paused);
+        fixture.map->clearCalls();
+        button->setChecked(false);
+        QCOMPARE(IconImage(button->icon()), refresh);
+        QCOMPARE(fixture.map->calls(), resumed);
+        QCOMPARE(fixture.layout->calls(), QStringList());
+        fixture.canvas.refresh();
+        QCOMPARE(fixture.layout->calls(), refreshed);
+        QCOMPARE(refreshedSignals.count(), 0);
+    }
 
-void TestCanvasRender::resize() {
-    QFETCH(HXMapCanvas::ViewMode, mode);
-    QFETCH(QSize, size);
-    QFETCH(QStringList, mapCalls);
-    QFETCH(QStringList, layoutCalls);
-    QFETCH(int, extentSignals);
-    HXRecordingCanvas fixture(mode);
-    QSignalSpy extents(&fixture.canvas, &HXMapCanvas::extentsChanged);
-    QResizeEvent event(size, QSize(640, 480));
-    QCoreApplication::sendEvent(fixture.canvas.findChild<HXMapWidget*>(), &event);
-    QCOMPARE(fixture.canvas.mapSettings().outputSize(), size);
-    QCOMPARE(fixture.map->calls(), mapCalls);
-    QCOMPARE(fixture.layout->calls(), layoutCalls);
-    QCOMPARE(extents.count(), extentSignals);
-}
+    void resize_data() {
+        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<QStringList>("mapCalls");
+        QTest::addColumn<QStringList>("layoutCalls");
+        const QStringList none;
+        const auto map = HXMapCanvas::MapViewMode, layout = HXMapCanvas::PageLayoutMode;
+        QTest::newRow("map") << map << QSize(300, 200) << QStringList{"SetSize 300x200", "ResizeRefresh 200"}
+                             << none;
+        QTest::newRow("map, no width") << map << QSize(0, 200) << none << none;
+        QTest::newRow("map, no height") << map << QSize(300, 0) << none << none;
+        QTest::newRow("layout") << layout << QSize(300, 200) << none
+                                << QStringList{"SetSize 300x200", "RefreshView 1"};
+        QTest::newRow("layout, empty") << layout << QSize(0, 0) << none << none;
+        QTest::newRow("reserved") << HXMapCanvas::ReservedMode << QSize(300, 200) << none << none;
+    }
 
-void TestCanvasRender::tipHidesWhenTheMouseLeaves_data() {
-    QTest::addColumn<int>("type");
-    QTest::addColumn<bool>("stays");
-    QTest::newRow("leave") << int(QEvent::Leave) << false;
-    QTest::newRow("window deactivated") << int(QEvent::WindowDeactivate) << false;
-    QTest::newRow("enter") << int(QEvent::Enter) << true;
-}
+    void resize() {
+        QFETCH(HXMapCanvas::ViewMode, mode);
+        QFETCH(QSize, size);
+        QFETCH(QStringList, mapCalls);
+        QFETCH(QStringList, layoutCalls);
+        HXRecordingCanvas fixture(mode);
+        QSignalSpy extents(&fixture.canvas, &HXMapCanvas::extentsChanged);
+        QResizeEvent event(size, QSize(640, 480));
+        QCoreApplication::sendEvent(fixture.canvas.findChild<HXMapWidget*>(), &event);
+        QCOMPARE(fixture.canvas.mapSettings().outputSize(), size);
+        QCOMPARE(fixture.map->calls(), mapCalls);
+        QCOMPARE(fixture.layout->calls(), layoutCalls);
+        QCOMPARE(extents.count(), size.isEmpty() ? 0 : 1);
+    }
 
-void TestCanvasRender::tipHidesWhenTheMouseLeaves() {
-    QFETCH(int, type);
-    QFETCH(bool, stays);
-    HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
-    QEvent before{QEvent::Type(type)};
-    QCoreApplication::sendEvent(&canvas, &before);  // no tip yet: nothing to hide
-    canvas.ShowTip(10, 10, "Next point");
-    auto* tip = canvas.findChild<HXTooltip*>();
-    QVERIFY(tip && tip->isVisible());
-    QEvent event{QEvent::Type(type)};
-    QCoreApplication::sendEvent(&canvas, &event);
-    QCOMPARE(tip->isVisible(), stays);
-}
+    void tipHidesWhenTheMouseLeaves() {
+        HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
+        QEvent leave(QEvent::Leave), deactivate(QEvent::WindowDeactivate), enter(QEvent::Enter);
+        QCoreApplication::sendEvent(&canvas, &leave);  // no tip yet: nothing to hide
+        for (QEvent* event : {&enter, &leave, &deactivate}) {
+            canvas.ShowTip(10, 10, "Next point");
+            auto* tip = canvas.findChild<HXTooltip*>();
+            QVERIFY(tip && tip->isVisible());
+            QCoreApplication::sendEvent(&canvas, event);
+            QCOMPARE(tip->isVisible(), event == &enter);
+        }
+    }
+
+    void realMapFollowsResizes() {
+        HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
+        HORefPtr<HOMap> map;
+        HXMapWidget* widget = ShowRealMap(canvas, map);
+        QVERIFY(widget);
+        QImage image = widget->grab().toImage();
+        QCOMPARE(image.pixelColor(100, 225), kLand);
+        QCOMPARE(image.pixelColor(300, 225), kMapColour);
+        QCOMPARE(image.pixelColor(100, 75), kMapColour);
+        QCOMPARE(CountPixels(image, kLand), 200 * 150);
+
+        QSignalSpy extents(&canvas, &HXMapCanvas::extentsChanged);
+        canvas.resize(500, 425);
+        QTRY_COMPARE(widget->size(), QSize(500, 400));
+        QVERIFY(WaitForPicture(canvas));
+        QVERIFY(extents.count() > 0);
+        QCOMPARE(canvas.mapSettings().outputSize(), QSize(500, 400));
+        // The scale stays: the land keeps its size in pixels and the new area is drawn too.
+        image = widget->grab().toImage();
+        QCOMPARE(CountPixels(image, kLand), 200 * 150);
+        QCOMPARE(CountPixels(image, kLand) + CountPixels(image, kMapColour), 500 * 400);
+    }
+
+    void wheelZoomsAboutTheCursor_data() {
+        QTest::addColumn<int>("delta");
+        QTest::addColumn<double>("scaleFactor");
+        QTest::newRow("one notch in") << 120 << 0.5;
+        QTest::newRow("one notch out") << -120 << 2.0;
+    }
+
+    void wheelZoomsAboutTheCursor() {
+        QFETCH(int, delta);
+        QFETCH(double, scaleFactor);
+        HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
+        HORefPtr<HOMap> map;
+        HXMapWidget* widget = ShowRealMap(canvas, map);
+        QVERIFY(widget);
+        HOMapView* view = canvas.GetMapView();
+        const QPoint cursor(150, 200);
+        const HOPoint under = view->GetDisplayTransform().ToMap(cursor.x(), cursor.y());
+        const double before = canvas.scale();
+        QSignalSpy extents(&canvas, &HXMapCanvas::extentsChanged);
+
+        // The drawing widget lets the wheel through to the canvas; their origins coincide.
+        QWheelEvent event(QPointF(cursor), QPointF(canvas.mapToGlobal(cursor)), QPoint(), QPoint(0, delta),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&canvas, &event);
+        QCOMPARE(canvas.scale(), before * scaleFactor);
+        const HOPoint after = view->GetDisplayTransform().ToMap(cursor.x(), cursor.y());
+        QVERIFY2(std::abs(after.x - under.x) < 1e-6 && std::abs(after.y - under.y) < 1e-6,
+                 qPrintable(QString("%1, %2").arg(after.x).arg(after.y)));
+        // The status bar follows the view's scale (the box keeps whole denominators).
+        const double box = 1.0 / canvas.StatusBar()->findChild<HXScaleComboBox*>()->scale();
+        QVERIFY2(std::abs(box - canvas.scale()) <= 1.0, qPrintable(QString::number(box)));
+        QVERIFY(extents.count() > 0);
+
+        // The land's corner at (200, 150) moves away from (or towards) the cursor by the zoom.
+        QVERIFY(WaitForPicture(canvas));
+        const double corner = cursor.x() + (200 - under.x) / scaleFactor;
+        const QImage image = widget->grab().toImage();
+        QCOMPARE(image.pixelColor(int(corner) - 2, cursor.y()), kLand);
+        if (corner + 2 < image.width()) QCOMPARE(image.pixelColor(int(corner) + 2, cursor.y()), kMapColour);
+    }
+};
 
 QTEST_MAIN(TestCanvasRender)
 #include "tst_canvas_render.moc"

@@ -1,21 +1,18 @@
 // The coordinates widget: the position under the mouse in every display unit on projected,
 // geographic and system-less maps, the Gauss–Krüger zone of geographic positions, extent mode and
 // typed positions that recentre the canvas.
-#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpression>
-#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QToolButton>
 #include <QtTest>
-#include <memory>
 
 #include "HOCoordinateSystem.h"
-#include "HOLayer.h"
 #include "HOMap.h"
 #include "HOMapView.h"
 #include "HOTestPrinters.h"
+#include "HOTestRectLayer.h"
 #include "HXMapCanvas.h"
 #include "HXStatusBarCoordinatesWidget.h"
 
@@ -23,339 +20,255 @@ using namespace HXObjects;
 
 namespace {
 
-// Test point: longitude 116.51, latitude 39.9 (CGCS2000), and its easting and northing in the
-// Gauss–Krüger zone with central meridian 117 (EPSG:4509), as PROJ gives them.
+// Longitude 116.51, latitude 39.9 (CGCS2000), and its easting and northing in the Gauss–Krüger zone
+// with central meridian 117 (EPSG:4509), as PROJ gives them.
 const QPointF kGeographic(116.51, 39.9);
 const QPointF kProjected(458095.9446, 4418540.6022);
 
-HORefPtr<HOMap> makeMap(const char* system, int displayUnit) {
+HORefPtr<HOMap> MakeMap(const QString& system, int displayUnit) {
     HORefPtr<HOMap> map(new HOMap);
-    if (system) map->SetSpatialReference(HOCoordinateSystem::FromUserInput(system));
+    if (!system.isEmpty()) map->SetSpatialReference(HOCoordinateSystem::FromUserInput(qPrintable(system)));
     map->SetMapDisplayUnit(static_cast<HOUnitType>(displayUnit));
     return map;
 }
 
-// The two numbers of a "x , y" text; empty when the text has another form.
-QList<double> pair(const QString& text) {
+// The two numbers of a "x , y" text with three decimals; empty when the text has another form.
+QList<double> Pair(const QString& text) {
     static const QRegularExpression form(QStringLiteral("^(-?\\d+\\.\\d{3}) , (-?\\d+\\.\\d{3})$"));
     const QRegularExpressionMatch match = form.match(text);
     if (!match.hasMatch()) return {};
     return {match.captured(1).toDouble(), match.captured(2).toDouble()};
 }
 
+// A map canvas and a coordinates widget of its own that follows it.
+struct Fixture {
+    Fixture() {
+        canvas.resize(400, 300);
+        widget.setMapCanvas(&canvas);
+    }
+    QString text() const { return widget.mLineEdit->text(); }
+    void type(const QString& text) {
+        widget.mLineEdit->setText(text);
+        QTest::keyClick(widget.mLineEdit, Qt::Key_Return);
+    }
+    HXMapCanvas canvas{HXMapCanvas::MapViewMode, nullptr};
+    HXStatusBarCoordinatesWidget widget{nullptr};
+};
+
 }  // namespace
 
 class TestCoordinatesWidget : public QObject {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
-
-    void mouseCoordinates_data();
-    void mouseCoordinates();
-    void gaussKrugerZone_data();
-    void gaussKrugerZone();
-    void unlistedUnitShowsNothing_data();
-    void unlistedUnitShowsNothing();
-    void noMap();
-    void typedCoordinates_data();
-    void typedCoordinates();
-    void extentMode();
-    void extentLabelFollowsTheSystemUnit();
-    void nullCanvasLeavesTheWidgetInert();
-    void replacedCanvasIsDisconnected();
-    void canvasStatusBarShowsMouseCoordinates();
-
-private:
-    void showAt(const QPointF& p, HOMap* map) { mWidget->showMouseCoordinates(p, map); }
-
     QTemporaryDir mSettingsDir;
-    std::unique_ptr<HXMapCanvas> mCanvas;
-    std::unique_ptr<HXStatusBarCoordinatesWidget> mWidget;
+
+private slots:
+    void initTestCase() {
+        QVERIFY(mSettingsDir.isValid());
+        qputenv("HXGIS_SETTINGS_FILE", mSettingsDir.filePath(QStringLiteral("hxgis.ini")).toLocal8Bit());
+        QVERIFY2(
+            HOCoordinateSystem::FromUserInput("EPSG:4509") && HOCoordinateSystem::FromUserInput("EPSG:4490"),
+            "EPSG:4509 and EPSG:4490 must be readable");
+    }
+
+    void mouseCoordinates_data() {
+        QTest::addColumn<QString>("system");  // "-": no map at all
+        QTest::addColumn<int>("unit");
+        QTest::addColumn<QPointF>("mouse");
+        QTest::addColumn<QPointF>("shown");  // (0, 0): no text
+        QTest::addColumn<QString>("label");
+        struct Unit {
+            int unit;
+            const char* name;
+            const char* label;
+            QPointF value;
+        };
+        // Degrees as shown: 116.51 is 116°30'36" (packed 116.3036) and 116°30.6' (packed 116.306).
+        const Unit units[] = {
+            {0, "metre", "m", kProjected},
+            {1, "foot", "Feet", {1502939.451, 14496524.285}},
+            {7, "nautical mile", "Nautical mile", {247.352, 2385.821}},
+            {8, "kilometre", "Kilometer", {458.096, 4418.541}},
+            {9, "yard", "Yard", {500979.817, 4832174.762}},
+            {10, "mile", "Mile", {284.648, 2745.554}},
+            {2, "degree", "Degree", kGeographic},
+            {21, "decimal degrees", "Degree", kGeographic},
+            {22, "degrees minutes seconds", "Degree", {116.3036, 39.54}},
+            {23, "degrees decimal minutes", "Degree", {116.306, 39.54}},
+            {3, "unknown unit", "Unknown unit", {}},
+            {5, "unlisted unit", "", {}},
+        };
+        for (const Unit& u : units) {
+            const bool unknown = u.unit == 3;
+            QTest::addRow("projected, %s", u.name)
+                << "EPSG:4509" << u.unit << kProjected << (unknown ? kProjected : u.value) << u.label;
+            QTest::addRow("geographic, %s", u.name)
+                << "EPSG:4490" << u.unit << kGeographic << (unknown ? kGeographic : u.value) << u.label;
+        }
+        // Without a system nothing is converted, whatever the display unit says.
+        for (int unit : {0, 1, 2, 3, 5, 7, 8, 9, 10, 21, 22, 23})
+            QTest::addRow("no system, unit %d", unit)
+                << QString() << unit << kProjected << kProjected << "Unknown unit";
+        QTest::newRow("no map") << "-" << 0 << kProjected << QPointF() << "Unknown unit";
+        // Metres of a geographic position: its zone's central meridian (zone truncates towards zero).
+        const QString geo("EPSG:4490");
+        QTest::newRow("116.5: zone 20, meridian 117")
+            << geo << 0 << QPointF(116.5, 39.9) << QPointF(457240.756, 4418545.342) << "m";
+        QTest::newRow("-0.5: zone 0, meridian -3")
+            << geo << 0 << QPointF(-0.5, 39.9) << QPointF(713807.889, 4421418.788) << "m";
+        QTest::newRow("-6.5: truncated to zone 0")
+            << geo << 0 << QPointF(-6.5, 39.9) << QPointF(200652.661, 4424294.469) << "m";
+    }
+
+    void mouseCoordinates() {
+        QFETCH(QString, system);
+        QFETCH(int, unit);
+        QFETCH(QPointF, mouse);
+        QFETCH(QPointF, shown);
+        QFETCH(QString, label);
+        Fixture f;
+        f.widget.showMouseCoordinates(kProjected, MakeMap(QString(), 0));  // an earlier text to replace
+        f.widget.showMouseCoordinates(mouse, system == "-" ? nullptr : MakeMap(system, unit));
+        const QString text = f.text();
+        QCOMPARE(f.widget.mLineEdit->toolTip(), text);
+        QCOMPARE(f.widget.mLabelUnit->text(), label);
+        QCOMPARE(text.isEmpty(), shown.isNull());
+        if (shown.isNull()) return;
+        // A millimetre in the projections, and the last of the three decimals elsewhere.
+        const QList<double> numbers = Pair(text);
+        QVERIFY2(numbers.size() == 2 && qAbs(numbers.at(0) - shown.x()) <= 0.0015 &&
+                     qAbs(numbers.at(1) - shown.y()) <= 0.0015,
+                 qPrintable(text));
+    }
+
+    void typedCoordinates_data() {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<bool>("accepted");
+        QTest::newRow("comma") << "12.5,40" << true;
+        QTest::newRow("comma between spaces") << "12.5 , 40" << true;
+        QTest::newRow("one space") << "12.5 40" << true;
+        QTest::newRow("several spaces") << "12.5     40" << true;
+        QTest::newRow("padded comma pair") << "  12.5,40  " << true;
+        QTest::newRow("semicolon") << "12.5;40" << false;
+        QTest::newRow("words") << "east,north" << false;
+        QTest::newRow("three numbers") << "12.5,40,7" << false;
+        QTest::newRow("missing second number") << "12.5," << false;
+        QTest::newRow("decimal comma") << "12,5 40" << false;
+        QTest::newRow("empty") << "" << false;
+    }
+
+    void typedCoordinates() {
+        QFETCH(QString, typed);
+        QFETCH(bool, accepted);
+        Fixture f;
+        f.canvas.GetMapView()->SetMap(MakeMap(QString(), 0));
+        f.canvas.setExtent(HORect(0.0, 100.0, 0.0, 100.0));
+        const HOPoint expected = accepted ? HOPoint(12.5, 40.0) : f.canvas.center();
+        f.type(typed);
+        const HOPoint after = f.canvas.center();
+        QVERIFY2(qAbs(after.x - expected.x) < 1e-6 && qAbs(after.y - expected.y) < 1e-6,
+                 QTest::toString(after));
+        QCOMPARE(f.text(), typed);
+    }
+
+    void extentMode_data() {
+        QTest::addColumn<QString>("system");
+        QTest::addColumn<QString>("label");
+        QTest::newRow("no system") << QString() << "Pixel";
+        // The extent is in raw map coordinates, so a kilometre display still reads metres.
+        QTest::newRow("kilometres shown on a metre system") << "EPSG:4509"
+                                                            << "m";
+    }
+
+    void extentMode() {
+        QFETCH(QString, system);
+        QFETCH(QString, label);
+        Fixture f;
+        const HORefPtr<HOMap> map = MakeMap(system, HOUnitKilometer);
+        f.canvas.GetMapView()->SetMap(map);
+        f.widget.showMouseCoordinates(QPointF(1.0, 2.0), MakeMap(QString(), 0));
+        f.widget.mToggleExtentsViewButton->click();
+        const HORect e = f.canvas.extent();
+        const QString extentText = QString("%1,%2 ; %3,%4")
+                                       .arg(e.minx, 0, 'f', 3)
+                                       .arg(e.miny, 0, 'f', 3)
+                                       .arg(e.maxx, 0, 'f', 3)
+                                       .arg(e.maxy, 0, 'f', 3);
+        QCOMPARE(f.text(), extentText);
+        QCOMPARE(f.widget.mLabelUnit->text(), label);
+        QVERIFY(f.widget.mLineEdit->isReadOnly());
+        // The mouse no longer writes; the canvas's extent changes do.
+        emit f.canvas.xyCoordinates(QPointF(5.0, 6.0), map);
+        QCOMPARE(f.text(), extentText);
+        f.widget.mLineEdit->setText(QString());
+        emit f.canvas.extentsChanged();
+        QCOMPARE(f.text(), extentText);
+
+        f.widget.mToggleExtentsViewButton->click();
+        QCOMPARE(f.text(), QStringLiteral("1.000 , 2.000"));
+        QCOMPARE(f.widget.mLineEdit->toolTip(), QStringLiteral("1.000 , 2.000"));
+        QVERIFY(!f.widget.mLineEdit->isReadOnly());
+        // Back in mouse mode the canvas's extent changes no longer reach the text.
+        emit f.canvas.extentsChanged();
+        QCOMPARE(f.text(), QStringLiteral("1.000 , 2.000"));
+    }
+
+    void nullCanvasLeavesTheWidgetInert() {
+        Fixture f;
+        const HORefPtr<HOMap> map = MakeMap(QString(), 0);
+        f.widget.showMouseCoordinates(QPointF(1.0, 2.0), map);
+        const HOPoint centre = f.canvas.center();
+        f.widget.setMapCanvas(nullptr);
+        emit f.canvas.xyCoordinates(QPointF(5.0, 6.0), map);
+        f.widget.showMouseCoordinates(QPointF(7.0, 8.0), map);
+        QCOMPARE(f.text(), QStringLiteral("1.000 , 2.000"));
+        f.type(QStringLiteral("12.5,40"));
+        QCOMPARE(f.canvas.center(), centre);
+        f.widget.mToggleExtentsViewButton->click();
+        emit f.canvas.extentsChanged();
+        QCOMPARE(f.text(), QStringLiteral("12.5,40"));
+    }
+
+    void replacedCanvasIsDisconnected() {
+        Fixture f;
+        HXMapCanvas other(HXMapCanvas::MapViewMode, nullptr);
+        f.widget.setMapCanvas(&other);
+        const HORefPtr<HOMap> map = MakeMap(QString(), 0);
+        emit f.canvas.xyCoordinates(QPointF(5.0, 6.0), map);
+        QCOMPARE(f.text(), QString());
+        emit other.xyCoordinates(QPointF(7.0, 8.0), map);
+        QCOMPARE(f.text(), QStringLiteral("7.000 , 8.000"));
+    }
+
+    // The canvas's own status bar shows map positions under the mouse once its map holds a layer.
+    void canvasStatusBarShowsMouseCoordinates() {
+        HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
+        canvas.resize(400, 300);
+        const HORefPtr<HOMap> map = MakeMap("EPSG:4509", HOUnitMeter);
+        map->AddLayer(new HOTestRectLayer(HORect(458000.0, 458200.0, 4418500.0, 4418600.0), Qt::red));
+        canvas.GetMapView()->SetMap(map);
+        canvas.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&canvas));
+        canvas.setExtent(HORect(450000.0, 470000.0, 4410000.0, 4425000.0));
+        auto* coords = canvas.findChild<HXStatusBarCoordinatesWidget*>(QStringLiteral("mCoordsEdit"));
+        QWidget* drawing = canvas.childAt(canvas.width() / 2, 50);
+        QVERIFY(coords && drawing);
+        const QPoint middle(drawing->width() / 2, drawing->height() / 2);
+
+        QTest::mouseMove(drawing, middle);
+        QList<double> numbers = Pair(coords->mLineEdit->text());
+        QVERIFY2(numbers.size() == 2 && canvas.extent().Contains(HOPoint(numbers.at(0), numbers.at(1))),
+                 qPrintable(coords->mLineEdit->text()));
+        QCOMPARE(coords->mLabelUnit->text(), QStringLiteral("m"));
+        map->SetMapDisplayUnit(HOUnitDecimalDegree);
+        QTest::mouseMove(drawing, middle + QPoint(1, 1));
+        numbers = Pair(coords->mLineEdit->text());
+        QVERIFY2(numbers.size() == 2 && numbers.at(0) > 116.4 && numbers.at(0) < 116.7 &&
+                     numbers.at(1) > 39.8 && numbers.at(1) < 40.0,
+                 qPrintable(coords->mLineEdit->text()));
+        QCOMPARE(coords->mLabelUnit->text(), QStringLiteral("Degree"));
+    }
 };
-
-void TestCoordinatesWidget::initTestCase() {
-    QVERIFY(mSettingsDir.isValid());
-    qputenv("HXGIS_SETTINGS_FILE", mSettingsDir.filePath(QStringLiteral("hxgis.ini")).toLocal8Bit());
-    QVERIFY2(HOCoordinateSystem::FromUserInput("EPSG:4509"), "EPSG:4509 must be readable");
-    QVERIFY2(HOCoordinateSystem::FromUserInput("EPSG:4490"), "EPSG:4490 must be readable");
-}
-
-void TestCoordinatesWidget::init() {
-    mCanvas = std::make_unique<HXMapCanvas>(HXMapCanvas::MapViewMode, nullptr);
-    mCanvas->resize(400, 300);
-    mWidget = std::make_unique<HXStatusBarCoordinatesWidget>(nullptr);
-    mWidget->setMapCanvas(mCanvas.get());
-}
-
-void TestCoordinatesWidget::cleanup() {
-    mWidget.reset();
-    mCanvas.reset();
-}
-
-void TestCoordinatesWidget::mouseCoordinates_data() {
-    QTest::addColumn<QString>("system");
-    QTest::addColumn<int>("unit");
-    QTest::addColumn<QPointF>("mouse");
-    QTest::addColumn<QPointF>("shown");
-    QTest::addColumn<QString>("label");
-
-    const QPointF gk(458095.9446, 4418540.6022);
-    struct Linear {
-        int unit;
-        const char* name;
-        const char* label;
-        QPointF value;
-    };
-    const Linear linear[] = {
-        {0, "metre", "m", gk},
-        {1, "foot", "Feet", {1502939.451, 14496524.285}},
-        {7, "nautical mile", "Nautical mile", {247.352, 2385.821}},
-        {8, "kilometre", "Kilometer", {458.096, 4418.541}},
-        {9, "yard", "Yard", {500979.817, 4832174.762}},
-        {10, "mile", "Mile", {284.648, 2745.554}},
-    };
-    // Degrees as shown: 116.51 is 116°30'36" (packed 116.3036) and 116°30.6' (packed 116.306).
-    struct Angular {
-        int unit;
-        const char* name;
-        QPointF value;
-    };
-    const Angular angular[] = {
-        {2, "degree", kGeographic},
-        {21, "decimal degrees", kGeographic},
-        {22, "degrees minutes seconds", {116.3036, 39.54}},
-        {23, "degrees decimal minutes", {116.306, 39.54}},
-    };
-
-    for (const Linear& u : linear) {
-        QTest::addRow("projected, %s", u.name) << "EPSG:4509" << u.unit << kProjected << u.value << u.label;
-        QTest::addRow("geographic, %s", u.name) << "EPSG:4490" << u.unit << kGeographic << u.value << u.label;
-    }
-    for (const Angular& u : angular) {
-        QTest::addRow("projected, %s", u.name) << "EPSG:4509" << u.unit << kProjected << u.value << "Degree";
-        QTest::addRow("geographic, %s", u.name)
-            << "EPSG:4490" << u.unit << kGeographic << u.value << "Degree";
-    }
-    QTest::newRow("projected, unknown unit")
-        << "EPSG:4509" << 3 << kProjected << kProjected << "Unknown unit";
-    QTest::newRow("geographic, unknown unit")
-        << "EPSG:4490" << 3 << kGeographic << kGeographic << "Unknown unit";
-    // Without a system nothing is converted, whatever the display unit says.
-    for (int unit : {0, 1, 2, 3, 5, 7, 8, 9, 10, 21, 22, 23})
-        QTest::addRow("no system, unit %d", unit)
-            << QString() << unit << kProjected << kProjected << "Unknown unit";
-}
-
-void TestCoordinatesWidget::mouseCoordinates() {
-    QFETCH(QString, system);
-    QFETCH(int, unit);
-    QFETCH(QPointF, mouse);
-    QFETCH(QPointF, shown);
-    QFETCH(QString, label);
-    const HORefPtr<HOMap> map = makeMap(system.isEmpty() ? nullptr : qPrintable(system), unit);
-
-    showAt(mouse, map);
-
-    const QString text = mWidget->mLineEdit->text();
-    const QList<double> numbers = pair(text);
-    QVERIFY2(numbers.size() == 2, qPrintable(text));
-    // A millimetre in the projections, and the last of the three decimals elsewhere.
-    QVERIFY2(qAbs(numbers.at(0) - shown.x()) <= 0.0015, qPrintable(text));
-    QVERIFY2(qAbs(numbers.at(1) - shown.y()) <= 0.0015, qPrintable(text));
-    QCOMPARE(mWidget->mLineEdit->toolTip(), text);
-    QCOMPARE(mWidget->mLabelUnit->text(), label);
-}
-
-void TestCoordinatesWidget::gaussKrugerZone_data() {
-    QTest::addColumn<double>("longitude");
-    QTest::addColumn<QPointF>("eastNorth");
-    // Easting and northing at latitude 39.9 from PROJ, on the central meridian the zone gives.
-    QTest::newRow("116.5: zone 20, meridian 117") << 116.5 << QPointF(457240.756, 4418545.342);
-    QTest::newRow("-0.5: zone 0, meridian -3") << -0.5 << QPointF(713807.889, 4421418.788);
-    QTest::newRow("-6.5: truncated to zone 0") << -6.5 << QPointF(200652.661, 4424294.469);
-}
-
-void TestCoordinatesWidget::gaussKrugerZone() {
-    QFETCH(double, longitude);
-    QFETCH(QPointF, eastNorth);
-    showAt(QPointF(longitude, 39.9), makeMap("EPSG:4490", HOUnitMeter));
-    const QList<double> numbers = pair(mWidget->mLineEdit->text());
-    QCOMPARE(numbers.size(), 2);
-    QVERIFY2(qAbs(numbers.at(0) - eastNorth.x()) <= 0.0015, qPrintable(mWidget->mLineEdit->text()));
-    QVERIFY2(qAbs(numbers.at(1) - eastNorth.y()) <= 0.0015, qPrintable(mWidget->mLineEdit->text()));
-}
-
-void TestCoordinatesWidget::unlistedUnitShowsNothing_data() {
-    QTest::addColumn<QString>("system");
-    QTest::addColumn<QPointF>("mouse");
-    QTest::newRow("projected") << "EPSG:4509" << kProjected;
-    QTest::newRow("geographic") << "EPSG:4490" << kGeographic;
-}
-
-void TestCoordinatesWidget::unlistedUnitShowsNothing() {
-    QFETCH(QString, system);
-    QFETCH(QPointF, mouse);
-    showAt(kProjected, makeMap(nullptr, 0));
-    showAt(mouse, makeMap(qPrintable(system), 5));
-    QCOMPARE(mWidget->mLineEdit->text(), QString());
-    QCOMPARE(mWidget->mLineEdit->toolTip(), QString());
-    QCOMPARE(mWidget->mLabelUnit->text(), QString());
-}
-
-void TestCoordinatesWidget::noMap() {
-    showAt(kProjected, makeMap("EPSG:4509", 0));
-    showAt(kProjected, nullptr);
-    QCOMPARE(mWidget->mLineEdit->text(), QString());
-    QCOMPARE(mWidget->mLineEdit->toolTip(), QString());
-    QCOMPARE(mWidget->mLabelUnit->text(), QStringLiteral("Unknown unit"));
-}
-
-void TestCoordinatesWidget::typedCoordinates_data() {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<bool>("accepted");
-    QTest::newRow("comma") << "12.5,40" << true;
-    QTest::newRow("comma between spaces") << "12.5 , 40" << true;
-    QTest::newRow("one space") << "12.5 40" << true;
-    QTest::newRow("several spaces") << "12.5     40" << true;
-    QTest::newRow("padded comma pair") << "  12.5,40  " << true;
-    QTest::newRow("semicolon") << "12.5;40" << false;
-    QTest::newRow("words") << "east,north" << false;
-    QTest::newRow("three numbers") << "12.5,40,7" << false;
-    QTest::newRow("missing second number") << "12.5," << false;
-    QTest::newRow("decimal comma") << "12,5 40" << false;
-    QTest::newRow("empty") << "" << false;
-}
-
-void TestCoordinatesWidget::typedCoordinates() {
-    QFETCH(QString, typed);
-    QFETCH(bool, accepted);
-    mCanvas->GetMapView()->SetMap(makeMap(nullptr, 0));
-    mCanvas->setExtent(HORect(0.0, 100.0, 0.0, 100.0));
-    const HOPoint before = mCanvas->center();
-
-    mWidget->mLineEdit->setText(typed);
-    QTest::keyClick(mWidget->mLineEdit, Qt::Key_Return);
-
-    const HOPoint after = mCanvas->center();
-    const HOPoint expected = accepted ? HOPoint(12.5, 40.0) : before;
-    QVERIFY2(qAbs(after.x - expected.x) < 1e-6 && qAbs(after.y - expected.y) < 1e-6, QTest::toString(after));
-    QCOMPARE(mWidget->mLineEdit->text(), typed);
-}
-
-void TestCoordinatesWidget::extentMode() {
-    const HORefPtr<HOMap> map = makeMap(nullptr, 0);
-    showAt(QPointF(1.0, 2.0), map);
-    mWidget->mToggleExtentsViewButton->click();
-
-    const HORect extent = mCanvas->extent();
-    const QString extentText = QStringLiteral("%1,%2 ; %3,%4")
-                                   .arg(extent.minx, 0, 'f', 3)
-                                   .arg(extent.miny, 0, 'f', 3)
-                                   .arg(extent.maxx, 0, 'f', 3)
-                                   .arg(extent.maxy, 0, 'f', 3);
-    QCOMPARE(mWidget->mLineEdit->text(), extentText);
-    QCOMPARE(mWidget->mLabelUnit->text(), QStringLiteral("Pixel"));
-    QVERIFY(mWidget->mLineEdit->isReadOnly());
-
-    showAt(QPointF(3.0, 4.0), map);
-    emit mCanvas->xyCoordinates(QPointF(5.0, 6.0), map);
-    QCOMPARE(mWidget->mLineEdit->text(), extentText);
-
-    mWidget->mLineEdit->setText(QString());
-    emit mCanvas->extentsChanged();
-    QCOMPARE(mWidget->mLineEdit->text(), extentText);
-
-    mWidget->mToggleExtentsViewButton->click();
-    QCOMPARE(mWidget->mLineEdit->text(), QStringLiteral("1.000 , 2.000"));
-    QCOMPARE(mWidget->mLineEdit->toolTip(), QStringLiteral("1.000 , 2.000"));
-    QVERIFY(!mWidget->mLineEdit->isReadOnly());
-
-    // Back in mouse mode the canvas's extent changes no longer reach the text.
-    emit mCanvas->extentsChanged();
-    QCOMPARE(mWidget->mLineEdit->text(), QStringLiteral("1.000 , 2.000"));
-}
-
-void TestCoordinatesWidget::extentLabelFollowsTheSystemUnit() {
-    // The extent is in raw map coordinates, so a kilometre display still reads metres.
-    const HORefPtr<HOMap> map = makeMap("EPSG:4509", HOUnitKilometer);
-    mCanvas->GetMapView()->SetMap(map);
-    mWidget->mToggleExtentsViewButton->click();
-    QCOMPARE(mWidget->mLabelUnit->text(), QStringLiteral("m"));
-}
-
-void TestCoordinatesWidget::nullCanvasLeavesTheWidgetInert() {
-    const HORefPtr<HOMap> map = makeMap(nullptr, 0);
-    showAt(QPointF(1.0, 2.0), map);
-    const HOPoint centre = mCanvas->center();
-    mWidget->setMapCanvas(nullptr);
-
-    emit mCanvas->xyCoordinates(QPointF(5.0, 6.0), map);
-    showAt(QPointF(7.0, 8.0), map);
-    QCOMPARE(mWidget->mLineEdit->text(), QStringLiteral("1.000 , 2.000"));
-
-    mWidget->mLineEdit->setText(QStringLiteral("12.5,40"));
-    QTest::keyClick(mWidget->mLineEdit, Qt::Key_Return);
-    QCOMPARE(mCanvas->center(), centre);
-
-    mWidget->mToggleExtentsViewButton->click();
-    emit mCanvas->extentsChanged();
-    QCOMPARE(mWidget->mLineEdit->text(), QStringLiteral("12.5,40"));
-}
-
-void TestCoordinatesWidget::replacedCanvasIsDisconnected() {
-    HXMapCanvas other(HXMapCanvas::MapViewMode, nullptr);
-    mWidget->setMapCanvas(&other);
-    const HORefPtr<HOMap> map = makeMap(nullptr, 0);
-
-    emit mCanvas->xyCoordinates(QPointF(5.0, 6.0), map);
-    QCOMPARE(mWidget->mLineEdit->text(), QString());
-    emit other.xyCoordinates(QPointF(7.0, 8.0), map);
-    QCOMPARE(mWidget->mLineEdit->text(), QStringLiteral("7.000 , 8.000"));
-}
-
-void TestCoordinatesWidget::canvasStatusBarShowsMouseCoordinates() {
-    // The canvas reports map positions once its map holds a layer.
-    QFile points(mSettingsDir.filePath(QStringLiteral("points.geojson")));
-    QVERIFY(points.open(QIODevice::WriteOnly));
-    points.write(R"({"type": "FeatureCollection",
-        "crs": {"type": "name", "properties": {"name": "urn:ogc:def:crs:EPSG::4509"}},
-        "features": [{"type": "Feature", "properties": {},
-                      "geometry": {"type": "Point", "coordinates": [458095.9446, 4418540.6022]}}]})");
-    points.close();
-    const HORefPtr<HOMap> map = makeMap("EPSG:4509", HOUnitMeter);
-    HOString error;
-    const HORefPtr<HOLayer> layer = OpenLayer(HOString(qPrintable(points.fileName())), &error);
-    QVERIFY2(layer, error.toStdString().c_str());
-    map->AddLayer(layer);
-    mCanvas->GetMapView()->SetMap(map);
-    mCanvas->show();
-    QVERIFY(QTest::qWaitForWindowExposed(mCanvas.get()));
-    mCanvas->setExtent(HORect(450000.0, 470000.0, 4410000.0, 4425000.0));
-
-    auto* coords = mCanvas->findChild<HXStatusBarCoordinatesWidget*>(QStringLiteral("mCoordsEdit"));
-    QVERIFY(coords);
-    QWidget* drawing = mCanvas->childAt(mCanvas->width() / 2, 50);
-    QVERIFY(drawing);
-    const QPoint middle(drawing->width() / 2, drawing->height() / 2);
-
-    QTest::mouseMove(drawing, middle);
-    QList<double> numbers = pair(coords->mLineEdit->text());
-    QCOMPARE(numbers.size(), 2);
-    QVERIFY2(mCanvas->extent().Contains(HOPoint(numbers.at(0), numbers.at(1))),
-             qPrintable(coords->mLineEdit->text()));
-    QCOMPARE(coords->mLabelUnit->text(), QStringLiteral("m"));
-
-    map->SetMapDisplayUnit(HOUnitDecimalDegree);
-    QTest::mouseMove(drawing, middle + QPoint(1, 1));
-    numbers = pair(coords->mLineEdit->text());
-    QCOMPARE(numbers.size(), 2);
-    QVERIFY2(numbers.at(0) > 116.4 && numbers.at(0) < 116.7 && numbers.at(1) > 39.8 && numbers.at(1) < 40.0,
-             qPrintable(coords->mLineEdit->text()));
-    QCOMPARE(coords->mLabelUnit->text(), QStringLiteral("Degree"));
-}
 
 QTEST_MAIN(TestCoordinatesWidget)
 #include "tst_coordinateswidget.moc"
