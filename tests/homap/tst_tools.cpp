@@ -1,4 +1,4 @@
-// The command pool's built-in tools and registration by class name, and the zoom-out box geometry.
+// The command pool's registration by class name, and the zoom-out box geometry.
 #include <QtTest>
 
 #include "HOCMDPool.h"
@@ -35,28 +35,10 @@ class TestTools : public QObject {
     Q_OBJECT
 
 private slots:
-    void builtInToolsByClassName_data();
-    void builtInToolsByClassName();
     void registerAndUnregister();
     void zoomOutBox_data();
     void zoomOutBox();
 };
-
-void TestTools::builtInToolsByClassName_data() {
-    QTest::addColumn<QString>("name");
-    for (const char* name : {"HXObjects::HOToolPan", "HXObjects::HOToolZoomIn", "HXObjects::HOToolZoomOut",
-                             "HXObjects::HOToolSingleSelect", "HXObjects::HOToolIdentify"})
-        QTest::newRow(name) << name;
-}
-
-void TestTools::builtInToolsByClassName() {
-    QFETCH(QString, name);
-    HOTool* tool = HOCMDPool::GetInstance()->GetTool(HOString(name));
-    QVERIFY(tool);
-    QCOMPARE(tool->GetClassName().toQString(), name);
-    QVERIFY(!tool->IsOneShot());
-    QCOMPARE(HOCMDPool::GetInstance()->GetTool(HOString(name)), tool);  // one shared tool per class
-}
 
 void TestTools::registerAndUnregister() {
     HOCMDPool* pool = HOCMDPool::GetInstance();

@@ -1,58 +1,46 @@
 // Input routing: which view gets each mouse and key event with which button code, the host signals
 // around the hand-over and their order, the middle-button cursor, the map position under the mouse,
 // and the canvas's own key bindings in each view mode.
-#include <QApplication>
 #include <QSignalSpy>
 #include <QtTest>
 
 #include "HOCMDPool.h"
 #include "HOMap.h"
-#include "HORecordingTool.h"
 #include "HOTestPrinters.h"
 #include "HOTrackCancel.h"
 #include "HXInputCanvas.h"
 
 using namespace HXObjects;
 
-Q_DECLARE_METATYPE(HXMapCanvas::ViewMode)
+Q_DECLARE_METATYPE(HXObjects::HOMap*)
 Q_DECLARE_METATYPE(QEvent::Type)
 Q_DECLARE_METATYPE(Qt::MouseButton)
-Q_DECLARE_METATYPE(HXObjects::HOMap*)
-Q_DECLARE_METATYPE(HXObjects::HOTool*)
-Q_DECLARE_METATYPE(QMouseEvent*)
-Q_DECLARE_METATYPE(QKeyEvent*)
 
 namespace {
 
-const char* const kBoundTools[] = {
-    "HXObjects::HOToolDeleteFeature", "HXObjects::HOToolDeleteElement", "HXObjects::HOCmdDeleteElement",
-    "HXObjects::HOToolCopyElement",   "HXObjects::HOCmdCopyElement",    "HXObjects::HOToolPasteElement",
-    "HXObjects::HOCmdPasteElement",   "HXObjects::HOToolCutElement",
-};
-
-void Send(QWidget& widget, QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons buttons, QPoint pos) {
-    QMouseEvent event(type, pos, widget.mapToGlobal(pos), button, buttons, Qt::NoModifier);
-    QApplication::sendEvent(&widget, &event);
-}
+const auto kMap = HXMapCanvas::MapViewMode, kPage = HXMapCanvas::PageLayoutMode;
+const auto kPress = QEvent::KeyPress, kRelease = QEvent::KeyRelease;
+const HORect kStart(0, 400, 0, 200);  // the recording view's extent
 
 // Host signals go into the view's call list, so their order against the view's calls shows.
 void RecordSignals(HXInputCanvas& fixture) {
     QStringList* log = &fixture.viewCalls();
     HXMapCanvas* canvas = &fixture.canvas;
-    auto point = [](QPoint p) { return QString("%1,%2").arg(p.x()).arg(p.y()); };
+    auto at = [](QPoint p) { return QString(" %1,%2").arg(p.x()).arg(p.y()); };
     QObject::connect(canvas, &HXMapCanvas::sendLeftButtonClicked,
-                     [=](QPoint p) { *log << "clicked " + point(p); });
+                     [=](QPoint p) { *log << "clicked" + at(p); });
     QObject::connect(canvas, &HXMapCanvas::sendLeftButtonRelease,
-                     [=](QPoint p) { *log << "released " + point(p); });
+                     [=](QPoint p) { *log << "released" + at(p); });
     QObject::connect(canvas, &HXMapCanvas::sendLeftButtonDoubleClicked,
-                     [=](QPoint p) { *log << "double clicked " + point(p); });
+                     [=](QPoint p) { *log << "double clicked" + at(p); });
     QObject::connect(canvas, &HXMapCanvas::mousePressed,
                      [=](QMouseEvent*, int type) { *log << QString("mousePressed %1").arg(type); });
+    QObject::connect(canvas, &HXMapCanvas::xyCoordinates, [=](QPointF p) { *log << "xy" + at(p.toPoint()); });
     QObject::connect(canvas, &HXMapCanvas::keyPressed, [=](QKeyEvent*) { *log << "keyPressed"; });
     QObject::connect(canvas, &HXMapCanvas::keyReleased, [=](QKeyEvent*) { *log << "keyReleased"; });
 }
 
-bool SendKey(QWidget& widget, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers,
+bool SendKey(QWidget& widget, QEvent::Type type, int key, Qt::KeyboardModifiers modifiers = {},
              bool autoRepeat = false) {
     QKeyEvent event(type, key, modifiers, QString(), autoRepeat);
     QApplication::sendEvent(&widget, &event);
@@ -64,433 +52,298 @@ bool SendKey(QWidget& widget, QEvent::Type type, int key, Qt::KeyboardModifiers 
 class TestCanvasInput : public QObject {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void cleanupTestCase();
-    void init();
-    void buttons_data();
-    void buttons();
-    void moveButtonCodes_data();
-    void moveButtonCodes();
-    void middleButtonCursor();
-    void coordinatesOverMap_data();
-    void coordinatesOverMap();
-    void coordinatesOverPage_data();
-    void coordinatesOverPage();
-    void keyPress_data();
-    void keyPress();
-    void keysWhileButtonHeld();
-    void keyRelease_data();
-    void keyRelease();
-    void escapeCancelsDrawing_data();
-    void escapeCancelsDrawing();
-    void editFeatureAfterSelection();
-    void unboundKeys_data();
-    void unboundKeys();
-    void reservedModeReachesNoView();
-
-private:
     std::vector<HORefPtr<HORecordingTool>> mTools;
+
+private slots:
+    void initTestCase() {
+        qRegisterMetaType<HOMap*>();
+        for (const char* name :
+             {"HOToolDeleteFeature", "HOToolDeleteElement", "HOCmdDeleteElement", "HOToolCopyElement",
+              "HOCmdCopyElement", "HOToolPasteElement", "HOCmdPasteElement", "HOToolCutElement"}) {
+            mTools.emplace_back(new HORecordingTool(qPrintable(QString("HXObjects::") + name)));
+            HOCMDPool::GetInstance()->RegisterTool(mTools.back());
+        }
+    }
+    void cleanupTestCase() {
+        for (auto& tool : mTools) HOCMDPool::GetInstance()->UnregisterTool(tool->GetClassName());
+    }
+
+    void buttons_data() {
+        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
+        QTest::addColumn<QEvent::Type>("type");
+        QTest::addColumn<Qt::MouseButton>("button");
+        QTest::addColumn<QString>("calls");  // the view's calls and the host signals, in order
+        const auto press = QEvent::MouseButtonPress, release = QEvent::MouseButtonRelease,
+                   twice = QEvent::MouseButtonDblClick;
+        const auto left = Qt::LeftButton, right = Qt::RightButton, middle = Qt::MiddleButton;
+        QTest::newRow("left press") << kMap << press << left
+                                    << "clicked 3,4; MouseDown 1 3 4; mousePressed 1";
+        QTest::newRow("right press") << kMap << press << right << "MouseDown 2 3 4; mousePressed 1";
+        QTest::newRow("middle press") << kMap << press << middle << "MouseDown 3 3 4; mousePressed 1";
+        QTest::newRow("back button press") << kMap << press << Qt::BackButton << "mousePressed 1";
+        QTest::newRow("left press on a page") << kPage << press << left << "MouseDown 1 3 4; mousePressed 1";
+        QTest::newRow("left press, reserved mode")
+            << HXMapCanvas::ReservedMode << press << left << "mousePressed 1";
+        QTest::newRow("left release") << kMap << release << left << "released 3,4; MouseUp 1 3 4";
+        QTest::newRow("left release on a page") << kPage << release << left << "MouseUp 1 3 4";
+        QTest::newRow("right release") << kMap << release << right << "MouseUp 2 3 4";
+        QTest::newRow("middle release") << kMap << release << middle << "MouseUp 3 3 4";
+        QTest::newRow("left double click")
+            << kMap << twice << left << "double clicked 3,4; DoubleClick 1 3 4; mousePressed 2";
+        QTest::newRow("left double click on a page")
+            << kPage << twice << left << "DoubleClick 1 3 4; mousePressed 2";
+        QTest::newRow("right double click") << kMap << twice << right << "DoubleClick 2 3 4; mousePressed 2";
+        QTest::newRow("middle double click") << kMap << twice << middle << "mousePressed 2";
+        QTest::newRow("move") << kMap << QEvent::MouseMove << Qt::NoButton << "xy 3,4; MouseMove 0 3 4";
+        QTest::newRow("move, reserved mode")
+            << HXMapCanvas::ReservedMode << QEvent::MouseMove << Qt::NoButton << "";
+    }
+    void buttons() {
+        QFETCH(HXMapCanvas::ViewMode, mode);
+        QFETCH(QEvent::Type, type);
+        QFETCH(Qt::MouseButton, button);
+        QFETCH(QString, calls);
+        HXInputCanvas fixture(mode);
+        RecordSignals(fixture);
+        fixture.mouse(type, button, type == QEvent::MouseButtonRelease ? Qt::NoButton : button, QPoint(3, 4));
+        QCOMPARE(fixture.viewCalls().join("; "), calls);
+        QApplication::restoreOverrideCursor();
+    }
+
+    void moveButtonCodes_data() {
+        QTest::addColumn<int>("held");
+        QTest::addColumn<bool>("middlePressedBefore");
+        QTest::addColumn<int>("code");
+        QTest::newRow("no button") << 0 << false << 0;
+        QTest::newRow("left") << int(Qt::LeftButton) << false << 1;
+        QTest::newRow("left and right") << int(Qt::LeftButton | Qt::RightButton) << false << 1;
+        QTest::newRow("right") << int(Qt::RightButton) << false << 2;
+        QTest::newRow("right and middle") << int(Qt::RightButton | Qt::MiddleButton) << true << 2;
+        QTest::newRow("middle, pressed on the canvas") << int(Qt::MiddleButton) << true << 3;
+        QTest::newRow("middle, pressed elsewhere") << int(Qt::MiddleButton) << false << 0;
+    }
+    void moveButtonCodes() {
+        QFETCH(int, held);
+        QFETCH(bool, middlePressedBefore);
+        QFETCH(int, code);
+        HXInputCanvas fixture(kMap);
+        if (middlePressedBefore)
+            fixture.mouse(QEvent::MouseButtonPress, Qt::MiddleButton, Qt::MiddleButton, {});
+        fixture.map->calls.clear();
+        fixture.mouse(QEvent::MouseMove, Qt::NoButton, Qt::MouseButtons(held), QPoint(7, 8));
+        QCOMPARE(fixture.map->calls, QStringList{QString("MouseMove %1 7 8").arg(code)});
+        if (middlePressedBefore)
+            fixture.mouse(QEvent::MouseButtonRelease, Qt::MiddleButton, Qt::NoButton, {});
+    }
+
+    void middleButtonCursor() {
+        HXInputCanvas fixture(kMap);
+        QVERIFY(!QApplication::overrideCursor());
+        fixture.mouse(QEvent::MouseButtonPress, Qt::MiddleButton, Qt::MiddleButton, {});
+        QCOMPARE(QApplication::overrideCursor()->shape(), Qt::ClosedHandCursor);
+        // A middle drag does not count as a held button: arrow keys still pan.
+        SendKey(fixture.canvas, kPress, Qt::Key_Right);
+        QCOMPARE(fixture.map->extent.minx, kStart.minx + 100.0);
+        fixture.mouse(QEvent::MouseButtonRelease, Qt::MiddleButton, Qt::NoButton, {});
+        QVERIFY(!QApplication::overrideCursor());
+        // Releasing Space also ends the closed hand; an auto-repeated release does not.
+        fixture.mouse(QEvent::MouseButtonPress, Qt::MiddleButton, Qt::MiddleButton, {});
+        SendKey(fixture.canvas, kRelease, Qt::Key_Space, {}, true);
+        QVERIFY(QApplication::overrideCursor());
+        SendKey(fixture.canvas, kRelease, Qt::Key_Space);
+        QVERIFY(!QApplication::overrideCursor());
+        fixture.mouse(QEvent::MouseButtonRelease, Qt::MiddleButton, Qt::NoButton, {});
+        QVERIFY(!QApplication::overrideCursor());
+    }
+
+    void coordinatesOverMap_data() {
+        QTest::addColumn<bool>("withMap");
+        QTest::addColumn<bool>("withLayer");
+        QTest::addColumn<QPointF>("expected");
+        QTest::newRow("no map") << false << false << QPointF(30, 40);
+        QTest::newRow("map without layers") << true << false << QPointF(30, 40);
+        QTest::newRow("map with a layer") << true << true << QPointF(1000 + 30 * 2, 5000 - 40 * 2);
+    }
+    void coordinatesOverMap() {
+        QFETCH(bool, withMap);
+        QFETCH(bool, withLayer);
+        QFETCH(QPointF, expected);
+        HXInputCanvas fixture(kMap);
+        HORefPtr<HOMap> map = new HOMap();
+        if (withLayer) map->AddLayer(HORefPtr<HOGraphicsLayer>(new HOGraphicsLayer()));
+        if (withMap) fixture.map->SetMap(map);
+        fixture.map->transform = HODisplayTransform{0, 0, 1000, 5000, 2};
+        QSignalSpy spy(&fixture.canvas, &HXMapCanvas::xyCoordinates);
+        fixture.mouse(QEvent::MouseMove, Qt::NoButton, Qt::NoButton, QPoint(30, 40));
+        QCOMPARE(spy.count(), 1);
+        QCOMPARE(spy.at(0).at(0).toPointF(), expected);
+        QCOMPARE(spy.at(0).at(1).value<HOMap*>(), withMap ? map.get() : nullptr);
+    }
+
+    void coordinatesOverPage_data() {
+        QTest::addColumn<QPoint>("pixel");
+        QTest::addColumn<QPointF>("expected");
+        QTest::addColumn<int>("frame");
+        // Page x = pixel x, page y = -pixel y. Frame 0 covers page x 0..100, frame 1 (listed last)
+        // x 50..150, both y -100..0. A frame converts the pixel with its own transform.
+        QTest::newRow("empty paper") << QPoint(300, 50) << QPointF(300, 50) << -1;
+        QTest::newRow("first frame only") << QPoint(20, 50) << QPointF(20 + 100, -50) << 0;
+        QTest::newRow("overlap, last listed wins")
+            << QPoint(70, 50) << QPointF((70 - 50) * 3 + 200, -150) << 1;
+    }
+    void coordinatesOverPage() {
+        QFETCH(QPoint, pixel);
+        QFETCH(QPointF, expected);
+        QFETCH(int, frame);
+        HXInputCanvas fixture(kPage);
+        fixture.layout->transform = HODisplayTransform{0, 0, 0, 0, 1};
+        HOGraphicsContainer* container = fixture.layout->get_graphicscontainer();
+        container->RemoveElement(fixture.frame);
+        std::vector<HORefPtr<HOMap>> maps;
+        const HODisplayTransform frameTransforms[] = {{0, 0, 100, 0, 1}, {0, 0, 200, 0, 3}};
+        for (int i = 0; i < 2; ++i) {
+            HORefPtr<HODataFrame> dataFrame = new HODataFrame();
+            HORefPtr<HOInputRecordingMapView> view = new HOInputRecordingMapView();
+            maps.emplace_back(new HOMap());
+            view->SetMap(maps.back());
+            view->transform = frameTransforms[i];
+            dataFrame->set_off_x(50.0 * i);
+            dataFrame->set_off_y(-100);
+            dataFrame->set_map_view(view);
+            container->AddElement(dataFrame);
+        }
+        QSignalSpy spy(&fixture.canvas, &HXMapCanvas::xyCoordinates);
+        fixture.mouse(QEvent::MouseMove, Qt::NoButton, Qt::NoButton, pixel);
+        QCOMPARE(spy.count(), 1);
+        QCOMPARE(spy.at(0).at(0).toPointF(), expected);
+        QCOMPARE(spy.at(0).at(1).value<HOMap*>(), frame < 0 ? nullptr : maps[frame].get());
+    }
+
+    // Each key's effect, in each mode: tools installed, zooms, the map's new extent, the selected page
+    // element's move, whether the event was left to the parent, and the Escape cancelling the drawing.
+    void keys_data() {
+        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
+        QTest::addColumn<QEvent::Type>("type");
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("modifiers");
+        QTest::addColumn<QString>("effects");
+        QTest::addColumn<bool>("viewUsesKey");
+        QTest::addColumn<bool>("withTool");
+        auto row = [](const char* name, HXMapCanvas::ViewMode mode, QEvent::Type type, int key, int modifiers,
+                      const char* effects, bool viewUsesKey = true, bool withTool = false) {
+            QTest::newRow(name) << mode << type << key << modifiers << effects << viewUsesKey << withTool;
+        };
+        const int ctrl = Qt::ControlModifier;
+        row("left pans by a quarter", kMap, kPress, Qt::Key_Left, 0, "extent -100 300 0 200");
+        row("up", kMap, kPress, Qt::Key_Up, 0, "extent 0 400 50 250");
+        row("right, whatever the modifiers", kMap, kPress, Qt::Key_Right, Qt::ShiftModifier | Qt::AltModifier,
+            "extent 100 500 0 200");
+        row("down, though the view used the key", kMap, kPress, Qt::Key_Down, 0, "extent 0 400 -50 150",
+            false);
+        row("left on a page moves elements", kPage, kPress, Qt::Key_Left, 0, "element -1 0");
+        row("up on a page", kPage, kPress, Qt::Key_Up, 0, "element 0 1");
+        row("down on a page", kPage, kPress, Qt::Key_Down, 0, "element 0 -1");
+        row("right on a page", kPage, kPress, Qt::Key_Right, 0, "element 1 0");
+        row("arrow in reserved mode", HXMapCanvas::ReservedMode, kPress, Qt::Key_Left, 0, "");
+        row("page up zooms in", kMap, kPress, Qt::Key_PageUp, 0, "ZoomIn");
+        row("page down zooms out", kMap, kPress, Qt::Key_PageDown, 0, "ZoomOut");
+        row("page up on a page", kPage, kPress, Qt::Key_PageUp, 0, "ZoomIn");
+        row("page down on a page", kPage, kPress, Qt::Key_PageDown, 0, "ZoomOut");
+        row("delete installs element deletion", kMap, kPress, Qt::Key_Delete, 0,
+            "SetCurrentTool HOToolDeleteFeature; SetCurrentTool HOToolDeleteElement");
+        row("delete the view used", kMap, kPress, Qt::Key_Delete, 0, "", false);
+        row("delete on a page", kPage, kPress, Qt::Key_Delete, 0, "SetCurrentTool HOCmdDeleteElement");
+        row("space", kMap, kPress, Qt::Key_Space, 0, "");
+        row("unbound key without a tool", kMap, kPress, Qt::Key_F, 0, "ignored");
+        row("unbound key with a tool", kMap, kPress, Qt::Key_F, 0, "", true, true);
+        row("control A", kMap, kPress, Qt::Key_A, ctrl, "");
+        row("A without control", kMap, kPress, Qt::Key_A, Qt::ShiftModifier, "ignored");
+        row("every modifier", kMap, kPress, Qt::Key_Z, Qt::KeyboardModifierMask, "ignored");
+        row("control C", kMap, kRelease, Qt::Key_C, ctrl, "SetCurrentTool HOToolCopyElement");
+        row("control C on a page", kPage, kRelease, Qt::Key_C, ctrl, "SetCurrentTool HOCmdCopyElement");
+        row("control shift C", kMap, kRelease, Qt::Key_C, ctrl | Qt::ShiftModifier, "ignored");
+        row("control C from the keypad", kMap, kRelease, Qt::Key_C, ctrl | Qt::KeypadModifier, "ignored");
+        row("C alone", kMap, kRelease, Qt::Key_C, 0, "ignored");
+        row("control V", kMap, kRelease, Qt::Key_V, ctrl, "SetCurrentTool HOToolPasteElement");
+        row("control V on a page", kPage, kRelease, Qt::Key_V, ctrl, "SetCurrentTool HOCmdPasteElement");
+        row("control alt V", kPage, kRelease, Qt::Key_V, ctrl | Qt::AltModifier, "ignored");
+        row("control C in reserved mode", HXMapCanvas::ReservedMode, kRelease, Qt::Key_C, ctrl, "");
+        row("control X", kMap, kRelease, Qt::Key_X, ctrl, "SetCurrentTool HOToolCutElement");
+        row("control X on a page does nothing", kPage, kRelease, Qt::Key_X, ctrl, "ignored");
+        row("release without a tool", kMap, kRelease, Qt::Key_F, 0, "ignored");
+        row("release with a tool", kMap, kRelease, Qt::Key_F, 0, "", true, true);
+        row("space release without a hand", kMap, kRelease, Qt::Key_Space, 0, "ignored");
+        row("escape cancels the drawing", kMap, kRelease, Qt::Key_Escape, 0, "cancelled");
+    }
+    void keys() {
+        QFETCH(HXMapCanvas::ViewMode, mode);
+        QFETCH(QEvent::Type, type);
+        QFETCH(int, key);
+        QFETCH(int, modifiers);
+        QFETCH(QString, effects);
+        QFETCH(bool, viewUsesKey);
+        QFETCH(bool, withTool);
+        HXInputCanvas fixture(mode);
+        HORefPtr<HORecordingTool> tool = new HORecordingTool("A");
+        if (withTool) fixture.canvas.setMapTool(tool);
+        fixture.viewCalls().clear();
+        RecordSignals(fixture);
+        fixture.map->keyAnswer = viewUsesKey;
+        fixture.layout->get_graphicscontainer()->SelectElement(fixture.frame, true);
+        const bool accepted = SendKey(fixture.canvas, type, key, Qt::KeyboardModifiers(modifiers));
+
+        // The view (its tool) sees a pressed key first; the host hears of it last.
+        const bool viewSees = type == kPress && mode != HXMapCanvas::ReservedMode;
+        QCOMPARE(fixture.map->calls.indexOf(QString("KeyDown %1").arg(key, 0, 16)), viewSees ? 0 : -1);
+        QCOMPARE(fixture.viewCalls().last(), QString(type == kPress ? "keyPressed" : "keyReleased"));
+        QStringList seen = fixture.viewCalls().filter(QRegExp("^(SetCurrentTool|Zoom)"));
+        seen.replaceInStrings("HXObjects::", "");
+        const HORect& e = fixture.map->extent;
+        if (!(e == kStart))
+            seen << QString("extent %1 %2 %3 %4").arg(e.minx).arg(e.maxx).arg(e.miny).arg(e.maxy);
+        if (fixture.frame->get_off_x() != 0 || fixture.frame->get_off_y() != 0)
+            seen << QString("element %1 %2").arg(fixture.frame->get_off_x()).arg(fixture.frame->get_off_y());
+        if (!accepted) seen << "ignored";
+        if (fixture.map->GetTrackCancel()->IsCancelled()) seen << "cancelled";
+        QCOMPARE(seen.join("; "), effects);
+    }
+
+    void keysWhileButtonHeld() {
+        HXInputCanvas fixture(kMap);
+        RecordSignals(fixture);
+        fixture.mouse(QEvent::MouseButtonPress, Qt::RightButton, Qt::RightButton, {});
+        fixture.map->calls.clear();
+        for (int key : {int(Qt::Key_Left), int(Qt::Key_Delete), int(Qt::Key_PageUp)})
+            QVERIFY(SendKey(fixture.canvas, kPress, key));
+        QCOMPARE(fixture.map->calls.join("; "),
+                 "KeyDown 1000012; keyPressed; KeyDown 1000007; keyPressed; KeyDown 1000016; keyPressed");
+        QCOMPARE(fixture.map->extent, kStart);
+        // Any release ends the hold.
+        fixture.mouse(QEvent::MouseButtonRelease, Qt::RightButton, Qt::NoButton, {});
+        SendKey(fixture.canvas, kPress, Qt::Key_Left);
+        QCOMPARE(fixture.map->extent, HORect(-100, 300, 0, 200));
+    }
+
+    void editFeatureAfterSelection() {
+        HXInputCanvas fixture(kMap);
+        HORefPtr<HORecordingTool> editor = new HORecordingTool("CLASS hxobjects::HOToolEditAttributes");
+        HORefPtr<HORecordingTool> plain = new HORecordingTool("HXObjects::HOToolEditAttributes");
+        QSignalSpy spy(&fixture.canvas, &HXMapCanvas::EditFeature);
+        fixture.canvas.setMapTool(editor);
+        HOTool::selectFeatureNum = 0;
+        fixture.mouse(QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton, {});
+        QCOMPARE(spy.count(), 0);  // nothing selected yet
+        HOTool::selectFeatureNum = 3;
+        fixture.mouse(QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton, {});
+        QCOMPARE(spy.count(), 1);
+        QCOMPARE(spy.at(0).at(1).toBool(), true);
+        QCOMPARE(spy.at(0).at(2).toInt(), 3);
+        fixture.canvas.setMapTool(plain);  // without "class " in front it is not the attribute editor
+        fixture.mouse(QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton, {});
+        QCOMPARE(spy.count(), 1);
+        HOTool::selectFeatureNum = 0;
+    }
 };
-
-void TestCanvasInput::initTestCase() {
-    qRegisterMetaType<HOMap*>();
-    qRegisterMetaType<HOTool*>();
-    qRegisterMetaType<QMouseEvent*>();
-    qRegisterMetaType<QKeyEvent*>();
-    for (const char* name : kBoundTools) {
-        mTools.emplace_back(new HORecordingTool(name));
-        HOCMDPool::GetInstance()->RegisterTool(mTools.back());
-    }
-}
-
-void TestCanvasInput::cleanupTestCase() {
-    for (const char* name : kBoundTools) HOCMDPool::GetInstance()->UnregisterTool(name);
-}
-
-void TestCanvasInput::init() {
-    for (auto& tool : mTools) tool->calls.clear();
-    HOTool::selectFeatureNum = 0;
-}
-
-void TestCanvasInput::buttons_data() {
-    QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-    QTest::addColumn<QEvent::Type>("type");
-    QTest::addColumn<Qt::MouseButton>("button");
-    QTest::addColumn<QStringList>("calls");
-    const auto map = HXMapCanvas::MapViewMode, page = HXMapCanvas::PageLayoutMode;
-    const auto press = QEvent::MouseButtonPress, release = QEvent::MouseButtonRelease,
-               twice = QEvent::MouseButtonDblClick;
-    QTest::newRow("left press") << map << press << Qt::LeftButton
-                                << QStringList{"clicked 10,20", "MouseDown 1 10 20", "mousePressed 1"};
-    QTest::newRow("right press") << map << press << Qt::RightButton
-                                 << QStringList{"MouseDown 2 10 20", "mousePressed 1"};
-    QTest::newRow("middle press") << map << press << Qt::MiddleButton
-                                  << QStringList{"MouseDown 3 10 20", "mousePressed 1"};
-    QTest::newRow("back button press") << map << press << Qt::BackButton << QStringList{"mousePressed 1"};
-    QTest::newRow("left press on a page")
-        << page << press << Qt::LeftButton << QStringList{"MouseDown 1 10 20", "mousePressed 1"};
-    QTest::newRow("left release") << map << release << Qt::LeftButton
-                                  << QStringList{"released 10,20", "MouseUp 1 10 20"};
-    QTest::newRow("left release on a page")
-        << page << release << Qt::LeftButton << QStringList{"MouseUp 1 10 20"};
-    QTest::newRow("right release") << map << release << Qt::RightButton << QStringList{"MouseUp 2 10 20"};
-    QTest::newRow("middle release") << map << release << Qt::MiddleButton << QStringList{"MouseUp 3 10 20"};
-    QTest::newRow("left double click")
-        << map << twice << Qt::LeftButton
-        << QStringList{"double clicked 10,20", "DoubleClick 1 10 20", "mousePressed 2"};
-    QTest::newRow("left double click on a page")
-        << page << twice << Qt::LeftButton << QStringList{"DoubleClick 1 10 20", "mousePressed 2"};
-    QTest::newRow("right double click")
-        << map << twice << Qt::RightButton << QStringList{"DoubleClick 2 10 20", "mousePressed 2"};
-    QTest::newRow("middle double click") << map << twice << Qt::MiddleButton << QStringList{"mousePressed 2"};
-}
-
-void TestCanvasInput::buttons() {
-    QFETCH(HXMapCanvas::ViewMode, mode);
-    QFETCH(QEvent::Type, type);
-    QFETCH(Qt::MouseButton, button);
-    QFETCH(QStringList, calls);
-    HXInputCanvas fixture(mode);
-    RecordSignals(fixture);
-    Send(fixture.canvas, type, button,
-         type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::MouseButtons(button), QPoint(10, 20));
-    QCOMPARE(fixture.viewCalls(), calls);
-    QApplication::restoreOverrideCursor();
-}
-
-void TestCanvasInput::moveButtonCodes_data() {
-    QTest::addColumn<int>("held");
-    QTest::addColumn<bool>("middlePressedBefore");
-    QTest::addColumn<int>("code");
-    QTest::newRow("no button") << 0 << false << 0;
-    QTest::newRow("left") << int(Qt::LeftButton) << false << 1;
-    QTest::newRow("left and right") << int(Qt::LeftButton | Qt::RightButton) << false << 1;
-    QTest::newRow("right") << int(Qt::RightButton) << false << 2;
-    QTest::newRow("right and middle") << int(Qt::RightButton | Qt::MiddleButton) << true << 2;
-    QTest::newRow("middle, pressed on the canvas") << int(Qt::MiddleButton) << true << 3;
-    QTest::newRow("middle, pressed elsewhere") << int(Qt::MiddleButton) << false << 0;
-}
-
-void TestCanvasInput::moveButtonCodes() {
-    QFETCH(int, held);
-    QFETCH(bool, middlePressedBefore);
-    QFETCH(int, code);
-    HXInputCanvas fixture(HXMapCanvas::MapViewMode);
-    if (middlePressedBefore)
-        Send(fixture.canvas, QEvent::MouseButtonPress, Qt::MiddleButton, Qt::MiddleButton, {});
-    fixture.map->calls.clear();
-    Send(fixture.canvas, QEvent::MouseMove, Qt::NoButton, Qt::MouseButtons(held), QPoint(7, 8));
-    QCOMPARE(fixture.map->calls, QStringList{QString("MouseMove %1 7 8").arg(code)});
-    if (middlePressedBefore)
-        Send(fixture.canvas, QEvent::MouseButtonRelease, Qt::MiddleButton, Qt::NoButton, {});
-}
-
-void TestCanvasInput::middleButtonCursor() {
-    HXInputCanvas fixture(HXMapCanvas::MapViewMode);
-    QVERIFY(!QApplication::overrideCursor());
-    Send(fixture.canvas, QEvent::MouseButtonPress, Qt::MiddleButton, Qt::MiddleButton, QPoint(5, 5));
-    QVERIFY(QApplication::overrideCursor());
-    QCOMPARE(QApplication::overrideCursor()->shape(), Qt::ClosedHandCursor);
-    // A middle drag does not count as a held button: arrow keys still pan.
-    const HORect before = fixture.map->extent;
-    SendKey(fixture.canvas, QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier);
-    QCOMPARE(fixture.map->extent.minx, before.minx + 100.0);
-    Send(fixture.canvas, QEvent::MouseButtonRelease, Qt::MiddleButton, Qt::NoButton, QPoint(5, 5));
-    QVERIFY(!QApplication::overrideCursor());
-
-    // Releasing Space also ends the closed hand; an auto-repeated release does not.
-    Send(fixture.canvas, QEvent::MouseButtonPress, Qt::MiddleButton, Qt::MiddleButton, QPoint(5, 5));
-    SendKey(fixture.canvas, QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier, true);
-    QVERIFY(QApplication::overrideCursor());
-    SendKey(fixture.canvas, QEvent::KeyRelease, Qt::Key_Space, Qt::NoModifier);
-    QVERIFY(!QApplication::overrideCursor());
-    Send(fixture.canvas, QEvent::MouseButtonRelease, Qt::MiddleButton, Qt::NoButton, QPoint(5, 5));
-    QVERIFY(!QApplication::overrideCursor());
-}
-
-void TestCanvasInput::coordinatesOverMap_data() {
-    QTest::addColumn<bool>("withMap");
-    QTest::addColumn<bool>("withLayer");
-    QTest::addColumn<QPointF>("expected");
-    QTest::newRow("no map") << false << false << QPointF(30, 40);
-    QTest::newRow("map without layers") << true << false << QPointF(30, 40);
-    QTest::newRow("map with a layer") << true << true << QPointF(1000 + 30 * 2, 5000 - 40 * 2);
-}
-
-void TestCanvasInput::coordinatesOverMap() {
-    QFETCH(bool, withMap);
-    QFETCH(bool, withLayer);
-    QFETCH(QPointF, expected);
-    HXInputCanvas fixture(HXMapCanvas::MapViewMode);
-    HORefPtr<HOMap> map = new HOMap();
-    if (withLayer) map->AddLayer(HORefPtr<HOGraphicsLayer>(new HOGraphicsLayer()));
-    if (withMap) fixture.map->SetMap(map);
-    fixture.map->transform = HODisplayTransform{0, 0, 1000, 5000, 2};
-    QSignalSpy spy(&fixture.canvas, &HXMapCanvas::xyCoordinates);
-    Send(fixture.canvas, QEvent::MouseMove, Qt::NoButton, Qt::NoButton, QPoint(30, 40));
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(spy.at(0).at(0).toPointF(), expected);
-    QCOMPARE(spy.at(0).at(1).value<HOMap*>(), withMap ? map.get() : nullptr);
-}
-
-void TestCanvasInput::coordinatesOverPage_data() {
-    QTest::addColumn<QPoint>("pixel");
-    QTest::addColumn<QPointF>("expected");
-    QTest::addColumn<int>("frame");
-    // Page transform: page x = pixel x, page y = -pixel y. Frame 0 covers page x 0..100, frame 1
-    // x 50..150, both y -100..0; frame 1 is listed last. A frame's pixels start at its left edge.
-    QTest::newRow("empty paper") << QPoint(300, 50) << QPointF(300, 50) << -1;
-    QTest::newRow("first frame only") << QPoint(20, 50) << QPointF(20 + 100, -50) << 0;
-    QTest::newRow("overlap, last listed wins")
-        << QPoint(70, 50) << QPointF((70 - 50) * 3 + 200, -50 * 3) << 1;
-}
-
-void TestCanvasInput::coordinatesOverPage() {
-    QFETCH(QPoint, pixel);
-    QFETCH(QPointF, expected);
-    QFETCH(int, frame);
-    HXInputCanvas fixture(HXMapCanvas::PageLayoutMode);
-    fixture.layout->transform = HODisplayTransform{0, 0, 0, 0, 1};
-    HOGraphicsContainer* container = fixture.layout->get_graphicscontainer();
-    container->RemoveElement(fixture.frame);
-    std::vector<HORefPtr<HOMap>> maps;
-    const HODisplayTransform frameTransforms[] = {{0, 0, 100, 0, 1}, {0, 0, 200, 0, 3}};
-    for (int i = 0; i < 2; ++i) {
-        HORefPtr<HODataFrame> dataFrame = new HODataFrame();
-        HORefPtr<HOInputRecordingMapView> view = new HOInputRecordingMapView();
-        maps.emplace_back(new HOMap());
-        view->SetMap(maps.back());
-        view->transform = frameTransforms[i];
-        dataFrame->set_off_x(50.0 * i);
-        dataFrame->set_off_y(-100);
-        dataFrame->set_map_view(view);
-        container->AddElement(dataFrame);
-    }
-    QSignalSpy spy(&fixture.canvas, &HXMapCanvas::xyCoordinates);
-    Send(fixture.canvas, QEvent::MouseMove, Qt::NoButton, Qt::NoButton, pixel);
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(spy.at(0).at(0).toPointF(), expected);
-    QCOMPARE(spy.at(0).at(1).value<HOMap*>(), frame < 0 ? nullptr : maps[frame].get());
-}
-
-void TestCanvasInput::keyPress_data() {
-    QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<bool>("viewUsesKey");
-    QTest::addColumn<HORect>("extent");        // of the map view afterwards
-    QTest::addColumn<QPointF>("elementMove");  // of the selected page element
-    QTest::addColumn<QString>("tool");         // installed afterwards
-    QTest::addColumn<QStringList>("viewCalls");
-    const auto map = HXMapCanvas::MapViewMode, page = HXMapCanvas::PageLayoutMode;
-    const HORect start(0, 400, 0, 200);
-    const QStringList none;
-    QTest::newRow("left pans by a quarter")
-        << map << int(Qt::Key_Left) << 0 << true << HORect(-100, 300, 0, 200) << QPointF() << "" << none;
-    QTest::newRow("up") << map << int(Qt::Key_Up) << 0 << true << HORect(0, 400, 50, 250) << QPointF() << ""
-                        << none;
-    QTest::newRow("right, whatever the modifiers")
-        << map << int(Qt::Key_Right) << int(Qt::ShiftModifier | Qt::AltModifier) << true
-        << HORect(100, 500, 0, 200) << QPointF() << "" << none;
-    QTest::newRow("down") << map << int(Qt::Key_Down) << 0 << false << HORect(0, 400, -50, 150) << QPointF()
-                          << "" << none;
-    QTest::newRow("left on a page moves elements")
-        << page << int(Qt::Key_Left) << 0 << true << start << QPointF(-1, 0) << "" << none;
-    QTest::newRow("up on a page") << page << int(Qt::Key_Up) << 0 << true << start << QPointF(0, 1) << ""
-                                  << none;
-    QTest::newRow("down on a page") << page << int(Qt::Key_Down) << 0 << true << start << QPointF(0, -1) << ""
-                                    << none;
-    QTest::newRow("right on a page") << page << int(Qt::Key_Right) << 0 << true << start << QPointF(1, 0)
-                                     << "" << none;
-    QTest::newRow("page up on a page")
-        << page << int(Qt::Key_PageUp) << 0 << true << start << QPointF() << "" << QStringList{"ZoomIn"};
-    QTest::newRow("page down zooms out")
-        << map << int(Qt::Key_PageDown) << 0 << true << start << QPointF() << "" << QStringList{"ZoomOut"};
-    QTest::newRow("page up zooms in")
-        << map << int(Qt::Key_PageUp) << 0 << true << start << QPointF() << "" << QStringList{"ZoomIn"};
-    QTest::newRow("page down on a page")
-        << page << int(Qt::Key_PageDown) << 0 << true << start << QPointF() << "" << QStringList{"ZoomOut"};
-    QTest::newRow("delete installs element deletion")
-        << map << int(Qt::Key_Delete) << 0 << true << start << QPointF() << "HXObjects::HOToolDeleteElement"
-        << QStringList{"SetCurrentTool HXObjects::HOToolDeleteFeature",
-                       "SetCurrentTool HXObjects::HOToolDeleteElement"};
-    QTest::newRow("delete the view used")
-        << map << int(Qt::Key_Delete) << 0 << false << start << QPointF() << "" << none;
-    QTest::newRow("delete on a page")
-        << page << int(Qt::Key_Delete) << 0 << true << start << QPointF() << "HXObjects::HOCmdDeleteElement"
-        << QStringList{"SetCurrentTool HXObjects::HOCmdDeleteElement"};
-    QTest::newRow("space") << map << int(Qt::Key_Space) << 0 << true << start << QPointF() << "" << none;
-}
-
-void TestCanvasInput::keyPress() {
-    QFETCH(HXMapCanvas::ViewMode, mode);
-    QFETCH(int, key);
-    QFETCH(int, modifiers);
-    QFETCH(bool, viewUsesKey);
-    QFETCH(HORect, extent);
-    QFETCH(QPointF, elementMove);
-    QFETCH(QString, tool);
-    QFETCH(QStringList, viewCalls);
-    HXInputCanvas fixture(mode);
-    RecordSignals(fixture);
-    fixture.map->keyAnswer = viewUsesKey;
-    fixture.layout->get_graphicscontainer()->SelectElement(fixture.frame, true);
-    SendKey(fixture.canvas, QEvent::KeyPress, key, Qt::KeyboardModifiers(modifiers));
-
-    QCOMPARE(fixture.map->calls.first(), QString("KeyDown %1").arg(key, 0, 16));
-    QCOMPARE(fixture.viewCalls().last(), QString("keyPressed"));
-    QCOMPARE(fixture.viewCalls().filter(QRegExp("^(SetCurrentTool|Zoom)")), viewCalls);
-    QCOMPARE(fixture.map->extent, extent);
-    QCOMPARE(QPointF(fixture.frame->get_off_x(), fixture.frame->get_off_y()), elementMove);
-    HOTool* installed = fixture.canvas.getMapTool();
-    QCOMPARE(installed ? installed->GetClassName().toQString() : QString(), tool);
-}
-
-void TestCanvasInput::keysWhileButtonHeld() {
-    HXInputCanvas fixture(HXMapCanvas::MapViewMode);
-    RecordSignals(fixture);
-    Send(fixture.canvas, QEvent::MouseButtonPress, Qt::RightButton, Qt::RightButton, QPoint(1, 1));
-    fixture.map->calls.clear();
-    for (int key : {int(Qt::Key_Left), int(Qt::Key_Delete), int(Qt::Key_PageUp)})
-        QVERIFY(SendKey(fixture.canvas, QEvent::KeyPress, key, Qt::NoModifier));
-    QCOMPARE(fixture.map->calls, (QStringList{"KeyDown 1000012", "keyPressed", "KeyDown 1000007",
-                                              "keyPressed", "KeyDown 1000016", "keyPressed"}));
-    QCOMPARE(fixture.map->extent, HORect(0, 400, 0, 200));
-    QVERIFY(!fixture.canvas.getMapTool());
-    // Any release ends the hold.
-    Send(fixture.canvas, QEvent::MouseButtonRelease, Qt::RightButton, Qt::NoButton, QPoint(1, 1));
-    SendKey(fixture.canvas, QEvent::KeyPress, Qt::Key_Left, Qt::NoModifier);
-    QCOMPARE(fixture.map->extent, HORect(-100, 300, 0, 200));
-}
-
-void TestCanvasInput::keyRelease_data() {
-    QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<QString>("tool");
-    const auto map = HXMapCanvas::MapViewMode, page = HXMapCanvas::PageLayoutMode;
-    const int control = Qt::ControlModifier;
-    QTest::newRow("control C") << map << int(Qt::Key_C) << control << "HXObjects::HOToolCopyElement";
-    QTest::newRow("control C on a page")
-        << page << int(Qt::Key_C) << control << "HXObjects::HOCmdCopyElement";
-    QTest::newRow("control shift C") << map << int(Qt::Key_C) << int(control | Qt::ShiftModifier) << "";
-    QTest::newRow("control C from the keypad")
-        << map << int(Qt::Key_C) << int(control | Qt::KeypadModifier) << "";
-    QTest::newRow("C alone") << map << int(Qt::Key_C) << 0 << "";
-    QTest::newRow("control V") << map << int(Qt::Key_V) << control << "HXObjects::HOToolPasteElement";
-    QTest::newRow("control V on a page")
-        << page << int(Qt::Key_V) << control << "HXObjects::HOCmdPasteElement";
-    QTest::newRow("control alt V") << page << int(Qt::Key_V) << int(control | Qt::AltModifier) << "";
-    QTest::newRow("control X") << map << int(Qt::Key_X) << control << "HXObjects::HOToolCutElement";
-    QTest::newRow("control X on a page") << page << int(Qt::Key_X) << control << "";
-}
-
-void TestCanvasInput::keyRelease() {
-    QFETCH(HXMapCanvas::ViewMode, mode);
-    QFETCH(int, key);
-    QFETCH(int, modifiers);
-    QFETCH(QString, tool);
-    HXInputCanvas fixture(mode);
-    RecordSignals(fixture);
-    const bool accepted = SendKey(fixture.canvas, QEvent::KeyRelease, key, Qt::KeyboardModifiers(modifiers));
-    HOTool* installed = fixture.canvas.getMapTool();
-    QCOMPARE(installed ? installed->GetClassName().toQString() : QString(), tool);
-    QCOMPARE(fixture.viewCalls().last(), QString("keyReleased"));
-    // Keys without a binding are left to the parent while no tool is installed.
-    QCOMPARE(accepted, !tool.isEmpty());
-}
-
-void TestCanvasInput::escapeCancelsDrawing_data() {
-    QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-    QTest::newRow("map view") << HXMapCanvas::MapViewMode;
-    QTest::newRow("page layout") << HXMapCanvas::PageLayoutMode;
-}
-
-void TestCanvasInput::escapeCancelsDrawing() {
-    QFETCH(HXMapCanvas::ViewMode, mode);
-    HXInputCanvas fixture(mode);
-    // In a page layout the canvas's own map view is the one cancelled.
-    HOMapView* cancelled = mode == HXMapCanvas::MapViewMode ? fixture.map.get() : fixture.canvas.GetMapView();
-    HOMapView* ownView = mode == HXMapCanvas::MapViewMode ? fixture.map.get() : nullptr;
-    if (ownView) QVERIFY(!ownView->GetTrackCancel()->IsCancelled());
-    QSignalSpy released(&fixture.canvas, &HXMapCanvas::keyReleased);
-    SendKey(fixture.canvas, QEvent::KeyRelease, Qt::Key_Escape, Qt::NoModifier);
-    QCOMPARE(released.count(), 1);
-    if (ownView) QVERIFY(cancelled->GetTrackCancel()->IsCancelled());
-}
-
-void TestCanvasInput::editFeatureAfterSelection() {
-    HXInputCanvas fixture(HXMapCanvas::MapViewMode);
-    HORefPtr<HORecordingTool> editor = new HORecordingTool("CLASS hxobjects::HOToolEditAttributes");
-    HORefPtr<HORecordingTool> plain = new HORecordingTool("HXObjects::HOToolEditAttributes");
-    QSignalSpy spy(&fixture.canvas, &HXMapCanvas::EditFeature);
-    fixture.canvas.setMapTool(editor);
-    Send(fixture.canvas, QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton, {});
-    QCOMPARE(spy.count(), 0);  // nothing selected yet
-    HOTool::selectFeatureNum = 3;
-    Send(fixture.canvas, QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton, {});
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(spy.at(0).at(1).toBool(), true);
-    QCOMPARE(spy.at(0).at(2).toInt(), 3);
-    fixture.canvas.setMapTool(plain);
-    Send(fixture.canvas, QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton, {});
-    QCOMPARE(spy.count(), 1);  // without "class " in front it is not the attribute editor
-}
-
-void TestCanvasInput::unboundKeys_data() {
-    QTest::addColumn<QEvent::Type>("type");
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<bool>("withTool");
-    QTest::addColumn<bool>("accepted");
-    const auto press = QEvent::KeyPress, release = QEvent::KeyRelease;
-    QTest::newRow("press F") << press << int(Qt::Key_F) << 0 << false << false;
-    QTest::newRow("press F with a tool") << press << int(Qt::Key_F) << 0 << true << true;
-    QTest::newRow("press A without control")
-        << press << int(Qt::Key_A) << int(Qt::ShiftModifier) << false << false;
-    QTest::newRow("press control A") << press << int(Qt::Key_A) << int(Qt::ControlModifier) << false << true;
-    QTest::newRow("press every modifier")
-        << press << int(Qt::Key_Z) << int(Qt::KeyboardModifierMask) << false << false;
-    QTest::newRow("release F") << release << int(Qt::Key_F) << 0 << false << false;
-    QTest::newRow("release F with a tool") << release << int(Qt::Key_F) << 0 << true << true;
-    QTest::newRow("release space without a hand") << release << int(Qt::Key_Space) << 0 << false << false;
-}
-
-void TestCanvasInput::unboundKeys() {
-    QFETCH(QEvent::Type, type);
-    QFETCH(int, key);
-    QFETCH(int, modifiers);
-    QFETCH(bool, withTool);
-    QFETCH(bool, accepted);
-    HXInputCanvas fixture(HXMapCanvas::MapViewMode);
-    HORefPtr<HORecordingTool> tool = new HORecordingTool("A");
-    if (withTool) fixture.canvas.setMapTool(tool);
-    QCOMPARE(SendKey(fixture.canvas, type, key, Qt::KeyboardModifiers(modifiers)), accepted);
-    QCOMPARE(fixture.map->extent, HORect(0, 400, 0, 200));
-}
-
-void TestCanvasInput::reservedModeReachesNoView() {
-    HXMapCanvas canvas(HXMapCanvas::ReservedMode, nullptr);
-    HORefPtr<HOInputRecordingMapView> view = new HOInputRecordingMapView();
-    canvas.SetMapView(view);
-    view->calls.clear();
-    QSignalSpy pressed(&canvas, &HXMapCanvas::mousePressed);
-    QSignalSpy moved(&canvas, &HXMapCanvas::xyCoordinates);
-    QSignalSpy keys(&canvas, &HXMapCanvas::keyPressed);
-    Send(canvas, QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton, QPoint(3, 4));
-    Send(canvas, QEvent::MouseMove, Qt::NoButton, Qt::LeftButton, QPoint(5, 6));
-    Send(canvas, QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton, QPoint(5, 6));
-    Send(canvas, QEvent::MouseButtonDblClick, Qt::LeftButton, Qt::LeftButton, QPoint(5, 6));
-    for (int key : {int(Qt::Key_Left), int(Qt::Key_PageUp), int(Qt::Key_Delete)})
-        SendKey(canvas, QEvent::KeyPress, key, Qt::NoModifier);
-    SendKey(canvas, QEvent::KeyRelease, Qt::Key_C, Qt::ControlModifier);
-    QVERIFY(view->calls.isEmpty());
-    QCOMPARE(pressed.count(), 2);
-    QCOMPARE(moved.count(), 0);
-    QCOMPARE(keys.count(), 3);
-    QVERIFY(!canvas.getMapTool());
-}
 
 QTEST_MAIN(TestCanvasInput)
 #include "tst_canvas_input.moc"

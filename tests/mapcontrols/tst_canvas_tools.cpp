@@ -1,33 +1,43 @@
 // The canvas as tool host: installing, reinstalling and removing tools in each view mode, the
-// digitising flags, the cursor table, and the queries tools make of their buddy.
-#include <QAction>
-#include <QBitmap>
+// digitising flags, the cursor table, the context menu a tool asks for, and what a tool says through
+// the canvas: tips, notices, the host's command line and the file prompts.
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QSettings>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QtTest>
+#include <functional>
 
 #include "HOCMDPool.h"
 #include "HOMap.h"
-#include "HORecordingCommandControl.h"
-#include "HORecordingTool.h"
 #include "HOTestPrinters.h"
 #include "HXInputCanvas.h"
+#include "HXMapWidget.h"
+#include "HXTooltip.h"
 
 using namespace HXObjects;
-
-Q_DECLARE_METATYPE(HXMapCanvas::ViewMode)
-Q_DECLARE_METATYPE(HXObjects::HOTool*)
-Q_DECLARE_METATYPE(HXObjects::HOLayer*)
 
 namespace {
 
 using ToolRef = HORefPtr<HORecordingTool>;
+const auto kMap = HXMapCanvas::MapViewMode, kPage = HXMapCanvas::PageLayoutMode;
 
-// The new-path option the canvas stores for a StartNewPath request, by digitising kind.
+// The new-path options the canvas stores: polygon, line, add feature.
 QString NewPathOptions(HXMapCanvas& canvas) {
-    return QString("polygon %1 line %2 feature %3")
+    return QString("%1 %2 %3")
         .arg(canvas.getNewPathOption_Polygon())
         .arg(canvas.getNewPathOption_Line())
         .arg(canvas.getNewPathOption_AddFeature());
+}
+
+// Answers the next modal dialog of type D once it is up; `answer` gets the dialog.
+template <class D>
+void AnswerDialog(std::function<void(D*)> answer) {
+    QTimer::singleShot(10, [=] {
+        auto* dialog = qobject_cast<D*>(QApplication::activeModalWidget());
+        dialog ? answer(dialog) : AnswerDialog<D>(answer);
+    });
 }
 
 }  // namespace
@@ -35,298 +45,439 @@ QString NewPathOptions(HXMapCanvas& canvas) {
 class TestCanvasTools : public QObject {
     Q_OBJECT
 
+    QTemporaryDir mDir;
+    ToolRef mDeleteElement = new HORecordingTool("HXObjects::HOToolDeleteElement");
+
 private slots:
-    void initTestCase();
-    void installCalls_data();
-    void installCalls();
-    void oneShotStaysOutOfTheView();
-    void removal_data();
-    void removal();
-    void installByName_data();
-    void installByName();
-    void layoutGetsTheTool();
-    void installFocusesCommandLine();
-    void digitisingFlags_data();
-    void digitisingFlags();
-    void cursorTable_data();
-    void cursorTable();
-    void cursorPositionOutsideTheCanvas();
-    void keyboardModifiers_data();
-    void keyboardModifiers();
-    void buddyNotifications();
-    void builtInToolsOnAPage_data();
-    void builtInToolsOnAPage();
-};
-
-void TestCanvasTools::initTestCase() {
-    qRegisterMetaType<HOTool*>();
-    qRegisterMetaType<HOLayer*>();
-}
-
-void TestCanvasTools::installCalls_data() {
-    QTest::addColumn<QString>("secondName");
-    QTest::addColumn<bool>("sameObject");
-    QTest::addColumn<QStringList>("firstToolCalls");
-    const QStringList install{"SetToolBuddy", "SetToolBuddy", "Activate"};
-    QTest::newRow("same tool again") << "A" << true << install + install;
-    QTest::newRow("another tool of the same class") << "A" << false << install;
-    QTest::newRow("a tool of another class") << "B" << false << install + QStringList{"Deactivate"};
-}
-
-void TestCanvasTools::installCalls() {
-    QFETCH(QString, secondName);
-    QFETCH(bool, sameObject);
-    QFETCH(QStringList, firstToolCalls);
-    HXInputCanvas fixture(HXMapCanvas::MapViewMode);
-    ToolRef first = new HORecordingTool("A");
-    ToolRef second = sameObject ? first : ToolRef(new HORecordingTool(qPrintable(secondName)));
-    fixture.canvas.setMapTool(first);
-    fixture.canvas.setMapTool(second);
-    QCOMPARE(first->calls, firstToolCalls);
-    QCOMPARE(fixture.canvas.getMapTool(), second.get());
-    QCOMPARE(fixture.map->calls, (QStringList{"SetCurrentTool A", "SetCurrentTool " + secondName}));
-    QCOMPARE(second->GetToolBuddy(), static_cast<HOToolBuddy*>(&fixture.canvas));
-}
-
-void TestCanvasTools::oneShotStaysOutOfTheView() {
-    HXInputCanvas fixture(HXMapCanvas::MapViewMode);
-    ToolRef current = new HORecordingTool("HXObjects::HOCmdDigitizeLine");
-    ToolRef command = new HORecordingTool("HXObjects::HOToolPan", true);
-    fixture.canvas.setMapTool(current);
-    fixture.map->calls.clear();
-    fixture.canvas.setMapTool(command);
-    QCOMPARE(command->calls, (QStringList{"SetToolBuddy", "Activate", "Deactivate"}));
-    QCOMPARE(fixture.canvas.getMapTool(), current.get());
-    QVERIFY(fixture.map->calls.isEmpty());
-    QVERIFY(!current->calls.contains("Deactivate"));
-    // The one-shot's class name would have cleared the line flag, had it been installed.
-    QAction action("New path", nullptr);
-    action.setData(3);
-    fixture.canvas.StartNewPath(&action);
-    QCOMPARE(fixture.canvas.getNewPathOption_Line(), 3);
-}
-
-void TestCanvasTools::removal_data() {
-    QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-    QTest::addColumn<bool>("activeBefore");
-    QTest::addColumn<bool>("removed");
-    QTest::addColumn<QStringList>("toolCallsAfterRemoval");
-    QTest::newRow("map view, active tool")
-        << HXMapCanvas::MapViewMode << true << true << QStringList{"Deactivate"};
-    QTest::newRow("map view, inactive tool") << HXMapCanvas::MapViewMode << false << true << QStringList{};
-    QTest::newRow("page layout keeps its tool")
-        << HXMapCanvas::PageLayoutMode << true << false << QStringList{};
-}
-
-void TestCanvasTools::removal() {
-    QFETCH(HXMapCanvas::ViewMode, mode);
-    QFETCH(bool, activeBefore);
-    QFETCH(bool, removed);
-    QFETCH(QStringList, toolCallsAfterRemoval);
-    HXInputCanvas fixture(mode);
-    ToolRef tool = new HORecordingTool("A");
-    fixture.canvas.setMapTool(tool);
-    if (!activeBefore) tool->HOTool::Deactivate();
-    fixture.canvas.setCursor(Qt::CrossCursor);
-    tool->calls.clear();
-    fixture.map->calls.clear();
-
-    fixture.canvas.setMapTool(static_cast<HOTool*>(nullptr));
-    QCOMPARE(tool->calls, toolCallsAfterRemoval);
-    QCOMPARE(fixture.canvas.getMapTool(), removed ? nullptr : tool.get());
-    QCOMPARE(fixture.map->calls, removed ? QStringList{"SetCurrentTool null"} : QStringList{});
-    QCOMPARE(fixture.canvas.cursor().shape(), removed ? Qt::ArrowCursor : Qt::CrossCursor);
-}
-
-void TestCanvasTools::installByName_data() {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("withBuddy");
-    QTest::addColumn<bool>("installed");
-    QTest::newRow("registered name") << "HXTest::Registered" << true << true;
-    QTest::newRow("unknown name") << "HXTest::Unknown" << true << false;
-    QTest::newRow("name differs in case") << "hxtest::registered" << true << false;
-    QTest::newRow("no tool buddy") << "HXTest::Registered" << false << false;
-}
-
-void TestCanvasTools::installByName() {
-    QFETCH(QString, name);
-    QFETCH(bool, withBuddy);
-    QFETCH(bool, installed);
-    ToolRef registered = new HORecordingTool("HXTest::Registered");
-    HOCMDPool::GetInstance()->RegisterTool(registered);
-    HXInputCanvas fixture(HXMapCanvas::MapViewMode);
-    ToolRef before = new HORecordingTool("Before");
-    fixture.canvas.setMapTool(before);
-    if (!withBuddy) fixture.canvas.SetToolBuddy(nullptr);
-    fixture.canvas.setMapTool(HOString(name));
-    HOCMDPool::GetInstance()->UnregisterTool("HXTest::Registered");
-    QCOMPARE(fixture.canvas.getMapTool(), installed ? static_cast<HOTool*>(registered) : before.get());
-}
-
-void TestCanvasTools::layoutGetsTheTool() {
-    HXInputCanvas fixture(HXMapCanvas::PageLayoutMode);
-    ToolRef tool = new HORecordingTool("A");
-    fixture.canvas.setMapTool(tool);
-    QCOMPARE(fixture.layout->calls, QStringList{"SetCurrentTool A"});
-    QVERIFY(fixture.map->calls.isEmpty());
-}
-
-void TestCanvasTools::installFocusesCommandLine() {
-    HXInputCanvas fixture(HXMapCanvas::MapViewMode);
-    HORecordingCommandControl control;
-    fixture.canvas.SetCommandControl(&control);
-    ToolRef tool = new HORecordingTool("A");
-    ToolRef command = new HORecordingTool("B", true);
-    fixture.canvas.setMapTool(command);
-    QVERIFY(control.calls.isEmpty());
-    fixture.canvas.setMapTool(tool);
-    QCOMPARE(control.calls, QStringList{"SetViewFocus 1"});
-}
-
-void TestCanvasTools::digitisingFlags_data() {
-    // StartNewPath stores the option for the first set flag of polygon, line, feature; which option
-    // changes shows which flags the installed tools left set.
-    QTest::addColumn<QStringList>("tools");
-    QTest::addColumn<QString>("options");
-    QTest::newRow("polygon") << QStringList{"HXObjects::HOCmdDigitizePolygon"}
-                             << "polygon 5 line -1 feature -1";
-    QTest::newRow("line") << QStringList{"HXObjects::HOCmdDigitizeLine"} << "polygon -1 line 5 feature -1";
-    QTest::newRow("line then add feature")
-        << QStringList{"HXObjects::HOCmdDigitizeLine", "HXObjects::HOToolAddFeature"}
-        << "polygon -1 line 5 feature -1";
-    QTest::newRow("polygon then line keeps polygon")
-        << QStringList{"HXObjects::HOCmdDigitizePolygon", "HXObjects::HOCmdDigitizeLine"}
-        << "polygon 5 line -1 feature -1";
-    QTest::newRow("pan clears them all")
-        << QStringList{"HXObjects::HOCmdDigitizePolygon", "HXObjects::HOCmdDigitizeLine",
-                       "HXObjects::HOToolPan"}
-        << "polygon -1 line -1 feature -1";
-    QTest::newRow("control point clears none")
-        << QStringList{"HXObjects::HOCmdDigitizeLine", "HXObjects::HOToolAddControlPoint"}
-        << "polygon -1 line 5 feature -1";
-    QTest::newRow("names compare exactly")
-        << QStringList{"hxobjects::hocmddigitizeline"} << "polygon -1 line -1 feature -1";
-}
-
-void TestCanvasTools::digitisingFlags() {
-    QFETCH(QStringList, tools);
-    QFETCH(QString, options);
-    HXInputCanvas fixture(HXMapCanvas::MapViewMode);
-    std::vector<ToolRef> kept;
-    for (const QString& name : tools) {
-        kept.emplace_back(new HORecordingTool(qPrintable(name)));
-        fixture.canvas.setMapTool(kept.back());
+    void initTestCase() {
+        HOCMDPool::GetInstance()->RegisterTool(mDeleteElement);
+        QVERIFY(mDir.isValid());
+        qputenv("HXGIS_SETTINGS_FILE", mDir.filePath("hxgis.ini").toLocal8Bit());
+        // A database connection entry that would, taken for a directory, open the prompt there.
+        QDir().mkpath(mDir.filePath("HXSDE30_conn"));
+        QDir::setCurrent(mDir.path());
     }
-    QAction action("New path", nullptr);
-    action.setData(5);
-    fixture.canvas.StartNewPath(&action);
-    QCOMPARE(NewPathOptions(fixture.canvas), options);
-    // Only the add-feature tool is told to start its path.
-    QCOMPARE(kept.back()->calls.contains("OnCommand new path"),
-             tools.last() == "HXObjects::HOToolAddFeature");
-}
+    void cleanupTestCase() { HOCMDPool::GetInstance()->UnregisterTool("HXObjects::HOToolDeleteElement"); }
 
-void TestCanvasTools::cursorTable_data() {
-    QTest::addColumn<int>("shape");
-    QTest::addColumn<Qt::CursorShape>("widgetShape");
-    QTest::addColumn<Qt::CursorShape>("reportedShape");
-    QTest::newRow("cross") << 2 << Qt::CrossCursor << Qt::CrossCursor;
-    QTest::newRow("open hand") << 17 << Qt::OpenHandCursor << Qt::OpenHandCursor;
-    QTest::newRow("negative is the arrow") << -1 << Qt::ArrowCursor << Qt::ArrowCursor;
-    QTest::newRow("24 still reaches the widget") << 24 << Qt::ArrowCursor << Qt::ArrowCursor;
-    QTest::newRow("25 leaves the widget") << 25 << Qt::WaitCursor << Qt::ArrowCursor;
-    QTest::newRow("zoom in image") << 26 << Qt::BitmapCursor << Qt::BitmapCursor;
-    QTest::newRow("identify image") << 29 << Qt::BitmapCursor << Qt::BitmapCursor;
-    QTest::newRow("30 leaves the widget") << 30 << Qt::WaitCursor << Qt::ArrowCursor;
-}
+    void installCalls_data() {
+        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
+        QTest::addColumn<QString>("secondName");
+        QTest::addColumn<bool>("sameObject");
+        QTest::addColumn<QStringList>("firstToolCalls");
+        const QStringList install{"SetToolBuddy", "SetToolBuddy", "Activate"};
+        QTest::newRow("same tool again") << kMap << "A" << true << install + install;
+        QTest::newRow("another tool of the same class") << kMap << "A" << false << install;
+        QTest::newRow("a tool of another class")
+            << kMap << "B" << false << install + QStringList{"Deactivate"};
+        QTest::newRow("on a page") << kPage << "B" << false << install + QStringList{"Deactivate"};
+    }
+    void installCalls() {
+        QFETCH(HXMapCanvas::ViewMode, mode);
+        QFETCH(QString, secondName);
+        QFETCH(bool, sameObject);
+        QFETCH(QStringList, firstToolCalls);
+        HXInputCanvas fixture(mode);
+        ToolRef first = new HORecordingTool("A");
+        ToolRef second = sameObject ? first : ToolRef(new HORecordingTool(qPrintable(secondName)));
+        fixture.canvas.setMapTool(first);
+        fixture.canvas.setMapTool(second);
+        QCOMPARE(first->calls, firstToolCalls);
+        QCOMPARE(fixture.canvas.getMapTool(), second.get());
+        QCOMPARE(fixture.viewCalls(), (QStringList{"SetCurrentTool A", "SetCurrentTool " + secondName}));
+        if (mode == kPage) QVERIFY(fixture.map->calls.isEmpty());
+        QCOMPARE(second->GetToolBuddy(), static_cast<HOToolBuddy*>(&fixture.canvas));
+    }
 
-void TestCanvasTools::cursorTable() {
-    QFETCH(int, shape);
-    QFETCH(Qt::CursorShape, widgetShape);
-    QFETCH(Qt::CursorShape, reportedShape);
-    HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
-    canvas.setCursor(Qt::WaitCursor);
-    QSignalSpy changed(&canvas, &HXMapCanvas::signal_cursorChanged);
-    canvas.SetCursor(static_cast<HOToolBuddy::HOCursor>(shape));
-    QCOMPARE(canvas.cursor().shape(), widgetShape);
-    QCOMPARE(changed.count(), 1);
-    const QCursor reported = changed.at(0).at(0).value<QCursor>();
-    QCOMPARE(reported.shape(), reportedShape);
-    if (reportedShape == Qt::BitmapCursor) QVERIFY(!reported.pixmap().isNull());
-}
+    void oneShotStaysOutOfTheView() {
+        HXInputCanvas fixture(kMap);
+        HORecordingCommandControl control;
+        fixture.canvas.SetCommandControl(&control);
+        ToolRef current = new HORecordingTool("HXObjects::HOCmdDigitizeLine");
+        ToolRef command = new HORecordingTool("HXObjects::HOToolPan", true);
+        fixture.canvas.setMapTool(current);
+        fixture.map->calls.clear();
+        fixture.canvas.setMapTool(command);
+        QCOMPARE(command->calls, (QStringList{"SetToolBuddy", "Activate", "Deactivate"}));
+        QCOMPARE(fixture.canvas.getMapTool(), current.get());
+        QVERIFY(fixture.map->calls.isEmpty());
+        QVERIFY(!current->calls.contains("Deactivate"));
+        QCOMPARE(control.calls, QStringList{"SetViewFocus 1"});  // for the installed tool only
+        // The one-shot's class name would have cleared the line flag, had it been installed.
+        QAction action("New path", nullptr);
+        action.setData(3);
+        fixture.canvas.StartNewPath(&action);
+        QCOMPARE(fixture.canvas.getNewPathOption_Line(), 3);
+    }
 
-void TestCanvasTools::cursorPositionOutsideTheCanvas() {
-    HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
-    canvas.setGeometry(200, 150, 300, 200);
-    canvas.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&canvas));
-    QCursor::setPos(canvas.mapToGlobal(QPoint(-30, 250)));
-    QCOMPARE(canvas.GetCursorPos(), HOPoint(-30, 250));
-}
+    void removal_data() {
+        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
+        QTest::addColumn<bool>("activeBefore");
+        QTest::addColumn<bool>("removed");
+        QTest::addColumn<QStringList>("toolCalls");  // on removal, then on clearing the tool paint
+        QTest::newRow("map view, active tool") << kMap << true << true << QStringList{"Deactivate"};
+        QTest::newRow("map view, inactive tool") << kMap << false << true << QStringList{};
+        QTest::newRow("page layout keeps its tool")
+            << kPage << true << false << QStringList{"ClearToolPaint"};
+    }
+    void removal() {
+        QFETCH(HXMapCanvas::ViewMode, mode);
+        QFETCH(bool, activeBefore);
+        QFETCH(bool, removed);
+        QFETCH(QStringList, toolCalls);
+        HXInputCanvas fixture(mode);
+        ToolRef tool = new HORecordingTool("A");
+        fixture.canvas.setMapTool(tool);
+        if (!activeBefore) tool->HOTool::Deactivate();
+        fixture.canvas.setCursor(Qt::CrossCursor);
+        tool->calls.clear();
+        fixture.map->calls.clear();
+        fixture.canvas.setMapTool(static_cast<HOTool*>(nullptr));
+        fixture.canvas.clearToolpaint();
+        QCOMPARE(tool->calls, toolCalls);
+        QCOMPARE(fixture.canvas.getMapTool(), removed ? nullptr : tool.get());
+        QCOMPARE(fixture.map->calls, removed ? QStringList{"SetCurrentTool null"} : QStringList{});
+        QCOMPARE(fixture.canvas.cursor().shape(), removed ? Qt::ArrowCursor : Qt::CrossCursor);
+    }
 
-void TestCanvasTools::keyboardModifiers_data() {
-    QTest::addColumn<int>("modifiers");
-    QTest::newRow("none") << 0;
-    QTest::newRow("control") << int(Qt::ControlModifier);
-    QTest::newRow("shift and alt") << int(Qt::ShiftModifier | Qt::AltModifier);
-    QTest::newRow("keypad and meta") << int(Qt::KeypadModifier | Qt::MetaModifier);
-}
+    void installByName_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("withBuddy");
+        QTest::addColumn<bool>("installed");
+        QTest::newRow("registered name") << "HXTest::Registered" << true << true;
+        QTest::newRow("unknown name") << "HXTest::Unknown" << true << false;
+        QTest::newRow("name differs in case") << "hxtest::registered" << true << false;
+        QTest::newRow("no tool buddy") << "HXTest::Registered" << false << false;
+    }
+    void installByName() {
+        QFETCH(QString, name);
+        QFETCH(bool, withBuddy);
+        QFETCH(bool, installed);
+        ToolRef registered = new HORecordingTool("HXTest::Registered");
+        HOCMDPool::GetInstance()->RegisterTool(registered);
+        HXInputCanvas fixture(kMap);
+        ToolRef before = new HORecordingTool("Before");
+        fixture.canvas.setMapTool(before);
+        if (!withBuddy) fixture.canvas.SetToolBuddy(nullptr);
+        fixture.canvas.setMapTool(HOString(name));
+        HOCMDPool::GetInstance()->UnregisterTool("HXTest::Registered");
+        QCOMPARE(fixture.canvas.getMapTool(), installed ? static_cast<HOTool*>(registered) : before.get());
+    }
 
-void TestCanvasTools::keyboardModifiers() {
-    QFETCH(int, modifiers);
-    HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
-    canvas.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&canvas));
-    QTest::keyPress(canvas.windowHandle(), Qt::Key_Q, Qt::KeyboardModifiers(modifiers));
-    QCOMPARE(int(canvas.GetKeyboardModifiers()), modifiers);
-    QTest::keyRelease(canvas.windowHandle(), Qt::Key_Q, Qt::NoModifier);
-}
+    // StartNewPath stores the option for the first set flag of polygon, line, add feature; which
+    // option changes shows which flags the installed tools left set.
+    void digitisingFlags_data() {
+        QTest::addColumn<QStringList>("tools");
+        QTest::addColumn<QString>("options");
+        const QString polygon = "HXObjects::HOCmdDigitizePolygon", line = "HXObjects::HOCmdDigitizeLine";
+        QTest::newRow("polygon") << QStringList{polygon} << "5 -1 -1";
+        QTest::newRow("line") << QStringList{line} << "-1 5 -1";
+        QTest::newRow("line then add feature")
+            << QStringList{line, "HXObjects::HOToolAddFeature"} << "-1 5 -1";
+        QTest::newRow("polygon then line keeps polygon") << QStringList{polygon, line} << "5 -1 -1";
+        QTest::newRow("pan clears them all")
+            << QStringList{polygon, line, "HXObjects::HOToolPan"} << "-1 -1 -1";
+        QTest::newRow("control point clears none")
+            << QStringList{line, "HXObjects::HOToolAddControlPoint"} << "-1 5 -1";
+        QTest::newRow("names compare exactly") << QStringList{line.toLower()} << "-1 -1 -1";
+    }
+    void digitisingFlags() {
+        QFETCH(QStringList, tools);
+        QFETCH(QString, options);
+        HXInputCanvas fixture(kMap);
+        std::vector<ToolRef> kept;
+        for (const QString& name : tools) {
+            kept.emplace_back(new HORecordingTool(qPrintable(name)));
+            fixture.canvas.setMapTool(kept.back());
+        }
+        QAction action("New path", nullptr);
+        action.setData(5);
+        fixture.canvas.StartNewPath(&action);
+        QCOMPARE(NewPathOptions(fixture.canvas), options);
+        // Only the add-feature tool is told to start its path.
+        QCOMPARE(kept.back()->calls.contains("OnCommand new path"),
+                 tools.last() == "HXObjects::HOToolAddFeature");
+    }
 
-void TestCanvasTools::buddyNotifications() {
-    HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
-    QSignalSpy layerChanged(&canvas, &HXMapCanvas::currentLayerChanged);
-    QSignalSpy enabled(&canvas, &HXMapCanvas::actionEnabled);
-    HORefPtr<HOMap> map = new HOMap();
-    HOLayer* layer = map->GetGraphicsLayer();
-    canvas.setCurrentLayer(layer);
-    canvas.setCurrentLayer(layer);
-    QCOMPARE(layerChanged.count(), 2);
-    ToolRef tool = new HORecordingTool("A");
-    canvas.SetHOToolEnabled(tool, false);
-    QCOMPARE(enabled.count(), 1);
-    QCOMPARE(enabled.at(0).at(0).value<HOTool*>(), static_cast<HOTool*>(tool));
-    QCOMPARE(enabled.at(0).at(1).toBool(), false);
-    canvas.clearToolpaint();
-    canvas.setMapTool(tool);
-    tool->calls.clear();
-    canvas.clearToolpaint();
-    QCOMPARE(tool->calls, QStringList{"ClearToolPaint"});
-}
+    void cursorTable_data() {
+        QTest::addColumn<int>("shape");
+        QTest::addColumn<Qt::CursorShape>("widgetShape");
+        QTest::addColumn<Qt::CursorShape>("reportedShape");
+        QTest::newRow("cross") << 2 << Qt::CrossCursor << Qt::CrossCursor;
+        QTest::newRow("open hand") << 17 << Qt::OpenHandCursor << Qt::OpenHandCursor;
+        QTest::newRow("negative is the arrow") << -1 << Qt::ArrowCursor << Qt::ArrowCursor;
+        QTest::newRow("24 still reaches the widget") << 24 << Qt::ArrowCursor << Qt::ArrowCursor;
+        QTest::newRow("25 leaves the widget") << 25 << Qt::WaitCursor << Qt::ArrowCursor;
+        QTest::newRow("zoom in image") << 26 << Qt::BitmapCursor << Qt::BitmapCursor;
+        QTest::newRow("identify image") << 29 << Qt::BitmapCursor << Qt::BitmapCursor;
+        QTest::newRow("30 leaves the widget") << 30 << Qt::WaitCursor << Qt::ArrowCursor;
+    }
+    void cursorTable() {
+        QFETCH(int, shape);
+        QFETCH(Qt::CursorShape, widgetShape);
+        QFETCH(Qt::CursorShape, reportedShape);
+        HXMapCanvas canvas(kMap, nullptr);
+        canvas.setCursor(Qt::WaitCursor);
+        QSignalSpy changed(&canvas, &HXMapCanvas::signal_cursorChanged);
+        canvas.SetCursor(static_cast<HOToolBuddy::HOCursor>(shape));
+        QCOMPARE(canvas.cursor().shape(), widgetShape);
+        QCOMPARE(changed.count(), 1);
+        const QCursor reported = changed.at(0).at(0).value<QCursor>();
+        QCOMPARE(reported.shape(), reportedShape);
+        if (reportedShape == Qt::BitmapCursor) QVERIFY(!reported.pixmap().isNull());
+    }
 
-void TestCanvasTools::builtInToolsOnAPage_data() {
-    QTest::addColumn<QString>("name");
-    for (const char* name : {"HXObjects::HOToolPan", "HXObjects::HOToolZoomIn", "HXObjects::HOToolZoomOut",
-                             "HXObjects::HOToolSingleSelect", "HXObjects::HOToolIdentify"})
-        QTest::newRow(name) << name;
-}
+    void builtInToolsOnAPage_data() {
+        QTest::addColumn<QString>("name");
+        for (const char* name :
+             {"HXObjects::HOToolPan", "HXObjects::HOToolZoomIn", "HXObjects::HOToolZoomOut",
+              "HXObjects::HOToolSingleSelect", "HXObjects::HOToolIdentify"})
+            QTest::newRow(name) << name;
+    }
+    void builtInToolsOnAPage() {
+        // The pool's tools work on map views; on the page itself a drag changes nothing.
+        QFETCH(QString, name);
+        HXMapCanvas canvas(kPage, nullptr);
+        canvas.resize(400, 300);
+        canvas.setMapTool(HOString(name));
+        QCOMPARE(canvas.getMapTool()->GetClassName().toQString(), name);
+        const HORect extent = canvas.GetPageLayoutView()->GetExtent();
+        QTest::mousePress(&canvas, Qt::LeftButton, {}, QPoint(20, 20));
+        QTest::mouseMove(&canvas, QPoint(200, 150));
+        QTest::mouseRelease(&canvas, Qt::LeftButton, {}, QPoint(200, 150));
+        QCOMPARE(canvas.GetPageLayoutView()->GetExtent(), extent);
+    }
 
-void TestCanvasTools::builtInToolsOnAPage() {
-    // The built-in tools work on map views; on the page itself a drag changes nothing.
-    QFETCH(QString, name);
-    HXMapCanvas canvas(HXMapCanvas::PageLayoutMode, nullptr);
-    canvas.resize(400, 300);
-    HOView* page = canvas.GetPageLayoutView();
-    canvas.setMapTool(HOString(name));
-    QCOMPARE(canvas.getMapTool()->GetClassName().toQString(), name);
-    const HORect extent = page->GetExtent();
-    QTest::mousePress(&canvas, Qt::LeftButton, {}, QPoint(20, 20));
-    QTest::mouseMove(&canvas, QPoint(200, 150));
-    QTest::mouseRelease(&canvas, Qt::LeftButton, {}, QPoint(200, 150));
-    QCOMPARE(page->GetExtent(), extent);
-    canvas.setMapTool(HOString("HXTest::NotInThePool"));
-    page->SetCurrentTool(nullptr);
-    QVERIFY(!canvas.GetPageLayoutView()->GetCurrentTool());
-}
+    void contextMenu_data() {
+        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
+        QTest::addColumn<QString>("tool");
+        QTest::addColumn<bool>("acceptsPoints");
+        QTest::addColumn<QString>("choice");
+        QTest::addColumn<QStringList>("entries");
+        QTest::addColumn<QString>("options");  // new-path options afterwards
+        QTest::addColumn<QStringList>("toolCalls");
+        const QStringList points{"Input X and Y", "Input DMS data", "Cancel point"}, none;
+        QTest::newRow("line digitising") << kMap << "HXObjects::HOCmdDigitizeLine" << true << "New path"
+                                         << QStringList{"New path"} << "-1 0 -1" << none;
+        QTest::newRow("polygon digitising, not chosen")
+            << kMap << "HXObjects::HOCmdDigitizePolygon" << true << "" << QStringList{"New path"}
+            << "-1 -1 -1" << none;
+        QTest::newRow("add feature") << kMap << "HXObjects::HOToolAddFeature" << true << "New path"
+                                     << QStringList{"New path"} << "-1 -1 0"
+                                     << QStringList{"OnCommand new path"};
+        QTest::newRow("control point, cancel point")
+            << kMap << "HXObjects::HOToolAddControlPoint" << true << "Cancel point" << points << "-1 -1 -1"
+            << QStringList{"CancelPoint"};
+        QTest::newRow("control point refusing input")
+            << kMap << "HXObjects::HOToolAddControlPoint" << false << "" << none << "-1 -1 -1" << none;
+        QTest::newRow("double line, any case")
+            << kMap << "hxobjects::HOTOOLDOUBLELINE" << true << "" << QStringList{"Please input line width"}
+            << "-1 -1 -1" << none;
+        QTest::newRow("other tool, nothing selected")
+            << kMap << "HXObjects::HOToolPan" << true << "" << QStringList{"Set map ruler and grid"}
+            << "-1 -1 -1" << none;
+        QTest::newRow("nothing on a page")
+            << kPage << "HXObjects::HOCmdDigitizeLine" << true << "" << none << "-1 -1 -1" << none;
+    }
+    void contextMenu() {
+        QFETCH(HXMapCanvas::ViewMode, mode);
+        QFETCH(QString, tool);
+        QFETCH(bool, acceptsPoints);
+        QFETCH(QString, choice);
+        QFETCH(QStringList, entries);
+        QFETCH(QString, options);
+        QFETCH(QStringList, toolCalls);
+        HXInputCanvas fixture(mode);
+        HORefPtr<HOMap> map = new HOMap();
+        fixture.map->SetMap(map);
+        ToolRef current = new HORecordingTool(qPrintable(tool));
+        current->acceptsPoints = acceptsPoints;
+        fixture.canvas.setMapTool(current);
+        current->calls.clear();
+        HXPopupAnswer answer(choice);
+        fixture.canvas.OnContextMenu(30, 40);
+        QCOMPARE(answer.entries, entries);
+        QCOMPARE(answer.shown, !entries.isEmpty());
+        QCOMPARE(NewPathOptions(fixture.canvas), options);
+        QCOMPARE(current->calls, toolCalls);
+    }
+
+    void lineWidthPrompt_data() {
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<double>("answer");
+        QTest::addColumn<double>("shown");
+        QTest::addColumn<QString>("after");
+        QTest::newRow("new width") << "3" << 12.25 << 3.0 << "12.3";
+        QTest::newRow("many digits") << "1" << 1234567.8 << 1.0 << "1.23457e+06";
+        QTest::newRow("text that is no number starts at the minimum") << "wide" << 2.0 << 0.1 << "2";
+        QTest::newRow("cancelled") << "5" << -1.0 << 5.0 << "5";
+    }
+    void lineWidthPrompt() {
+        QFETCH(QString, before);
+        QFETCH(double, answer);
+        QFETCH(double, shown);
+        QFETCH(QString, after);
+        HXInputCanvas fixture(kMap);
+        ToolRef doubleLine = new HORecordingTool("HXObjects::HOToolDoubleLine");
+        doubleLine->SetParameter("LineWidth", HOString(before));
+        fixture.canvas.setMapTool(doubleLine);
+        double shownValue = -100;
+        HXPopupAnswer menu("Please input line width");
+        AnswerDialog<QInputDialog>([&](QInputDialog* dialog) {
+            shownValue = dialog->doubleValue();
+            if (answer < 0) return dialog->reject();
+            dialog->setDoubleValue(answer);
+            dialog->accept();
+        });
+        fixture.canvas.OnContextMenu(30, 40);
+        QTRY_VERIFY(shownValue != -100);
+        QCOMPARE(shownValue, shown);
+        QCOMPARE(doubleLine->GetParameters()["LineWidth"].toQString(), after);
+    }
+
+    void contextMenuOverSelectedGraphic() {
+        HXInputCanvas fixture(kMap);
+        HORefPtr<HOMap> map = new HOMap();
+        fixture.map->SetMap(map);
+        // A mark at pixel (50, 40); the menu looks 4 pixels around the click.
+        const HODisplayTransform transform = fixture.map->GetScreenDisplay()->GetDisplayTransform();
+        HORefPtr<HOGeometry> mark = new HOGeometry(HOGeometry::GeoPoint);
+        mark->AddPart({transform.ToMap(50, 40)});
+        HORefPtr<HOGraphicsLayer> graphics = map->GetGraphicsLayer();
+        const int id = graphics->AddElement(mark, HOStyle::NewMarker(HOStyle::Circle, 6, HOColor(0, 0, 0)));
+        HXPopupAnswer unselected;
+        fixture.canvas.OnContextMenu(52, 42);
+        QCOMPARE(unselected.entries, QStringList{"Set map ruler and grid"});
+        graphics->SelectElement(id, true);
+        HXPopupAnswer farAway;
+        fixture.canvas.OnContextMenu(60, 40);
+        QCOMPARE(farAway.entries, QStringList{"Set map ruler and grid"});
+        HXPopupAnswer over("Delete Element");
+        fixture.canvas.OnContextMenu(52, 42);
+        QCOMPARE(over.entries, QStringList{"Delete Element"});
+        QCOMPARE(fixture.canvas.getMapTool(), static_cast<HOTool*>(mDeleteElement));
+    }
+
+    void contextMenuEventOnlyNotifies() {
+        HXInputCanvas fixture(kMap);
+        fixture.canvas.show();
+        QSignalSpy spy(&fixture.canvas, &HXMapCanvas::contextMenuTrigger);
+        HXPopupAnswer answer;
+        QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5));
+        QApplication::sendEvent(&fixture.canvas, &event);
+        QTest::qWait(50);
+        QVERIFY(!answer.shown);
+        QCOMPARE(spy.count(), 1);
+        QCOMPARE(spy.at(0).at(0).value<void*>(), static_cast<void*>(&fixture.canvas));
+    }
+
+    void tipWindow() {
+        HXMapCanvas canvas(kMap, nullptr);
+        canvas.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&canvas));
+        canvas.ShowTip(5, 5, "");
+        QVERIFY(!canvas.findChild<HXTooltip*>());
+        canvas.ShowTip(10, 20, "Click the first corner");
+        auto* tip = canvas.findChild<HXTooltip*>();
+        QVERIFY(tip && tip->isVisible());
+        QCOMPARE(tip->text(), QString("Click the first corner"));
+        canvas.ShowTip(10, 20, "");
+        QVERIFY(tip->isHidden());
+        canvas.ShowTip(30, 40, "Click the second corner");
+        QCOMPARE(canvas.findChildren<HXTooltip*>().size(), 1);
+        QEvent leave(QEvent::Leave);
+        QApplication::sendEvent(&canvas, &leave);
+        QVERIFY(tip->isHidden());
+    }
+
+    void noticesRunAcrossTheMap() {
+        HXMapCanvas canvas(kMap, nullptr);
+        auto* widget = canvas.findChild<HXMapWidget*>();
+        QVERIFY(widget);
+        canvas.ShowMessage("Layer saved");
+        canvas.ShowMessage("Second");
+        QMutexLocker lock(&widget->mNoticeMutex);
+        QCOMPARE(widget->mNotices.size(), 2);
+        QCOMPARE(widget->mNotices.first()->text, QString("Layer saved"));
+        for (const HXNoticeItem* notice : widget->mNotices)
+            QVERIFY2(notice->fraction >= 0.1 && notice->fraction < 0.5,
+                     qPrintable(QString::number(notice->fraction)));
+    }
+
+    void commandLine() {
+        HXMapCanvas canvas(kMap, nullptr);
+        HORecordingCommandControl control;
+        const HOString text("Next point");
+        for (HORecordingCommandControl* set : {static_cast<HORecordingCommandControl*>(nullptr), &control}) {
+            canvas.SetCommandControl(set);  // none at first: nothing happens
+            canvas.AddNoticeInfo(text);
+            canvas.SetCmdEditInfo(text);
+            canvas.ShowCommandView(text, nullptr, true);
+            canvas.SetCommandViewFocus();
+        }
+        QCOMPARE(control.calls.join("; "),
+                 "AddNotice Next point; SetEditInfo Next point; ShowView Next point 1; SetViewFocus 1");
+    }
+
+    void filePrompts_data() {
+        QTest::addColumn<bool>("multi");
+        QTest::addColumn<QString>("remembered");  // "directory": a directory of the row's own
+        QTest::addColumn<QString>("dirArgument");
+        QTest::addColumn<bool>("opensAtRemembered");
+        QTest::addColumn<QStringList>("choice");
+        const QString dir = "directory", conn = "HXSDE30_conn";
+        QTest::newRow("one file") << false << dir << "/elsewhere" << true << QStringList{"a.shp"};
+        QTest::newRow("one file, empty dir argument") << false << dir << "" << false << QStringList{"a.shp"};
+        QTest::newRow("one file, connection entry")
+            << false << conn << "/elsewhere" << false << QStringList{"b"};
+        QTest::newRow("one file, cancelled") << false << dir << "/elsewhere" << true << QStringList{};
+        QTest::newRow("two files") << true << dir << "/elsewhere" << true << QStringList{"a.shp", "b.shp"};
+        QTest::newRow("two files, connection entry")
+            << true << conn << "/elsewhere" << false << QStringList{"a"};
+        QTest::newRow("two files, cancelled") << true << dir << "/elsewhere" << true << QStringList{};
+    }
+    void filePrompts() {
+        QFETCH(bool, multi);
+        QFETCH(QString, remembered);
+        QFETCH(QString, dirArgument);
+        QFETCH(bool, opensAtRemembered);
+        QFETCH(QStringList, choice);
+        // Directories of the row's own: no earlier prompt can have left the dialog there.
+        const QDir rowDir(mDir.filePath(QTest::currentDataTag()));
+        QDir().mkpath(rowDir.filePath("chosen"));
+        if (remembered == "directory") remembered = rowDir.path();
+        QSettings settings(mDir.filePath("hxgis.ini"), QSettings::IniFormat);
+        settings.setValue("history/lastOpenFilePath", remembered);
+        settings.sync();
+        QStringList expected, quoted;
+        for (const QString& name : choice) {
+            expected << rowDir.filePath("chosen/" + name);
+            QFile(expected.last()).open(QIODevice::WriteOnly);
+            quoted << '"' + expected.last() + '"';
+        }
+        QString shown;
+        AnswerDialog<QFileDialog>([&](QFileDialog* dialog) {
+            shown = dialog->directory().absolutePath();
+            if (choice.isEmpty()) return dialog->reject();
+            dialog->selectFile(quoted.join(' '));
+            static_cast<QDialog*>(dialog)->accept();  // QFileDialog::accept is protected
+        });
+        HXMapCanvas canvas(kMap, nullptr);
+        QStringList paths;
+        if (multi) {
+            for (const HOString& path : canvas.getOpenFileNames("Open", HOString(dirArgument), "All (*)"))
+                paths << path.toQString();
+        } else {
+            paths << canvas.getOpenFileName("Open", HOString(dirArgument), "All (*)").toQString();
+            paths.removeAll(QString());
+        }
+        QCOMPARE(paths, expected);
+        QCOMPARE(shown == QFileInfo(remembered).absoluteFilePath(), opensAtRemembered);
+        // One file: its directory is remembered; several: the directory the prompt started in.
+        settings.sync();
+        QCOMPARE(settings.value("history/lastOpenFilePath").toString(),
+                 choice.isEmpty() || multi ? remembered : rowDir.filePath("chosen"));
+    }
+};
 
 QTEST_MAIN(TestCanvasTools)
 #include "tst_canvas_tools.moc"
