@@ -1,22 +1,40 @@
-// Feature layers opened through OpenLayer: kinds of source and geometry, bad input, selection,
-// lookup by id and memory use. Fixtures are written with OGR into a temporary folder.
+// Opening data: each kind of feature source, bad files giving a null layer and a readable error, NaN
+// vertices, no coordinate system, selection, lookup and memory use; coordinate systems and reprojection
+// checked against PROJ itself. Fixtures are written with OGR and GDAL into a temporary folder.
+#include <proj.h>
+
 #include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
 
 #include "HOFeatureLayer.h"
+#include "HOGeometryProject.h"
 #include "HOLayerFixture.h"
 #include "HOTestPrinters.h"
 
 using namespace HXObjects;
+using Features = std::vector<HOLayerFixture::Feature>;
 
-Q_DECLARE_METATYPE(std::vector<HOLayerFixture::Feature>)
+Q_DECLARE_METATYPE(Features)
 Q_DECLARE_METATYPE(std::vector<int>)
 
 namespace {
 
 const char* const squareWithHole = "POLYGON((0 0,100 0,100 100,0 100,0 0),(40 40,60 40,60 60,40 60,40 40))";
 const char* const triangle = "POLYGON((200 0,300 0,200 100,200 0))";
+
+// The reference: PROJ directly, with easting/longitude first.
+HOPoint projTransform(int from, int to, const HOPoint& p) {
+    PJ_CONTEXT* context = proj_context_create();
+    PJ* raw = proj_create_crs_to_crs(context, qPrintable(QStringLiteral("EPSG:%1").arg(from)),
+                                     qPrintable(QStringLiteral("EPSG:%1").arg(to)), nullptr);
+    PJ* transform = proj_normalize_for_visualization(context, raw);
+    const PJ_COORD out = proj_trans(transform, PJ_FWD, proj_coord(p.x, p.y, 0, 0));
+    proj_destroy(transform);
+    proj_destroy(raw);
+    proj_context_destroy(context);
+    return {out.xy.x, out.xy.y};
+}
 
 }  // namespace
 
@@ -35,15 +53,25 @@ private slots:
     void selectByRectMeetsGeometryNotJustBox_data();
     void selectByRectMeetsGeometryNotJustBox();
     void selectsWithRectangleInAnotherSystem();
-    void lookupByIdGivesACopy();
-    void lookupFollowsSourceIds();
-    void identifyListsTopmostFirst();
+    void lookupAndIdentify();
     void geometryMemoryStaysCloseToRawCoordinates_data();
     void geometryMemoryStaysCloseToRawCoordinates();
+    void readsSystemDefinitions_data();
+    void readsSystemDefinitions();
+    void reprojectsKnownPointLikeProj_data();
+    void reprojectsKnownPointLikeProj();
+    void noTransformationLeavesGeometryUntouched();
 
 private:
-    HORefPtr<HOFeatureLayer> open(const QString& file, const char* driver, int epsg, OGRwkbGeometryType type,
-                                  const std::vector<HOLayerFixture::Feature>& features);
+    HORefPtr<HOFeatureLayer> open(const QString& file, int epsg, OGRwkbGeometryType type,
+                                  const Features& features) {
+        const QString path = m_dir.filePath(file);
+        const char* driver = file.endsWith(".gpkg")  ? "GPKG"
+                             : file.endsWith(".shp") ? "ESRI Shapefile"
+                                                     : "GeoJSON";
+        if (!HOLayerFixture::WriteVector(path, driver, epsg, type, features)) return nullptr;
+        return HODynamicCast<HOFeatureLayer>(OpenLayer(HOString(path)));
+    }
     QTemporaryDir m_dir;
 };
 
@@ -52,83 +80,54 @@ void TestFeatureLayer::initTestCase() {
     CPLPushErrorHandler(CPLQuietErrorHandler);
 }
 
-HORefPtr<HOFeatureLayer> TestFeatureLayer::open(const QString& file, const char* driver, int epsg,
-                                                OGRwkbGeometryType type,
-                                                const std::vector<HOLayerFixture::Feature>& features) {
-    const QString path = m_dir.filePath(file);
-    if (!HOLayerFixture::WriteVector(path, driver, epsg, type, features)) return nullptr;
-    HOString error;
-    HORefPtr<HOLayer> layer = OpenLayer(HOString(path), &error);
-    if (!layer) qWarning("%s", error.c_str());
-    return HODynamicCast<HOFeatureLayer>(layer);
-}
-
 void TestFeatureLayer::opensEachKindOfSource_data() {
     QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("driver");
     QTest::addColumn<int>("geometry");
-    QTest::addColumn<std::vector<HOLayerFixture::Feature>>("features");
+    QTest::addColumn<Features>("features");
     QTest::addColumn<int>("layerType");
     QTest::addColumn<int>("geoType");
     QTest::addColumn<HORect>("extent");
-
-    using F = std::vector<HOLayerFixture::Feature>;
-    QTest::newRow("GeoPackage points")
-        << "points.gpkg"
-        << "GPKG" << int(wkbPoint) << F{{"POINT(1 2)"}, {"POINT(5 -3)"}} << int(HOLayer::PointLayer)
-        << int(HOGeometry::GeoPoint) << HORect(1, 5, -3, 2);
-    QTest::newRow("GeoJSON lines") << "lines.geojson"
-                                   << "GeoJSON" << int(wkbLineString)
-                                   << F{{"LINESTRING(0 0,10 10)"}, {"LINESTRING(-5 1,2 3)"}}
-                                   << int(HOLayer::PolylineLayer) << int(HOGeometry::GeoLineString)
-                                   << HORect(-5, 10, 0, 10);
-    QTest::newRow("Shapefile polygons")
-        << "polygons.shp"
-        << "ESRI Shapefile" << int(wkbPolygon) << F{{squareWithHole}, {triangle}}
-        << int(HOLayer::PolygonLayer) << int(HOGeometry::GeoPolygon) << HORect(0, 300, 0, 100);
-    QTest::newRow("multi-polygons") << "multi.gpkg"
-                                    << "GPKG" << int(wkbMultiPolygon)
-                                    << F{{"MULTIPOLYGON(((0 0,1 0,1 1,0 0)),((5 5,6 5,6 7,5 5)))"}}
-                                    << int(HOLayer::PolygonLayer) << int(HOGeometry::GeoMultiPolygon)
-                                    << HORect(0, 6, 0, 7);
-    QTest::newRow("multi-points") << "mpoints.gpkg"
-                                  << "GPKG" << int(wkbMultiPoint) << F{{"MULTIPOINT((0 0),(3 4))"}}
-                                  << int(HOLayer::PointLayer) << int(HOGeometry::GeoMultiPoint)
-                                  << HORect(0, 3, 0, 4);
-    QTest::newRow("multi-lines") << "mlines.gpkg"
-                                 << "GPKG" << int(wkbMultiLineString)
-                                 << F{{"MULTILINESTRING((0 0,1 1),(2 2,3 9))"}} << int(HOLayer::PolylineLayer)
-                                 << int(HOGeometry::GeoMultiLineString) << HORect(0, 3, 0, 9);
-    QTest::newRow("curved polygon") << "curve.gpkg"
-                                    << "GPKG" << int(wkbCurvePolygon)
-                                    << F{{"CURVEPOLYGON(CIRCULARSTRING(0 0,1 1,2 0,1 -1,0 0))"}}
-                                    << int(HOLayer::PolygonLayer) << int(HOGeometry::GeoPolygon)
-                                    << HORect(0, 2, -1, 1);
-    QTest::newRow("mixed, mostly points")
-        << "mixed.geojson"
-        << "GeoJSON" << int(wkbUnknown) << F{{"POINT(0 0)"}, {"LINESTRING(1 1,2 2)"}, {"POINT(3 3)"}}
-        << int(HOLayer::PointLayer) << int(HOGeometry::GeoPoint) << HORect(0, 3, 0, 3);
+    const auto row = [](const char* name, const char* file, OGRwkbGeometryType geometry, Features features,
+                        HOLayer::LayerType layerType, HOGeometry::GeoType geoType, HORect extent) {
+        QTest::newRow(name) << file << int(geometry) << features << int(layerType) << int(geoType) << extent;
+    };
+    row("GeoPackage points", "points.gpkg", wkbPoint, {{"POINT(1 2)"}, {"POINT(5 -3)"}}, HOLayer::PointLayer,
+        HOGeometry::GeoPoint, HORect(1, 5, -3, 2));
+    row("GeoJSON lines", "lines.geojson", wkbLineString,
+        {{"LINESTRING(0 0,10 10)"}, {"LINESTRING(-5 1,2 3)"}}, HOLayer::PolylineLayer,
+        HOGeometry::GeoLineString, HORect(-5, 10, 0, 10));
+    row("Shapefile polygons", "polygons.shp", wkbPolygon, {{squareWithHole}, {triangle}},
+        HOLayer::PolygonLayer, HOGeometry::GeoPolygon, HORect(0, 300, 0, 100));
+    row("multi-polygons", "multi.gpkg", wkbMultiPolygon,
+        {{"MULTIPOLYGON(((0 0,1 0,1 1,0 0)),((5 5,6 5,6 7,5 5)))"}}, HOLayer::PolygonLayer,
+        HOGeometry::GeoMultiPolygon, HORect(0, 6, 0, 7));
+    row("multi-points", "mpoints.gpkg", wkbMultiPoint, {{"MULTIPOINT((0 0),(3 4))"}}, HOLayer::PointLayer,
+        HOGeometry::GeoMultiPoint, HORect(0, 3, 0, 4));
+    row("multi-lines", "mlines.gpkg", wkbMultiLineString, {{"MULTILINESTRING((0 0,1 1),(2 2,3 9))"}},
+        HOLayer::PolylineLayer, HOGeometry::GeoMultiLineString, HORect(0, 3, 0, 9));
+    row("curved polygon", "curve.gpkg", wkbCurvePolygon,
+        {{"CURVEPOLYGON(CIRCULARSTRING(0 0,1 1,2 0,1 -1,0 0))"}}, HOLayer::PolygonLayer,
+        HOGeometry::GeoPolygon, HORect(0, 2, -1, 1));
+    row("mixed, mostly points", "mixed.geojson", wkbUnknown,
+        {{"POINT(0 0)"}, {"LINESTRING(1 1,2 2)"}, {"POINT(3 3)"}}, HOLayer::PointLayer, HOGeometry::GeoPoint,
+        HORect(0, 3, 0, 3));
 }
 
 void TestFeatureLayer::opensEachKindOfSource() {
     QFETCH(QString, file);
-    QFETCH(QString, driver);
     QFETCH(int, geometry);
-    QFETCH(std::vector<HOLayerFixture::Feature>, features);
-    HORefPtr<HOFeatureLayer> layer =
-        open(file, qPrintable(driver), 4326, OGRwkbGeometryType(geometry), features);
-    QVERIFY(layer);
-    QVERIFY(layer->IsValid());
+    QFETCH(Features, features);
+    QFETCH(HORect, extent);
+    HORefPtr<HOFeatureLayer> layer = open(file, 4326, OGRwkbGeometryType(geometry), features);
+    QVERIFY(layer && layer->IsValid());
     QTEST(int(layer->GetLayerType()), "layerType");
     QTEST(int(layer->GetGeometryType()), "geoType");
     QCOMPARE(layer->GetFeatureCount(), int(features.size()));
-    QFETCH(HORect, extent);
     const HORect e = layer->GetExtent();
     // Curves are drawn as short chords, so their extent may fall a little inside.
-    const double tolerance = 0.01;
-    QVERIFY2(std::abs(e.minx - extent.minx) < tolerance && std::abs(e.maxx - extent.maxx) < tolerance &&
-                 std::abs(e.miny - extent.miny) < tolerance && std::abs(e.maxy - extent.maxy) < tolerance,
-             qPrintable(QStringLiteral("%1 %2 %3 %4").arg(e.minx).arg(e.maxx).arg(e.miny).arg(e.maxy)));
+    QVERIFY2(std::abs(e.minx - extent.minx) < 0.01 && std::abs(e.maxx - extent.maxx) < 0.01 &&
+                 std::abs(e.miny - extent.miny) < 0.01 && std::abs(e.maxy - extent.maxy) < 0.01,
+             QTest::toString(e));
     QCOMPARE(layer->GetSpatialReference()->GetEpsgCode(), 4326);
     QCOMPARE(layer->GetSource(), HOString(m_dir.filePath(file)));
 }
@@ -138,6 +137,14 @@ void TestFeatureLayer::badSourceGivesNullAndReadableError_data() {
     QTest::addColumn<QByteArray>("content");  // written as is; a null array writes nothing
     QTest::addColumn<QString>("suffix");      // appended to the path when opening
     QTest::addColumn<QString>("reason");
+    // A real GeoTIFF whose header (and the strip offsets after it) stays but most pixels are cut.
+    const QString tif = m_dir.filePath("whole.tif");
+    const double geo[6] = {0, 1, 0, 10, 0, -1};
+    QVERIFY(HOLayerFixture::WriteRaster(tif, 300, 300, 1, GDT_Float32, 4509, geo,
+                                        [](int, int x, int y) { return double(x + y); }));
+    QFile whole(tif);
+    QVERIFY(whole.open(QIODevice::ReadOnly));
+    const QByteArray header = whole.readAll();
 
     QTest::newRow("missing") << "missing.shp" << QByteArray() << ""
                              << "no such file";
@@ -148,8 +155,10 @@ void TestFeatureLayer::badSourceGivesNullAndReadableError_data() {
         << "";
     QTest::newRow("empty file") << "empty.geojson" << QByteArray("") << ""
                                 << "";
-    QTest::newRow("truncated GeoTIFF") << "truncated.tif" << QByteArray("II*\0\x08\0\0\0\x10\0", 10) << ""
-                                       << "";
+    QTest::newRow("truncated GeoTIFF header") << "header.tif" << QByteArray("II*\0\x08\0\0\0\x10\0", 10) << ""
+                                              << "";
+    QTest::newRow("GeoTIFF without its pixels") << "cut.tif" << header.left(header.size() / 3) << ""
+                                                << "";
     QTest::newRow("unknown layer name")
         << "named.geojson" << QByteArray(R"({"type":"FeatureCollection","features":[]})")
         << "|layername=roads"
@@ -168,23 +177,22 @@ void TestFeatureLayer::badSourceGivesNullAndReadableError() {
         out.write(content);
     }
     HOString error;
-    const HOString source(path + suffix);
-    QVERIFY(!OpenLayer(source, &error));
+    const QString source = path + suffix;
+    QVERIFY(!OpenLayer(HOString(source), &error));
     const QString text = error.toQString();
-    QVERIFY2(text.startsWith(QStringLiteral("cannot open '%1': ").arg(source.toQString())), qPrintable(text));
-    QVERIFY2(text.size() > source.toQString().size() + 16, qPrintable(text));  // a reason follows
-    QVERIFY2(text.contains(reason), qPrintable(text));
-    QVERIFY(!OpenLayer(source));  // the error text is optional
+    QVERIFY2(text.startsWith(QStringLiteral("cannot open '%1': ").arg(source)), qPrintable(text));
+    QVERIFY2(text.size() > source.size() + 16 && text.contains(reason),
+             qPrintable(text));             // a reason follows
+    QVERIFY(!OpenLayer(HOString(source)));  // the error text is optional
 }
 
 void TestFeatureLayer::emptyLayerIsAHarmlessLayer() {
-    HORefPtr<HOFeatureLayer> layer = open("nothing.gpkg", "GPKG", 4509, wkbPolygon, {});
+    HORefPtr<HOFeatureLayer> layer = open("nothing.gpkg", 4509, wkbPolygon, {});
     QVERIFY(layer);
     QCOMPARE(layer->GetFeatureCount(), 0);
     QVERIFY(layer->GetExtent().IsEmpty());
     QCOMPARE(layer->SelectByRect(HORect(-1e9, 1e9, -1e9, 1e9), false), 0);
-    QVERIFY(!layer->HasSelectedFeatures());
-    QVERIFY(!layer->GetFeature(1));
+    QVERIFY(!layer->HasSelectedFeatures() && !layer->GetFeature(1));
     QImage image = HOLayerFixture::WhiteImage(QSize(20, 20));
     QPainter painter(&image);
     layer->Render(HOLayerFixture::Context(&painter, image.size(), HORect(0, 10, 0, 10)));
@@ -198,27 +206,25 @@ void TestFeatureLayer::nonFiniteVerticesAreDropped() {
     {
         GDALDatasetUniquePtr ds(
             GDALDataset::Open(path.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
-        OGRLayer* layer = ds->GetLayer(0);
-        OGRFeature feature(layer->GetLayerDefn());
+        OGRFeature feature(ds->GetLayer(0)->GetLayerDefn());
         OGRLineString line;
         line.addPoint(0, 0);
         line.addPoint(NAN, 5);
         line.addPoint(10, INFINITY);
         line.addPoint(10, 10);
         feature.SetGeometry(&line);
-        QCOMPARE(layer->CreateFeature(&feature), OGRERR_NONE);
+        QCOMPARE(ds->GetLayer(0)->CreateFeature(&feature), OGRERR_NONE);
     }
     HORefPtr<HOFeatureLayer> layer = HODynamicCast<HOFeatureLayer>(OpenLayer(HOString(path)));
     QVERIFY(layer);
     QCOMPARE(layer->GetExtent(), HORect(0, 10, 0, 10));
     HORefPtr<HOGeometry> geometry = layer->GetFeatureGeometry(1);
     QVERIFY(geometry);
-    QCOMPARE(geometry->Parts().size(), std::size_t(1));
-    QCOMPARE(geometry->Parts()[0], (HOGeometry::Part{HOPoint(0, 0), HOPoint(10, 10)}));
+    QCOMPARE(geometry->Parts(), (std::vector<HOGeometry::Part>{{HOPoint(0, 0), HOPoint(10, 10)}}));
 }
 
 void TestFeatureLayer::layerWithoutCoordinateSystem() {
-    HORefPtr<HOFeatureLayer> layer = open("nosystem.shp", "ESRI Shapefile", 0, wkbPoint, {{"POINT(3 4)"}});
+    HORefPtr<HOFeatureLayer> layer = open("nosystem.shp", 0, wkbPoint, {{"POINT(3 4)"}});
     QVERIFY(layer);
     QVERIFY(!layer->GetSpatialReference());
     QVERIFY(layer->IsSameCoordinateSystem(nullptr));
@@ -232,22 +238,20 @@ void TestFeatureLayer::selectByRectMeetsGeometryNotJustBox_data() {
     QTest::addColumn<HORect>("first");
     QTest::addColumn<HORect>("second");  // added to the first selection
     QTest::addColumn<std::vector<int>>("selected");
-
-    const HORect none(1000, 1001, 1000, 1001);
+    const HORect none(1000, 1001, 1000, 1001), body(10, 20, 10, 20);
     QTest::newRow("inside the hole") << HORect(45, 55, 45, 55) << none << std::vector<int>{};
     QTest::newRow("triangle's empty corner") << HORect(280, 295, 80, 95) << none << std::vector<int>{};
     QTest::newRow("across the hole's edge") << HORect(55, 65, 45, 55) << none << std::vector<int>{1};
-    QTest::newRow("within the square's body") << HORect(10, 20, 10, 20) << none << std::vector<int>{1};
+    QTest::newRow("within the square's body") << body << none << std::vector<int>{1};
     QTest::newRow("holding the triangle") << HORect(150, 400, -50, 150) << none << std::vector<int>{2};
-    QTest::newRow("added to") << HORect(10, 20, 10, 20) << HORect(210, 220, 10, 20) << std::vector<int>{1, 2};
-    QTest::newRow("added twice") << HORect(10, 20, 10, 20) << HORect(10, 20, 10, 20) << std::vector<int>{1};
+    QTest::newRow("added to") << body << HORect(210, 220, 10, 20) << std::vector<int>{1, 2};
+    QTest::newRow("added twice") << body << body << std::vector<int>{1};
 }
 
 void TestFeatureLayer::selectByRectMeetsGeometryNotJustBox() {
     QFETCH(HORect, first);
     QFETCH(HORect, second);
-    HORefPtr<HOFeatureLayer> layer =
-        open("select.gpkg", "GPKG", 4509, wkbPolygon, {{squareWithHole}, {triangle}});
+    HORefPtr<HOFeatureLayer> layer = open("select.gpkg", 4509, wkbPolygon, {{squareWithHole}, {triangle}});
     QVERIFY(layer);
     layer->SetSelectedIds({2});
     layer->SelectByRect(first, false);  // replaces
@@ -260,38 +264,31 @@ void TestFeatureLayer::selectByRectMeetsGeometryNotJustBox() {
 
 void TestFeatureLayer::selectsWithRectangleInAnotherSystem() {
     // A square kilometre around 117E 30N, in Gauss-Kruger metres.
-    HORefPtr<HOCoordinateSystem> geographic = HOCoordinateSystem::FromEpsg(4490);
-    double x = 117.0, y = 30.0;
-    OGRSpatialReference from, to;
-    from.importFromEPSG(4490);
-    to.importFromEPSG(4509);
-    from.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
-    to.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
-    std::unique_ptr<OGRCoordinateTransformation> t(OGRCreateCoordinateTransformation(&from, &to));
-    QVERIFY(t->Transform(1, &x, &y));
+    const HOPoint c = projTransform(4490, 4509, HOPoint(117.0, 30.0));
     const std::string square = QStringLiteral("POLYGON((%1 %2,%3 %2,%3 %4,%1 %4,%1 %2))")
-                                   .arg(x - 500, 0, 'f', 3)
-                                   .arg(y - 500, 0, 'f', 3)
-                                   .arg(x + 500, 0, 'f', 3)
-                                   .arg(y + 500, 0, 'f', 3)
+                                   .arg(c.x - 500, 0, 'f', 3)
+                                   .arg(c.y - 500, 0, 'f', 3)
+                                   .arg(c.x + 500, 0, 'f', 3)
+                                   .arg(c.y + 500, 0, 'f', 3)
                                    .toStdString();
-    HORefPtr<HOFeatureLayer> layer = open("gk.gpkg", "GPKG", 4509, wkbPolygon, {{square}});
+    HORefPtr<HOFeatureLayer> layer = open("gk.gpkg", 4509, wkbPolygon, {{square}});
     QVERIFY(layer);
+    HORefPtr<HOCoordinateSystem> geographic = HOCoordinateSystem::FromEpsg(4490);
     QCOMPARE(layer->SelectByRect(HORect(116.999, 117.001, 29.999, 30.001), false, geographic), 1);
     QCOMPARE(layer->SelectByRect(HORect(117.01, 117.02, 30.0, 30.01), false, geographic), 0);
     const HORect inGeographic = layer->GetExtentIn(geographic);
-    QVERIFY(inGeographic.Contains(HOPoint(117.0, 30.0)));
-    QVERIFY(inGeographic.Width() < 0.02);
+    QVERIFY(inGeographic.Contains(HOPoint(117.0, 30.0)) && inGeographic.Width() < 0.02);
 }
 
-void TestFeatureLayer::lookupByIdGivesACopy() {
-    HORefPtr<HOFeatureLayer> layer =
-        open("lookup.gpkg", "GPKG", 4509, wkbPolygon,
-             {{squareWithHole, OGRNullFID, "square"}, {triangle, OGRNullFID, "tri"}});
+void TestFeatureLayer::lookupAndIdentify() {
+    HORefPtr<HOFeatureLayer> layer = open("lookup.gpkg", 4509, wkbPolygon,
+                                          {{squareWithHole, 10, "square"},
+                                           {triangle, 20, "tri"},
+                                           {"POLYGON((50 50,150 50,150 150,50 50))", 30}});
     QVERIFY(layer);
-    HORefPtr<HOFeature> feature = layer->GetFeature(2);
+    HORefPtr<HOFeature> feature = layer->GetFeature(20);
     QVERIFY(feature);
-    QCOMPARE(feature->GetID(), 2);
+    QCOMPARE(feature->GetID(), 20);
     const auto& attributes = feature->GetAttributes();
     QVERIFY(std::find(attributes.begin(), attributes.end(), HOFeature::Attribute("name", "tri")) !=
             attributes.end());
@@ -299,32 +296,15 @@ void TestFeatureLayer::lookupByIdGivesACopy() {
     QCOMPARE(geometry->GetType(), HOGeometry::GeoPolygon);
     QCOMPARE(geometry->Parts(), (std::vector<HOGeometry::Part>{
                                     {HOPoint(200, 0), HOPoint(300, 0), HOPoint(200, 100), HOPoint(200, 0)}}));
-    geometry->Parts()[0][0] = HOPoint(-1, -1);
-    QCOMPARE(layer->GetFeatureGeometry(2)->Parts()[0][0], HOPoint(200, 0));
-    QCOMPARE(layer->GetFeatureGeometry(1)->Parts().size(), std::size_t(2));  // ring and hole
-    QVERIFY(!layer->GetFeature(3));
-    QVERIFY(!layer->GetFeatureGeometry(0));
-}
-
-void TestFeatureLayer::lookupFollowsSourceIds() {
-    HORefPtr<HOFeatureLayer> layer =
-        open("ids.gpkg", "GPKG", 4509, wkbPoint, {{"POINT(1 1)", 10}, {"POINT(2 2)", 20}, {"POINT(3 3)", 7}});
-    QVERIFY(layer);
-    QCOMPARE(layer->GetFeatureGeometry(20)->Parts()[0][0], HOPoint(2, 2));
-    QCOMPARE(layer->GetFeatureGeometry(7)->Parts()[0][0], HOPoint(3, 3));
-    QVERIFY(!layer->GetFeatureGeometry(11));
-    QCOMPARE(layer->SelectByRect(HORect(0, 2.5, 0, 2.5), false), 2);
+    geometry->Parts()[0][0] = HOPoint(-1, -1);  // a copy: the layer keeps its own
+    QCOMPARE(layer->GetFeatureGeometry(20)->Parts()[0][0], HOPoint(200, 0));
+    QCOMPARE(layer->GetFeatureGeometry(10)->Parts().size(), std::size_t(2));  // ring and hole
+    QVERIFY(!layer->GetFeature(1) && !layer->GetFeatureGeometry(11) && !layer->GetFeatureGeometry(0));
+    QCOMPARE(layer->SelectByRect(HORect(5, 250, 5, 10), false), 2);
     QCOMPARE(layer->GetSelectedIds(), (std::vector<int>{10, 20}));
-}
-
-void TestFeatureLayer::identifyListsTopmostFirst() {
-    HORefPtr<HOFeatureLayer> layer =
-        open("stack.gpkg", "GPKG", 4509, wkbPolygon,
-             {{"POLYGON((0 0,10 0,10 10,0 10,0 0))"}, {"POLYGON((5 5,15 5,15 15,5 15,5 5))"}});
-    QVERIFY(layer);
-    QCOMPARE(layer->IdentifyAt(HOPoint(7, 7), 0.5), (std::vector<int>{2, 1}));
-    QCOMPARE(layer->IdentifyAt(HOPoint(2, 2), 0.5), (std::vector<int>{1}));
-    QCOMPARE(layer->IdentifyAt(HOPoint(20, 20), 0.5), (std::vector<int>{}));
+    // Topmost (drawn last) first.
+    QCOMPARE(layer->IdentifyAt(HOPoint(90, 70), 0.5), (std::vector<int>{30, 10}));
+    QCOMPARE(layer->IdentifyAt(HOPoint(45, 55), 0.5), (std::vector<int>{}));  // in the hole
 }
 
 void TestFeatureLayer::geometryMemoryStaysCloseToRawCoordinates_data() {
@@ -338,11 +318,11 @@ void TestFeatureLayer::geometryMemoryStaysCloseToRawCoordinates_data() {
 void TestFeatureLayer::geometryMemoryStaysCloseToRawCoordinates() {
     QFETCH(int, geometry);
     QFETCH(int, verticesPerFeature);
-    std::vector<HOLayerFixture::Feature> features;
+    Features features;
+    const int last = geometry == wkbPolygon ? verticesPerFeature - 1 : verticesPerFeature;
     for (int i = 0; i < 2000; ++i) {
         QString wkt;
         for (int v = 0; v < verticesPerFeature; ++v) {
-            const int last = geometry == wkbPolygon ? verticesPerFeature - 1 : verticesPerFeature;
             const double a = 2 * M_PI * (v % last) / last;
             wkt += QStringLiteral("%1%2 %3").arg(v ? "," : "").arg(i + std::cos(a)).arg(std::sin(a));
         }
@@ -351,12 +331,99 @@ void TestFeatureLayer::geometryMemoryStaysCloseToRawCoordinates() {
                                                           : "POLYGON((%1))";
         features.push_back({QString::fromLatin1(pattern).arg(wkt).toStdString()});
     }
-    HORefPtr<HOFeatureLayer> layer = open(QStringLiteral("memory%1.gpkg").arg(geometry), "GPKG", 4509,
-                                          OGRwkbGeometryType(geometry), features);
+    HORefPtr<HOFeatureLayer> layer =
+        open(QStringLiteral("memory%1.gpkg").arg(geometry), 4509, OGRwkbGeometryType(geometry), features);
     QVERIFY(layer);
     const double raw = 16.0 * verticesPerFeature * features.size();
     QVERIFY2(layer->GetGeometryBytes() <= 1.25 * raw,
              qPrintable(QString::number(layer->GetGeometryBytes() / raw)));
+}
+
+void TestFeatureLayer::readsSystemDefinitions_data() {
+    QTest::addColumn<QString>("definition");
+    QTest::addColumn<bool>("valid");
+    QTest::addColumn<bool>("geographic");
+    QTest::addColumn<int>("unit");
+    QTest::addColumn<int>("epsg");
+    QTest::newRow("CGCS2000 geographic") << "EPSG:4490" << true << true << int(HOUnitDegree) << 4490;
+    QTest::newRow("Gauss-Kruger CM 117E") << "EPSG:4509" << true << false << int(HOUnitMeter) << 4509;
+    QTest::newRow("US survey feet") << "EPSG:2264" << true << false << int(HOUnitFoot) << 2264;
+    QTest::newRow("PROJ string") << "+proj=utm +zone=50 +datum=WGS84 +units=m" << true << false
+                                 << int(HOUnitMeter) << 0;
+    QTest::newRow("kilometres") << "+proj=merc +datum=WGS84 +units=km" << true << false
+                                << int(HOUnitKilometer) << 0;
+    QTest::newRow("garbage") << "no such system" << false << false << 0 << 0;
+    QTest::newRow("unknown code") << "EPSG:999999" << false << false << 0 << 0;
+    QTest::newRow("empty") << "" << false << false << 0 << 0;
+}
+
+void TestFeatureLayer::readsSystemDefinitions() {
+    QFETCH(QString, definition);
+    QFETCH(bool, valid);
+    QFETCH(bool, geographic);
+    HORefPtr<HOCoordinateSystem> system = HOCoordinateSystem::FromUserInput(HOString(definition));
+    QCOMPARE(bool(system), valid);
+    if (!valid) return;
+    QCOMPARE(system->IsGeographic(), geographic);
+    QCOMPARE(system->IsProjected(), !geographic);
+    QTEST(int(system->GetUnit()), "unit");
+    QTEST(system->GetEpsgCode(), "epsg");
+    // The WKT it writes reads back as the same system, and no other.
+    HORefPtr<HOCoordinateSystem> again = HOCoordinateSystem::FromUserInput(system->ToWkt());
+    QVERIFY(again && again->IsSame(system.get()));
+    QVERIFY(!system->IsSame(nullptr));
+    QVERIFY(!system->IsSame(HOCoordinateSystem::FromEpsg(geographic ? 4509 : 4490).get()));
+}
+
+void TestFeatureLayer::reprojectsKnownPointLikeProj_data() {
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("to");
+    QTest::addColumn<HOPoint>("point");
+    QTest::addColumn<double>("tolerance");
+    QTest::newRow("4490 to 4509 on the meridian") << 4490 << 4509 << HOPoint(117.0, 35.0) << 1e-6;
+    QTest::newRow("4490 to 4509 east of it") << 4490 << 4509 << HOPoint(118.25, 39.5) << 1e-6;
+    QTest::newRow("4490 to 4509 west of it") << 4490 << 4509 << HOPoint(115.6, 24.1) << 1e-6;
+    QTest::newRow("4509 to 4490") << 4509 << 4490 << HOPoint(523456.78, 3876543.21) << 1e-10;
+    QTest::newRow("4509 to 4490 west of the meridian")
+        << 4509 << 4490 << HOPoint(480000.0, 3300000.0) << 1e-10;
+}
+
+void TestFeatureLayer::reprojectsKnownPointLikeProj() {
+    QFETCH(int, from);
+    QFETCH(int, to);
+    QFETCH(HOPoint, point);
+    QFETCH(double, tolerance);
+    const HOPoint expected = projTransform(from, to, point);
+    const auto near = [&](double x, double y) {
+        return std::abs(x - expected.x) < tolerance && std::abs(y - expected.y) < tolerance;
+    };
+    HOGeometryProject project;
+    QVERIFY(project.SetPrj(HOCoordinateSystem::FromEpsg(from), HOCoordinateSystem::FromEpsg(to), nullptr));
+    double x = point.x, y = point.y;
+    QVERIFY(project.ProjPoint(x, y));
+    QVERIFY2(near(x, y), qPrintable(QStringLiteral("%1 %2 vs %3 %4")
+                                        .arg(x, 0, 'f', 6)
+                                        .arg(y, 0, 'f', 6)
+                                        .arg(expected.x, 0, 'f', 6)
+                                        .arg(expected.y, 0, 'f', 6)));
+    HORefPtr<HOGeometry> line(new HOGeometry(HOGeometry::GeoLineString));
+    line->AddPart({point, point});
+    QVERIFY(project.ProjHxGeometry(line, HOGeometry::GeoLineString));
+    for (const HOPoint& p : line->Parts()[0]) QVERIFY(near(p.x, p.y));
+    // To the system's own geographic base, longitude first even where the official order is not.
+    const HOPoint base = from == 4490 ? point : expected;
+    QVERIFY(HOCoordinateSystem::FromEpsg(from)->ToGeographic(point.x, point.y, &x, &y));
+    QVERIFY(std::abs(x - base.x) < 1e-10 && std::abs(y - base.y) < 1e-10);
+}
+
+void TestFeatureLayer::noTransformationLeavesGeometryUntouched() {
+    HORefPtr<HOGeometry> point(new HOGeometry(HOGeometry::GeoPoint));
+    point->AddPart({HOPoint(1.0, 2.0)});
+    HOGeometryProject project;
+    QVERIFY(!project.ProjHxGeometry(point, HOGeometry::GeoPoint));
+    QVERIFY(!project.SetPrj(nullptr, HOCoordinateSystem::FromEpsg(4490), nullptr));
+    QVERIFY(!project.ProjHxGeometry(point, HOGeometry::GeoPoint));
+    QCOMPARE(point->Parts()[0][0], HOPoint(1.0, 2.0));
 }
 
 QTEST_MAIN(TestFeatureLayer)

@@ -1,37 +1,50 @@
-// What a feature layer draws: pixels where a polygon, a line and a point must be, the selection's
-// emphasis, per-feature styles, draw order (also when the work is split over threads), cancelling,
-// reprojection on the fly and zoomed-in views.
+// What layers draw: pixels where a polygon, its hole, a line and a point must be; selection and
+// per-feature styles; draw order on one thread and split over threads; reprojection on the fly; deep
+// zooms; rasters (stretch, no-data, visible window, overviews); the graphics layer's hit tests.
 #include <QTemporaryDir>
 #include <QtTest>
+#include <functional>
 
+#include "HODisplay.h"
 #include "HOFeatureLayer.h"
+#include "HOGraphicsLayer.h"
 #include "HOLayerFixture.h"
+#include "HORasterLayer.h"
 #include "HOTestPrinters.h"
 
 using namespace HXObjects;
 
+Q_DECLARE_METATYPE(HORefPtr<HOGeometry>)
+
 namespace {
 
-const QRgb white = qRgb(255, 255, 255);
-const QRgb fillGreen = qRgb(166, 206, 148);
-const QRgb lineBlue = qRgb(45, 98, 190);
-const QRgb markerRed = qRgb(214, 69, 45);
+const QRgb white = qRgb(255, 255, 255), red = qRgb(255, 0, 0), blue = qRgb(0, 0, 255);
+const QRgb fillGreen = qRgb(166, 206, 148), lineBlue = qRgb(45, 98, 190), markerRed = qRgb(214, 69, 45);
+const double unitPixels[6] = {0, 1, 0, 10, 0, -1};  // 10 x 10 units, origin top left at (0, 10)
 
-// A closed ring around (cx, cy) with many vertices, so that drawing it is real work.
+// A closed square ring with many vertices, so that drawing and reprojecting it is real work.
 std::string denseSquare(double minX, double minY, double side, int verticesPerEdge) {
     QString wkt = QStringLiteral("POLYGON((");
-    const double corners[5][2] = {
-        {minX, minY}, {minX + side, minY}, {minX + side, minY + side}, {minX, minY + side}, {minX, minY}};
+    const double corners[5][2] = {{0, 0}, {1, 0}, {1, 1}, {0, 1}, {0, 0}};
     for (int edge = 0; edge < 4; ++edge) {
         for (int i = 0; i < verticesPerEdge; ++i) {
             const double t = double(i) / verticesPerEdge;
             const double x = corners[edge][0] + t * (corners[edge + 1][0] - corners[edge][0]);
             const double y = corners[edge][1] + t * (corners[edge + 1][1] - corners[edge][1]);
-            wkt += QStringLiteral("%1 %2,").arg(x, 0, 'f', 6).arg(y, 0, 'f', 6);
+            wkt += QStringLiteral("%1 %2,").arg(minX + side * x, 0, 'f', 6).arg(minY + side * y, 0, 'f', 6);
         }
     }
-    wkt += QStringLiteral("%1 %2))").arg(minX).arg(minY);
-    return wkt.toStdString();
+    return (wkt + QStringLiteral("%1 %2))").arg(minX, 0, 'f', 6).arg(minY, 0, 'f', 6)).toStdString();
+}
+
+HORefPtr<HOGeometry> geometry(HOGeometry::GeoType type, std::vector<HOGeometry::Part> parts) {
+    HORefPtr<HOGeometry> g(new HOGeometry(type));
+    for (auto& part : parts) g->AddPart(std::move(part));
+    return g;
+}
+
+HORefPtr<HOStyle> fill(const QColor& c) {
+    return HOStyle::NewFill(HOColor(c.red(), c.green(), c.blue()), HOColor(c.red(), c.green(), c.blue()), 0);
 }
 
 }  // namespace
@@ -43,44 +56,49 @@ private slots:
     void initTestCase();
     void drawsEachKindWhereItIs_data();
     void drawsEachKindWhereItIs();
-    void selectionIsDrawnEmphasised();
-    void featureStyleOverridesLayerStyle();
-    void categoryStylesFollowAttributeValues();
+    void selectionAndStyles();
     void laterFeaturesDrawOnTop_data();
     void laterFeaturesDrawOnTop();
-    void cancelledRenderDrawsNothing();
-    void reprojectsToTheMapSystem();
-    void reprojectsLargeLayersWhole_data();
-    void reprojectsLargeLayersWhole();
-    void zoomedViewDrawsOnlyWhatItShows();
-    void deepZoomStillFills_data();
-    void deepZoomStillFills();
+    void reprojectsOnTheFly_data();
+    void reprojectsOnTheFly();
+    void zoomedViewsDrawWhatTheyShow_data();
+    void zoomedViewsDrawWhatTheyShow();
+    void rasterBandsAsColours_data();
+    void rasterBandsAsColours();
+    void rasterWindowOverviewsAndReprojection();
+    void graphicsLocate_data();
+    void graphicsLocate();
+    void graphicsDrawAndSelect();
 
 private:
     HORefPtr<HOFeatureLayer> open(const QString& file, int epsg, OGRwkbGeometryType type,
-                                  const std::vector<HOLayerFixture::Feature>& features);
-    QImage render(const std::vector<HOFeatureLayer*>& layers, const HORect& extent = HORect(0, 100, 0, 100),
-                  const HOCoordinateSystem* system = nullptr, const QSize& size = QSize(100, 100));
+                                  const std::vector<HOLayerFixture::Feature>& features) {
+        const QString path = m_dir.filePath(file);
+        if (!HOLayerFixture::WriteVector(path, "GPKG", epsg, type, features)) return nullptr;
+        return HODynamicCast<HOFeatureLayer>(OpenLayer(HOString(path)));
+    }
+    HORefPtr<HORasterLayer> openRaster(const QString& file, int bands, GDALDataType type, int epsg,
+                                       const double geo[6], std::function<double(int, int, int)> value,
+                                       double noData = NAN, int size = 10) {
+        const QString path = m_dir.filePath(file);
+        if (!HOLayerFixture::WriteRaster(path, size, size, bands, type, epsg, geo, value, noData))
+            return nullptr;
+        return HODynamicCast<HORasterLayer>(OpenLayer(HOString(path)));
+    }
+    // 100 x 100 pixels over `extent`; one pixel per unit by default.
+    static QImage render(const std::vector<HOLayer*>& layers, const HORect& extent = HORect(0, 100, 0, 100),
+                         const HOCoordinateSystem* system = nullptr, const HOTrackCancel* cancel = nullptr) {
+        QImage image = HOLayerFixture::WhiteImage(QSize(100, 100));
+        QPainter painter(&image);
+        HORenderContext context = HOLayerFixture::Context(&painter, image.size(), extent, system);
+        context.cancel = cancel;
+        for (HOLayer* layer : layers) layer->Render(context);
+        return image;
+    }
 
     QTemporaryDir m_dir;
-    HORefPtr<HOFeatureLayer> m_polygons, m_lines, m_points;
+    HORefPtr<HOFeatureLayer> m_polygons, m_lines, m_points, m_grid;
 };
-
-HORefPtr<HOFeatureLayer> TestLayerRender::open(const QString& file, int epsg, OGRwkbGeometryType type,
-                                               const std::vector<HOLayerFixture::Feature>& features) {
-    const QString path = m_dir.filePath(file);
-    if (!HOLayerFixture::WriteVector(path, "GPKG", epsg, type, features)) return nullptr;
-    return HODynamicCast<HOFeatureLayer>(OpenLayer(HOString(path)));
-}
-
-QImage TestLayerRender::render(const std::vector<HOFeatureLayer*>& layers, const HORect& extent,
-                               const HOCoordinateSystem* system, const QSize& size) {
-    QImage image = HOLayerFixture::WhiteImage(size);
-    QPainter painter(&image);
-    const HORenderContext context = HOLayerFixture::Context(&painter, size, extent, system);
-    for (HOFeatureLayer* layer : layers) layer->Render(context);
-    return image;
-}
 
 void TestLayerRender::initTestCase() {
     QVERIFY(m_dir.isValid());
@@ -104,56 +122,42 @@ void TestLayerRender::drawsEachKindWhereItIs_data() {
 
 void TestLayerRender::drawsEachKindWhereItIs() {
     QFETCH(QPoint, pixel);
-    const QImage image = render({m_polygons, m_lines, m_points});
-    QTEST(image.pixel(pixel), "colour");
+    QTEST(render({m_polygons, m_lines, m_points}).pixel(pixel), "colour");
+    HOTrackCancel cancel;
+    cancel.Cancel();
+    QCOMPARE(render({m_polygons, m_lines, m_points}, HORect(0, 100, 0, 100), nullptr, &cancel).pixel(pixel),
+             white);
 }
 
-void TestLayerRender::selectionIsDrawnEmphasised() {
+void TestLayerRender::selectionAndStyles() {
     m_polygons->SetSelectedIds({1});
     const QImage selected = render({m_polygons});
     m_polygons->ClearSelection();
-    const QImage plain = render({m_polygons});
-    QCOMPARE(plain.pixel(20, 50), fillGreen);
-    QVERIFY(selected.pixel(20, 50) != fillGreen);
     QVERIFY(qRed(selected.pixel(20, 50)) > 200 && qGreen(selected.pixel(20, 50)) > 200);  // yellowish
     QCOMPARE(selected.pixel(50, 50), white);  // the hole stays open
-}
 
-void TestLayerRender::featureStyleOverridesLayerStyle() {
-    HORefPtr<HOUserFeatureRender> custom = m_points->GetCustomFeatureRender();
-    custom->SetFeatureStyle(1, HOStyle::NewMarker(HOStyle::Square, 7, HOColor(0, 0, 255)));
-    QCOMPARE(render({m_points}).pixel(80, 79), qRgb(0, 0, 255));
-    custom->RemoveFeatureStyle(1);
-    QCOMPARE(render({m_points}).pixel(80, 79), markerRed);
-    m_points->SetStyle(HOStyle::NewMarker(HOStyle::Circle, 5, HOColor(0, 128, 0)));
-    QCOMPARE(render({m_points}).pixel(80, 79), qRgb(0, 128, 0));
-    m_points->SetStyle(HOStyle::NewMarker(HOStyle::Circle, 6, HOColor(214, 69, 45)));
-}
-
-void TestLayerRender::categoryStylesFollowAttributeValues() {
     HORefPtr<HOFeatureLayer> layer = open("landuse.gpkg", 4509, wkbPolygon,
                                           {{"POLYGON((0 0,30 0,30 30,0 30,0 0))", 7, "forest"},
                                            {"POLYGON((35 0,65 0,65 30,35 30,35 0))", 8, "farm"},
                                            {"POLYGON((70 0,100 0,100 30,70 30,70 0))", 9, "water"}});
     QVERIFY(layer);
-    const QRgb red = qRgb(255, 0, 0), blue = qRgb(0, 0, 255), black = qRgb(0, 0, 0);
-    const std::map<HOString, HORefPtr<HOStyle>> styles{
-        {"forest", HOStyle::NewFill(HOColor(255, 0, 0), HOColor(255, 0, 0), 0)},
-        {"farm", HOStyle::NewFill(HOColor(0, 0, 255), HOColor(0, 0, 255), 0)}};
-    QVERIFY(layer->SetCategoryStyles("name", styles));
+    QVERIFY(layer->SetCategoryStyles("name", {{"forest", fill(Qt::red)}, {"farm", fill(Qt::blue)}}));
     QImage image = render({layer});
     QCOMPARE(image.pixel(15, 85), red);
     QCOMPARE(image.pixel(50, 85), blue);
     QCOMPARE(image.pixel(85, 85), fillGreen);  // no style for its value: the layer's
-    // A feature's own style still wins; an unknown field changes nothing.
-    layer->GetCustomFeatureRender()->SetFeatureStyle(8,
-                                                     HOStyle::NewFill(HOColor(0, 0, 0), HOColor(0, 0, 0), 0));
+    // A feature's own style wins over its category; an unknown field changes nothing.
+    layer->GetCustomFeatureRender()->SetFeatureStyle(8, fill(Qt::black));
     QVERIFY(!layer->SetCategoryStyles("nosuchfield", {}));
+    layer->SetStyle(fill(Qt::green));
     image = render({layer});
     QCOMPARE(image.pixel(15, 85), red);
-    QCOMPARE(image.pixel(50, 85), black);
+    QCOMPARE(image.pixel(50, 85), qRgb(0, 0, 0));
+    QCOMPARE(image.pixel(85, 85), qRgb(0, 255, 0));
+    layer->GetCustomFeatureRender()->RemoveFeatureStyle(8);
+    QCOMPARE(render({layer}).pixel(50, 85), blue);
     QVERIFY(layer->SetCategoryStyles("", {}));
-    QCOMPARE(render({layer}).pixel(15, 85), fillGreen);
+    QCOMPARE(render({layer}).pixel(15, 85), qRgb(0, 255, 0));
 }
 
 void TestLayerRender::laterFeaturesDrawOnTop_data() {
@@ -168,93 +172,247 @@ void TestLayerRender::laterFeaturesDrawOnTop() {
         open(QStringLiteral("order%1.gpkg").arg(verticesPerEdge), 4509, wkbPolygon,
              {{denseSquare(10, 10, 50, verticesPerEdge)}, {denseSquare(40, 40, 50, verticesPerEdge)}});
     QVERIFY(layer);
-    layer->GetCustomFeatureRender()->SetFeatureStyle(
-        1, HOStyle::NewFill(HOColor(255, 0, 0), HOColor(255, 0, 0), 0));
-    layer->GetCustomFeatureRender()->SetFeatureStyle(
-        2, HOStyle::NewFill(HOColor(0, 0, 255), HOColor(0, 0, 255), 0));
+    layer->GetCustomFeatureRender()->SetFeatureStyle(1, fill(Qt::red));
+    layer->GetCustomFeatureRender()->SetFeatureStyle(2, fill(Qt::blue));
     const QImage image = render({layer});
-    QCOMPARE(image.pixel(20, 80), qRgb(255, 0, 0));  // first only
-    QCOMPARE(image.pixel(80, 20), qRgb(0, 0, 255));  // second only
-    QCOMPARE(image.pixel(50, 50), qRgb(0, 0, 255));  // both: the second is on top
+    QCOMPARE(image.pixel(20, 80), red);   // first only
+    QCOMPARE(image.pixel(80, 20), blue);  // second only
+    QCOMPARE(image.pixel(50, 50), blue);  // both: the second is on top
 }
 
-void TestLayerRender::cancelledRenderDrawsNothing() {
-    HOTrackCancel cancel;
-    cancel.Cancel();
-    QImage image = HOLayerFixture::WhiteImage(QSize(100, 100));
-    QPainter painter(&image);
-    HORenderContext context = HOLayerFixture::Context(&painter, image.size(), HORect(0, 100, 0, 100));
-    context.cancel = &cancel;
-    m_polygons->Render(context);
-    painter.end();
-    QCOMPARE(image.pixel(20, 50), white);
-}
-
-void TestLayerRender::reprojectsToTheMapSystem() {
-    HORefPtr<HOFeatureLayer> layer = open("geographic.gpkg", 4490, wkbPoint, {{"POINT(117 30)"}});
-    QVERIFY(layer);
-    HORefPtr<HOCoordinateSystem> gk = HOCoordinateSystem::FromEpsg(4509);
-    const HOPoint centre = layer->GetExtentIn(gk).Center();
-    QCOMPARE(centre.x, 500000.0);  // on the central meridian
-    const HORect view(centre.x - 50, centre.x + 50, centre.y - 50, centre.y + 50);
-    for (int pass = 0; pass < 2; ++pass) {  // the second pass draws from the cached copy
-        const QImage image = render({layer}, view, gk);
-        QCOMPARE(image.pixel(50, 50), markerRed);
-        QCOMPARE(image.pixel(10, 10), white);
-    }
-    // Drawn in its own system the same layer still lands where its own coordinates say.
-    const QImage own = render({layer}, HORect(116.9, 117.1, 29.9, 30.1), layer->GetSpatialReference());
-    QCOMPARE(own.pixel(50, 50), markerRed);
-}
-
-void TestLayerRender::reprojectsLargeLayersWhole_data() {
+void TestLayerRender::reprojectsOnTheFly_data() {
     QTest::addColumn<int>("verticesPerEdge");
     QTest::newRow("light ring") << 4;
     QTest::newRow("dense ring, split over threads") << 60000;
 }
 
-void TestLayerRender::reprojectsLargeLayersWhole() {
+void TestLayerRender::reprojectsOnTheFly() {
     QFETCH(int, verticesPerEdge);
     HORefPtr<HOFeatureLayer> layer = open(QStringLiteral("geographic%1.gpkg").arg(verticesPerEdge), 4490,
                                           wkbPolygon, {{denseSquare(116.99, 29.99, 0.02, verticesPerEdge)}});
     QVERIFY(layer);
     HORefPtr<HOCoordinateSystem> gk = HOCoordinateSystem::FromEpsg(4509);
-    const QImage image = render({layer}, layer->GetExtentIn(gk), gk);
-    // Inside near each corner: all four edges, from both halves of the vertices, came through.
-    // (The square is some 87 pixels wide here: a degree of longitude is shorter than one of latitude.)
-    for (const QPoint& p : {QPoint(10, 10), QPoint(75, 10), QPoint(10, 88), QPoint(75, 88), QPoint(43, 50)})
-        QVERIFY2(image.pixel(p) == fillGreen, qPrintable(QStringLiteral("%1,%2").arg(p.x()).arg(p.y())));
+    const HORect extent = layer->GetExtentIn(gk);
+    QVERIFY(std::abs(extent.Center().x - 500000.0) < 1e-3);  // about the central meridian
+    // Inside near each corner: all four edges, from both halves of the vertices, came through. The square
+    // is some 87 pixels wide here: a degree of longitude is shorter than one of latitude. The second pass
+    // draws from the cached copy.
+    for (int pass = 0; pass < 2; ++pass) {
+        const QImage image = render({layer}, extent, gk);
+        for (const QPoint& p :
+             {QPoint(10, 10), QPoint(75, 10), QPoint(10, 88), QPoint(75, 88), QPoint(43, 50)})
+            QVERIFY2(image.pixel(p) == fillGreen, qPrintable(QStringLiteral("%1,%2").arg(p.x()).arg(p.y())));
+        QCOMPARE(image.pixel(95, 50), white);
+    }
+    // Drawn in its own system it lands where its own coordinates say.
+    const HORect own(116.98, 117.02, 29.98, 30.02);
+    QCOMPARE(render({layer}, own, layer->GetSpatialReference()).pixel(50, 50), fillGreen);
+    QCOMPARE(render({layer}, own, layer->GetSpatialReference()).pixel(10, 50), white);
 }
 
-void TestLayerRender::zoomedViewDrawsOnlyWhatItShows() {
-    std::vector<HOLayerFixture::Feature> grid;
-    for (int y = 0; y < 100; ++y)
-        for (int x = 0; x < 100; ++x)
-            grid.push_back({QStringLiteral("POINT(%1 %2)").arg(x + 0.5).arg(y + 0.5).toStdString()});
-    HORefPtr<HOFeatureLayer> layer = open("grid.gpkg", 4509, wkbPoint, grid);
-    QVERIFY(layer);
-    // 1% of the area: ten by ten units over 100 pixels, so points stand ten pixels apart.
-    const QImage image = render({layer}, HORect(20, 30, 60, 70));
-    QCOMPARE(image.pixel(5, 5), markerRed);    // the point at (20.5, 69.5)
-    QCOMPARE(image.pixel(95, 95), markerRed);  // the point at (29.5, 60.5)
-    QCOMPARE(image.pixel(10, 10), white);      // between points
-}
-
-void TestLayerRender::deepZoomStillFills_data() {
+void TestLayerRender::zoomedViewsDrawWhatTheyShow_data() {
+    QTest::addColumn<bool>("grid");  // a layer of 100 x 100 points one unit apart instead of the polygon
     QTest::addColumn<HORect>("extent");
     QTest::addColumn<QPoint>("pixel");
     QTest::addColumn<QRgb>("colour");
+    // 1% of the grid's area: points stand ten pixels apart.
+    QTest::newRow("grid, point (20.5, 69.5)") << true << HORect(20, 30, 60, 70) << QPoint(5, 5) << markerRed;
+    QTest::newRow("grid, point (29.5, 60.5)")
+        << true << HORect(20, 30, 60, 70) << QPoint(95, 95) << markerRed;
+    QTest::newRow("grid, between points") << true << HORect(20, 30, 60, 70) << QPoint(10, 10) << white;
     // A hundred pixels over a thousandth of a unit: the square spans some eight million pixels.
-    QTest::newRow("inside the body") << HORect(20, 20.001, 50, 50.001) << QPoint(50, 50) << fillGreen;
-    QTest::newRow("left of the edge") << HORect(9.9995, 10.0005, 50, 50.001) << QPoint(20, 50) << white;
-    QTest::newRow("right of the edge") << HORect(9.9995, 10.0005, 50, 50.001) << QPoint(80, 50) << fillGreen;
-    QTest::newRow("inside the hole") << HORect(50, 50.001, 50, 50.001) << QPoint(50, 50) << white;
+    QTest::newRow("deep, inside the body")
+        << false << HORect(20, 20.001, 50, 50.001) << QPoint(50, 50) << fillGreen;
+    QTest::newRow("deep, left of the edge")
+        << false << HORect(9.9995, 10.0005, 50, 50.001) << QPoint(20, 50) << white;
+    QTest::newRow("deep, right of the edge")
+        << false << HORect(9.9995, 10.0005, 50, 50.001) << QPoint(80, 50) << fillGreen;
+    QTest::newRow("deep, inside the hole")
+        << false << HORect(50, 50.001, 50, 50.001) << QPoint(50, 50) << white;
 }
 
-void TestLayerRender::deepZoomStillFills() {
+void TestLayerRender::zoomedViewsDrawWhatTheyShow() {
+    QFETCH(bool, grid);
     QFETCH(HORect, extent);
     QFETCH(QPoint, pixel);
-    QTEST(render({m_polygons}, extent).pixel(pixel), "colour");
+    if (grid && !m_grid) {
+        std::vector<HOLayerFixture::Feature> features;
+        for (int i = 0; i < 10000; ++i)
+            features.push_back(
+                {QStringLiteral("POINT(%1 %2)").arg(i % 100 + 0.5).arg(i / 100 + 0.5).toStdString()});
+        m_grid = open("grid.gpkg", 4509, wkbPoint, features);
+    }
+    QVERIFY(!grid || m_grid);
+    QTEST(render({grid ? m_grid.get() : m_polygons.get()}, extent).pixel(pixel), "colour");
+}
+
+void TestLayerRender::rasterBandsAsColours_data() {
+    QTest::addColumn<int>("bands");
+    QTest::addColumn<double>("noData");
+    QTest::addColumn<QPoint>("pixel");
+    QTest::addColumn<QRgb>("colour");
+    // Grey: value = 10 * column, stretched from 0 (black) to 90 (white).
+    QTest::newRow("grey minimum") << 1 << double(NAN) << QPoint(5, 50) << qRgb(0, 0, 0);
+    QTest::newRow("grey maximum") << 1 << double(NAN) << QPoint(95, 50) << white;
+    QTest::newRow("grey between") << 1 << double(NAN) << QPoint(45, 50) << qRgb(113, 113, 113);
+    QTest::newRow("no-data shows the background") << 1 << 0.0 << QPoint(5, 50) << white;
+    QTest::newRow("no-data stretch ignores it") << 1 << 0.0 << QPoint(15, 50) << qRgb(0, 0, 0);
+    QTest::newRow("RGB") << 3 << double(NAN) << QPoint(50, 50) << qRgb(200, 100, 50);
+    QTest::newRow("RGBA transparent") << 4 << double(NAN) << QPoint(5, 50) << white;
+    QTest::newRow("RGBA opaque") << 4 << double(NAN) << QPoint(95, 50) << qRgb(200, 100, 50);
+}
+
+void TestLayerRender::rasterBandsAsColours() {
+    QFETCH(int, bands);
+    QFETCH(double, noData);
+    QFETCH(QPoint, pixel);
+    QFETCH(QRgb, colour);
+    const auto value = [&](int band, int x, int) -> double {
+        if (bands == 1) return 10.0 * x;
+        if (band == 4) return x < 5 ? 0 : 255;  // alpha: left half transparent
+        return band == 1 ? 200 : band == 2 ? 100 : 50;
+    };
+    HORefPtr<HORasterLayer> layer =
+        openRaster(QStringLiteral("%1.tif").arg(QTest::currentDataTag()).replace(' ', '_'), bands,
+                   bands == 1 ? GDT_Float32 : GDT_Byte, 4509, unitPixels, value, noData);
+    QVERIFY(layer);
+    QCOMPARE(layer->GetExtent(), HORect(0, 10, 0, 10));
+    QCOMPARE(layer->GetBandCount(), bands);
+    const QRgb actual = render({layer}, HORect(0, 10, 0, 10)).pixel(pixel);
+    // Grey levels may round either way.
+    QVERIFY2(std::abs(qRed(actual) - qRed(colour)) <= 1 && std::abs(qGreen(actual) - qGreen(colour)) <= 1 &&
+                 std::abs(qBlue(actual) - qBlue(colour)) <= 1,
+             qPrintable(QColor(actual).name() + " vs " + QColor(colour).name()));
+}
+
+void TestLayerRender::rasterWindowOverviewsAndReprojection() {
+    HORefPtr<HORasterLayer> layer =
+        openRaster("window.tif", 1, GDT_Float32, 4509, unitPixels, [](int, int x, int) { return 10.0 * x; });
+    QVERIFY(layer);
+    // The right half fills the view: its left edge is column 5 (value 50 of 0..90). Beyond, nothing.
+    const QImage image = render({layer}, HORect(5, 10, 2.5, 7.5));
+    QCOMPARE(qRed(image.pixel(5, 50)), 50 * 255 / 90);
+    QCOMPARE(image.pixel(95, 50), white);
+    QCOMPARE(render({layer}, HORect(20, 30, 20, 30)).pixel(50, 50), white);
+
+    // Full resolution is light grey; every overview is made dark, so the colour tells which was read.
+    const double fine[6] = {0, 0.01, 0, 10, 0, -0.01};
+    const QString path = m_dir.filePath("overviews.tif");
+    QVERIFY(HOLayerFixture::WriteRaster(path, 1000, 1000, 3, GDT_Byte, 4509, fine,
+                                        [](int, int, int) { return 200.; }));
+    {
+        GDALDatasetUniquePtr ds(
+            GDALDataset::Open(path.toUtf8().constData(), GDAL_OF_RASTER | GDAL_OF_UPDATE));
+        int levels[] = {2, 4, 8};
+        QCOMPARE(ds->BuildOverviews("NEAREST", 3, levels, 0, nullptr, nullptr, nullptr, nullptr), CE_None);
+        for (int b = 1; b <= 3; ++b) {
+            for (int o = 0; o < ds->GetRasterBand(b)->GetOverviewCount(); ++o) {
+                GDALRasterBand* overview = ds->GetRasterBand(b)->GetOverview(o);
+                const int w = overview->GetXSize(), h = overview->GetYSize();
+                std::vector<GByte> dark(std::size_t(w) * std::size_t(h), 40);
+                QCOMPARE(overview->RasterIO(GF_Write, 0, 0, w, h, dark.data(), w, h, GDT_Byte, 0, 0),
+                         CE_None);
+            }
+        }
+    }
+    layer = HODynamicCast<HORasterLayer>(OpenLayer(HOString(path)));
+    QVERIFY(layer);
+    QCOMPARE(render({layer}, HORect(0, 10, 0, 10)).pixel(50, 50), qRgb(40, 40, 40));  // 10x smaller: overview
+    QCOMPARE(render({layer}, HORect(4, 5, 4, 5)).pixel(50, 50), qRgb(200, 200, 200));  // 1:1: full resolution
+
+    // A tenth of a degree around 117E 30N, drawn in Gauss-Kruger metres.
+    const double degrees[6] = {116.95, 0.001, 0, 30.05, 0, -0.001};
+    layer = openRaster(
+        "geographic.tif", 3, GDT_Byte, 4490, degrees,
+        [](int band, int, int) { return band == 1   ? 10.0
+                                        : band == 2 ? 120.0
+                                                    : 30.0; }, NAN, 100);
+    QVERIFY(layer);
+    HORefPtr<HOCoordinateSystem> gk = HOCoordinateSystem::FromEpsg(4509);
+    const HOPoint c = layer->GetExtentIn(gk).Center();
+    QVERIFY(std::abs(c.x - 500000.0) < 1.0);
+    QCOMPARE(render({layer}, HORect(c.x - 1000, c.x + 1000, c.y - 1000, c.y + 1000), gk).pixel(50, 50),
+             qRgb(10, 120, 30));
+    QCOMPARE(render({layer}, HORect(c.x + 20000, c.x + 22000, c.y, c.y + 2000), gk).pixel(50, 50), white);
+}
+
+void TestLayerRender::graphicsLocate_data() {
+    QTest::addColumn<HORefPtr<HOGeometry>>("shape");
+    QTest::addColumn<double>("markerSize");  // pixels; 0: not a marker style
+    QTest::addColumn<HOPoint>("point");
+    QTest::addColumn<double>("tolerance");
+    QTest::addColumn<double>("unitsPerPixel");  // of the display handed in; 0: none
+    QTest::addColumn<bool>("hit");
+    const auto point = geometry(HOGeometry::GeoPoint, {{{5, 5}}});
+    const auto line = geometry(HOGeometry::GeoLineString, {{{0, 0}, {10, 0}, {10, 10}}});
+    const auto holed = geometry(HOGeometry::GeoPolygon,
+                                {{{0, 0}, {10, 0}, {10, 10}, {0, 10}}, {{3, 3}, {7, 3}, {7, 7}, {3, 7}}});
+    QTest::newRow("point within tolerance") << point << 0.0 << HOPoint(5.3, 5.3) << 0.5 << 0.0 << true;
+    QTest::newRow("point beyond tolerance") << point << 0.0 << HOPoint(5.4, 5.4) << 0.5 << 0.0 << false;
+    // A 10-pixel marker at 0.1 units per pixel reaches 0.5 units further.
+    QTest::newRow("on the marker symbol") << point << 10.0 << HOPoint(5.55, 5.0) << 0.1 << 0.1 << true;
+    QTest::newRow("beyond the marker symbol") << point << 10.0 << HOPoint(5.65, 5.0) << 0.1 << 0.1 << false;
+    QTest::newRow("marker size unknown without a display")
+        << point << 10.0 << HOPoint(5.55, 5.0) << 0.1 << 0.0 << false;
+    QTest::newRow("near the second segment") << line << 0.0 << HOPoint(10.2, 5) << 0.25 << 0.0 << true;
+    QTest::newRow("the open side of a path") << line << 0.0 << HOPoint(5, 5) << 0.25 << 0.0 << false;
+    QTest::newRow("past a path's end") << line << 0.0 << HOPoint(-0.3, 0) << 0.25 << 0.0 << false;
+    QTest::newRow("inside a polygon") << holed << 0.0 << HOPoint(1, 1) << 0.0 << 0.0 << true;
+    QTest::newRow("in a polygon's hole") << holed << 0.0 << HOPoint(5, 5) << 0.0 << 0.0 << false;
+    QTest::newRow("near the hole's edge") << holed << 0.0 << HOPoint(5, 6.9) << 0.2 << 0.0 << true;
+    QTest::newRow("near the closing edge") << holed << 0.0 << HOPoint(-0.1, 5) << 0.2 << 0.0 << true;
+}
+
+void TestLayerRender::graphicsLocate() {
+    QFETCH(HORefPtr<HOGeometry>, shape);
+    QFETCH(double, markerSize);
+    QFETCH(HOPoint, point);
+    QFETCH(double, tolerance);
+    QFETCH(double, unitsPerPixel);
+    QFETCH(bool, hit);
+    HORefPtr<HOGraphicsLayer> layer(new HOGraphicsLayer);
+    const int id = layer->AddElement(
+        shape, markerSize > 0 ? HOStyle::NewMarker(HOStyle::Circle, markerSize, HOColor(255, 0, 0))
+                              : HOStyle::NewLine(1, HOColor(0, 0, 0)));
+    HODisplay display;
+    HODisplayTransform transform;
+    transform.unitsPerPixel = unitsPerPixel;
+    display.SetDisplayTransform(transform);
+    const auto found = layer->LocateElements(point, tolerance, unitsPerPixel > 0 ? &display : nullptr);
+    QCOMPARE(found.size(), std::size_t(hit ? 1 : 0));
+    if (hit) QCOMPARE(found[0]->GetID(), id);
+}
+
+void TestLayerRender::graphicsDrawAndSelect() {
+    HORefPtr<HOGraphicsLayer> layer(new HOGraphicsLayer);
+    // A 10 x 10 square with a 4 x 4 hole, a line along y = 9, a marker at (5, 5): ten pixels per unit.
+    layer->AddElement(geometry(HOGeometry::GeoPolygon,
+                               {{{0, 0}, {10, 0}, {10, 10}, {0, 10}}, {{3, 3}, {7, 3}, {7, 7}, {3, 7}}}),
+                      HOStyle::NewFill(HOColor(0, 255, 0), HOColor(0, 0, 0), 0));
+    const int line = layer->AddElement(geometry(HOGeometry::GeoLineString, {{{0, 9}, {10, 9}}}),
+                                       HOStyle::NewLine(3, HOColor(0, 0, 255)));
+    const int marker = layer->AddElement(geometry(HOGeometry::GeoPoint, {{{5, 5}}}),
+                                         HOStyle::NewMarker(HOStyle::Square, 8, HOColor(255, 0, 0)));
+    const HORect extent(0, 10, 0, 10);
+    QCOMPARE(layer->GetExtent(), extent);
+    const auto found = layer->LocateElements(HOPoint(1, 9), 0.1);  // topmost first
+    QCOMPARE(found.size(), std::size_t(2));
+    QCOMPARE(found[0]->GetID(), line);
+    QImage image = render({layer}, extent);
+    QCOMPARE(image.pixel(15, 85), qRgb(0, 255, 0));  // (1.5, 1.5): filled
+    QCOMPARE(image.pixel(38, 38), white);            // (3.8, 6.2): in the hole
+    QCOMPARE(image.pixel(50, 10), blue);             // on the line at y = 9
+    QCOMPARE(image.pixel(50, 50), red);              // the marker at (5, 5)
+
+    layer->SelectElement(line, true);
+    layer->SelectElement(marker, true);
+    QCOMPARE(layer->GetSelectedIds(), (std::vector<int>{line, marker}));
+    QCOMPARE(render({layer}, extent).pixel(20, 10), qRgb(0, 255, 255));  // the highlight covers the line
+    layer->RemoveElement(marker);
+    QCOMPARE(layer->GetSelectedIds(), std::vector<int>{line});
+    layer->ClearSelection();
+    QVERIFY(layer->GetSelectedIds().empty());
+    QCOMPARE(render({layer}, extent).pixel(20, 10), blue);
 }
 
 QTEST_MAIN(TestLayerRender)

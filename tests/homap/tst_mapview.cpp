@@ -1,5 +1,5 @@
-// Navigation of a map view: the display transform, fitting an extent, true scales in metres, feet and
-// degrees, zooming about a point, the wheel, and the bound/scale signals firing only on real change.
+// Navigation of a map view (display transform, true scales, zoom about a point, change signals), the
+// map's layer list and extent, and the groups of the view manager.
 #include <QtTest>
 
 #include "HOCoordinateSystem.h"
@@ -7,6 +7,7 @@
 #include "HOMap.h"
 #include "HOMapScale.h"
 #include "HOMapView.h"
+#include "HOMapViewManager.h"
 #include "HOSignalCounter.h"
 #include "HOTestPrinters.h"
 #include "HOTestRectLayer.h"
@@ -15,54 +16,75 @@ using namespace HXObjects;
 
 Q_DECLARE_METATYPE(HOSize)
 
+namespace {
+
+HORefPtr<HOMapView> viewOf(const HOSize& size, const HORect& extent) {
+    HORefPtr<HOMapView> view(new HOMapView("test"));
+    view->SetSize(size);
+    view->SetExtent(extent);
+    return view;
+}
+
+HORefPtr<HOMap> mapOf(const QString& names) {
+    HORefPtr<HOMap> map(new HOMap);
+    for (const QChar name : names) {
+        HORefPtr<HOLayer> layer(new HOTestRectLayer(HORect(0, 1, 0, 1), Qt::red));
+        layer->SetName(QString(name));
+        map->AddLayer(layer);
+    }
+    return map;
+}
+
+QString namesOf(const HOMap& map) {
+    QString names;
+    for (const auto& layer : map.GetLayers(true)) names += layer->GetName().toQString();
+    return names;
+}
+
+}  // namespace
+
 class tst_MapView : public QObject {
     Q_OBJECT
-
-private:
-    static HORefPtr<HOMapView> viewOf(const HOSize& size, const HORect& extent) {
-        HORefPtr<HOMapView> view(new HOMapView("test"));
-        view->SetSize(size);
-        view->SetExtent(extent);
-        return view;
-    }
 
 private slots:
     void displayTransform_data();
     void displayTransform();
-    void extentIsExactToTheLastPixel();
     void scale_data();
     void scale();
-    void setScaleKeepsCentre();
-    void zoomAboutPoint_data();
-    void zoomAboutPoint();
-    void wheel_data();
-    void wheel();
-    void zoomInAndOutByTwo();
+    void zoomKeepsThePoint_data();
+    void zoomKeepsThePoint();
     void signalsOnlyOnRealChange();
     void extentBeforeSizeIsFittedLater();
     void badInputIsANoOp();
-    void screenDisplayFollowsTheView();
+    void moveLayer_data();
+    void moveLayer();
+    void layerEditsSignalOnlyRealChange();
+    void systemAndUnitFollowTheFirstLayer();
+    void fullExtent_data();
+    void fullExtent();
+    void managerGroups();
 };
 
 void tst_MapView::displayTransform_data() {
     QTest::addColumn<HOSize>("size");
     QTest::addColumn<HORect>("extent");
     QTest::addColumn<HOPoint>("pixel");
-    QTest::addColumn<HOPoint>("expected");
-    // 200x100 showing 400x100: 2 units per pixel, the height grows to 200 about the centre (200, 50).
-    QTest::newRow("wide extent, origin")
-        << HOSize(200, 100) << HORect(0, 400, 0, 100) << HOPoint(0, 0) << HOPoint(0, 150);
-    QTest::newRow("wide extent, corner")
-        << HOSize(200, 100) << HORect(0, 400, 0, 100) << HOPoint(200, 100) << HOPoint(400, -50);
-    QTest::newRow("wide extent, inside")
-        << HOSize(200, 100) << HORect(0, 400, 0, 100) << HOPoint(50, 25) << HOPoint(100, 100);
+    QTest::addColumn<HOPoint>("expected");  // NaN: only the extent's corners are checked
+    // 200x100 showing 400x100: 2 units per pixel, the height grows to 200 about y = 50.
+    QTest::newRow("wide, corner") << HOSize(200, 100) << HORect(0, 400, 0, 100) << HOPoint(200, 100)
+                                  << HOPoint(400, -50);
+    QTest::newRow("wide, inside") << HOSize(200, 100) << HORect(0, 400, 0, 100) << HOPoint(50, 25)
+                                  << HOPoint(100, 100);
     // 100x100 showing 10x40: 0.4 per pixel, the width grows to 40 about x = 5.
-    QTest::newRow("tall extent, origin")
-        << HOSize(100, 100) << HORect(0, 10, 0, 40) << HOPoint(0, 0) << HOPoint(-15, 40);
-    QTest::newRow("tall extent, centre")
-        << HOSize(100, 100) << HORect(0, 10, 0, 40) << HOPoint(50, 50) << HOPoint(5, 20);
+    QTest::newRow("tall, origin") << HOSize(100, 100) << HORect(0, 10, 0, 40) << HOPoint(0, 0)
+                                  << HOPoint(-15, 40);
     QTest::newRow("projected metres") << HOSize(1000, 500) << HORect(500000, 510000, 3000000, 3005000)
                                       << HOPoint(250, 125) << HOPoint(502500, 3003750);
+    const HORect odd(123.456, 789.012, -45.5, 300.25);
+    const HOPoint none(qQNaN(), qQNaN());
+    QTest::newRow("odd size 1921x1081") << HOSize(1921, 1081) << odd << none << none;
+    QTest::newRow("odd size 3x7") << HOSize(3, 7) << odd << none << none;
+    QTest::newRow("one pixel") << HOSize(1, 1) << odd << none << none;
 }
 
 void tst_MapView::displayTransform() {
@@ -72,27 +94,17 @@ void tst_MapView::displayTransform() {
     QFETCH(HOPoint, expected);
     const auto view = viewOf(size, extent);
     const HODisplayTransform t = view->GetDisplayTransform();
-    QCOMPARE(t.deviceLeft, 0.0);
-    QCOMPARE(t.deviceTop, 0.0);
-    QCOMPARE(t.ToMap(pixel.x, pixel.y), expected);
-    const HOPoint back = t.ToDevice(expected);
-    QCOMPARE(back, pixel);
-}
-
-void tst_MapView::extentIsExactToTheLastPixel() {
-    // Odd sizes and a fractional origin: the reported extent's corners are exactly pixel (0, 0) and
-    // pixel (width, height) through the transform.
-    for (const HOSize size : {HOSize(1921, 1081), HOSize(3, 7), HOSize(1, 1)}) {
-        const auto view = viewOf(size, HORect(123.456, 789.012, -45.5, 300.25));
-        const HODisplayTransform t = view->GetDisplayTransform();
-        const HORect extent = view->GetExtent();
-        QCOMPARE(t.ToMap(0, 0), HOPoint(extent.minx, extent.maxy));
-        QCOMPARE(t.ToMap(size.width, size.height), HOPoint(extent.maxx, extent.miny));
-        // The asked-for extent fits inside (up to rounding), filling one direction.
-        const double e = 1e-9;
-        QVERIFY(extent.minx <= 123.456 + e && extent.maxx >= 789.012 - e);
-        QVERIFY(extent.miny <= -45.5 + e && extent.maxy >= 300.25 - e);
+    if (!std::isnan(expected.x)) {
+        QCOMPARE(t.ToMap(pixel.x, pixel.y), expected);
+        QCOMPARE(t.ToDevice(expected), pixel);
     }
+    // The reported extent is exactly pixel (0, 0) to pixel (width, height) and holds the asked-for one.
+    const HORect shown = view->GetExtent();
+    QCOMPARE(t.ToMap(0, 0), HOPoint(shown.minx, shown.maxy));
+    QCOMPARE(t.ToMap(size.width, size.height), HOPoint(shown.maxx, shown.miny));
+    const double e = 1e-9;
+    QVERIFY(shown.minx <= extent.minx + e && shown.maxx >= extent.maxx - e);
+    QVERIFY(shown.miny <= extent.miny + e && shown.maxy >= extent.maxy - e);
 }
 
 void tst_MapView::scale_data() {
@@ -122,37 +134,36 @@ void tst_MapView::scale() {
     view->SetMap(map);
     view->SetSize(1000, 500);
     view->SetExtent(HORect(0, 1000 * unitsPerPixel, 0, 500 * unitsPerPixel));
-    const double dpi = HOMapScale::ScreenDpi();
-    QVERIFY(qFuzzyCompare(view->GetScale(), denominatorAt96 * dpi / 96.0));
+    QVERIFY(qFuzzyCompare(view->GetScale(), denominatorAt96 * HOMapScale::ScreenDpi() / 96.0));
     view->StopRender(true);
 }
 
-void tst_MapView::setScaleKeepsCentre() {
-    const auto view = viewOf(HOSize(400, 300), HORect(1000, 2000, 5000, 6000));
-    const HOPoint centre = view->GetCenter();
-    view->SetScale(25000);
-    QVERIFY(qFuzzyCompare(view->GetScale(), 25000.0));
-    QCOMPARE(view->GetCenter(), centre);
-    const double metresPerPixel = 25000 * 0.0254 / HOMapScale::ScreenDpi();
-    QVERIFY(qFuzzyCompare(view->GetDisplayTransform().unitsPerPixel, metresPerPixel));
-}
-
-void tst_MapView::zoomAboutPoint_data() {
+void tst_MapView::zoomKeepsThePoint_data() {
+    QTest::addColumn<int>("wheelDelta");  // 0: ZoomByFactor about the point
     QTest::addColumn<double>("factor");
     QTest::addColumn<HOPoint>("pixel");
-    QTest::newRow("in about the top-left quarter") << 0.5 << HOPoint(100, 75);
-    QTest::newRow("out about a corner") << 2.0 << HOPoint(400, 300);
-    QTest::newRow("slightly in off-centre") << 0.9 << HOPoint(13, 287);
-    QTest::newRow("far out about the origin") << 16.0 << HOPoint(0, 0);
+    QTest::newRow("in about the top-left quarter") << 0 << 0.5 << HOPoint(100, 75);
+    QTest::newRow("out about a corner") << 0 << 2.0 << HOPoint(400, 300);
+    QTest::newRow("slightly in off-centre") << 0 << 0.9 << HOPoint(13, 287);
+    QTest::newRow("far out about the origin") << 0 << 16.0 << HOPoint(0, 0);
+    QTest::newRow("wheel notch forward") << 120 << 0.5 << HOPoint(321, 45);
+    QTest::newRow("wheel notch back") << -120 << 2.0 << HOPoint(321, 45);
+    QTest::newRow("wheel two notches") << 240 << 0.25 << HOPoint(321, 45);
+    QTest::newRow("touchpad step of 30") << 30 << 0.8408964152537145 << HOPoint(321, 45);  // 2^-0.25
+    QTest::newRow("fine step of -8") << -8 << 1.0472941228206267 << HOPoint(321, 45);      // 2^(8/120)
 }
 
-void tst_MapView::zoomAboutPoint() {
+void tst_MapView::zoomKeepsThePoint() {
+    QFETCH(int, wheelDelta);
     QFETCH(double, factor);
     QFETCH(HOPoint, pixel);
     const auto view = viewOf(HOSize(400, 300), HORect(0, 4000, 0, 3000));
     const double before = view->GetDisplayTransform().unitsPerPixel;
     const HOPoint fixed = view->GetDisplayTransform().ToMap(pixel.x, pixel.y);
-    view->ZoomByFactor(factor, &fixed);
+    if (wheelDelta)
+        view->Wheel(0, wheelDelta, int(pixel.x), int(pixel.y));
+    else
+        view->ZoomByFactor(factor, &fixed);
     const HODisplayTransform t = view->GetDisplayTransform();
     QVERIFY(qFuzzyCompare(t.unitsPerPixel, before * factor));
     const HOPoint after = t.ToDevice(fixed);
@@ -160,46 +171,10 @@ void tst_MapView::zoomAboutPoint() {
              QTest::toString(after));
 }
 
-void tst_MapView::wheel_data() {
-    QTest::addColumn<int>("delta");
-    QTest::addColumn<double>("factor");
-    QTest::newRow("one notch forward zooms in") << 120 << 0.5;
-    QTest::newRow("one notch back zooms out") << -120 << 2.0;
-    QTest::newRow("two notches") << 240 << 0.25;
-    QTest::newRow("touchpad step of 30") << 30 << 0.8408964152537145;         // 2^-0.25
-    QTest::newRow("high-resolution step of -8") << -8 << 1.0472941228206267;  // 2^(8/120)
-}
-
-void tst_MapView::wheel() {
-    QFETCH(int, delta);
-    QFETCH(double, factor);
-    const auto view = viewOf(HOSize(400, 300), HORect(0, 4000, 0, 3000));
-    const double before = view->GetDisplayTransform().unitsPerPixel;
-    const HOPoint underCursor = view->GetDisplayTransform().ToMap(321, 45);
-    view->Wheel(0, delta, 321, 45);
-    const HODisplayTransform t = view->GetDisplayTransform();
-    QVERIFY(qFuzzyCompare(t.unitsPerPixel, before * factor));
-    const HOPoint after = t.ToDevice(underCursor);
-    QVERIFY(std::abs(after.x - 321) < 1e-6 && std::abs(after.y - 45) < 1e-6);
-}
-
-void tst_MapView::zoomInAndOutByTwo() {
-    const auto view = viewOf(HOSize(400, 300), HORect(0, 4000, 0, 3000));
-    const double scale = view->GetScale();
-    const HOPoint centre = view->GetCenter();
-    view->ZoomIn();
-    QVERIFY(qFuzzyCompare(view->GetScale(), scale / 2));
-    view->ZoomOut();
-    view->ZoomOut();
-    QVERIFY(qFuzzyCompare(view->GetScale(), scale * 2));
-    QCOMPARE(view->GetCenter(), centre);
-}
-
 void tst_MapView::signalsOnlyOnRealChange() {
     const auto view = viewOf(HOSize(400, 300), HORect(0, 400, 0, 300));
     HOSignalCounter bound(view->BoundChangedSignal);
     HOSignalCounter scale(view->ScaleChangedSignal);
-
     view->SetExtent(HORect(0, 400, 0, 300));  // the same place
     view->SetScale(view->GetScale());
     QCOMPARE(bound.count.load(), 0);
@@ -211,18 +186,21 @@ void tst_MapView::signalsOnlyOnRealChange() {
     view->EndPan(10, 0);
     QCOMPARE(bound.count.load(), 1);
     QCOMPARE(scale.count.load(), 0);
-
+    const HOPoint centre = view->GetCenter();
     view->ZoomIn();
     QCOMPARE(bound.count.load(), 2);
     QCOMPARE(scale.count.load(), 1);
-
+    view->SetScale(25000);
+    QVERIFY(
+        qFuzzyCompare(view->GetDisplayTransform().unitsPerPixel, 25000 * 0.0254 / HOMapScale::ScreenDpi()));
+    QCOMPARE(view->GetCenter(), centre);
     view->SetSize(800, 300);  // more of the map shows at the same scale
-    QCOMPARE(bound.count.load(), 3);
-    QCOMPARE(scale.count.load(), 1);
-
-    QCOMPARE(bound.nullEvents.load(), 0);
-    QCOMPARE(scale.nullEvents.load(), 0);
+    QCOMPARE(bound.count.load(), 4);
+    QCOMPARE(scale.count.load(), 2);
+    QCOMPARE(bound.nullEvents + scale.nullEvents, 0);
     QCOMPARE(bound.lastSender.load(), static_cast<void*>(view.get()));
+    QVERIFY(view->GetScreenDisplay()->GetDisplayTransform() == view->GetDisplayTransform());
+    QCOMPARE(view->GetScreenDisplay()->GetDeviceSize(), HOSize(800, 300));
 }
 
 void tst_MapView::extentBeforeSizeIsFittedLater() {
@@ -239,9 +217,8 @@ void tst_MapView::badInputIsANoOp() {
     const auto view = viewOf(HOSize(400, 300), HORect(0, 400, 0, 300));
     HOSignalCounter bound(view->BoundChangedSignal);
     const HORect before = view->GetExtent();
-
-    view->SetExtent(HORect(5, 5, 0, 10));  // zero width
-    view->SetExtent(HORect(0, 10, 3, 3));  // zero height
+    view->SetExtent(HORect(5, 5, 0, 10));
+    view->SetExtent(HORect(0, 10, 3, 3));
     view->SetExtent(HORect(0, qQNaN(), 0, 10));
     view->SetScale(0);
     view->SetScale(-5);
@@ -251,7 +228,7 @@ void tst_MapView::badInputIsANoOp() {
     QCOMPARE(view->GetExtent(), before);
     QCOMPARE(bound.count.load(), 0);
 
-    // A view of no size draws nothing and reports no scale.
+    // A view of no size draws nothing and reports no scale; without a map nothing renders or hangs.
     view->SetSize(0, 0);
     QCOMPARE(view->GetScale(), 0.0);
     HORefPtr<HOGraphics> surface(new HOGraphics);
@@ -260,21 +237,125 @@ void tst_MapView::badInputIsANoOp() {
     view->Draw(surface);
     QCOMPARE(surface->Image().pixel(5, 5), qRgb(1, 2, 3));
     view->Draw(nullptr);
-
-    // No map: nothing renders, nothing hangs.
     view->SetSize(400, 300);
     view->RefreshMap(false, HORect());
     view->ZoomToFullExtent();
     QVERIFY(!view->IsRendering());
 }
 
-void tst_MapView::screenDisplayFollowsTheView() {
-    const auto view = viewOf(HOSize(400, 300), HORect(0, 400, 0, 300));
-    view->ZoomIn();
-    HODisplay* display = view->GetScreenDisplay();
-    QVERIFY(display);
-    QVERIFY(display->GetDisplayTransform() == view->GetDisplayTransform());
-    QCOMPARE(display->GetDeviceSize(), HOSize(400, 300));
+void tst_MapView::moveLayer_data() {
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("to");
+    QTest::addColumn<QString>("expected");
+    QTest::addColumn<int>("changes");
+    QTest::newRow("first to last") << 0 << 3 << "BCDA" << 1;
+    QTest::newRow("last to first") << 3 << 0 << "DABC" << 1;
+    QTest::newRow("one down") << 1 << 2 << "ACBD" << 1;
+    QTest::newRow("past the end clamps") << 0 << 99 << "BCDA" << 1;
+    QTest::newRow("negative clamps") << 2 << -5 << "CABD" << 1;
+    QTest::newRow("to its own place") << 1 << 1 << "ABCD" << 0;
+}
+
+void tst_MapView::moveLayer() {
+    QFETCH(int, from);
+    QFETCH(int, to);
+    const auto map = mapOf("ABCD");
+    HOSignalCounter changed(map->LayersChangedSignal);
+    map->MoveLayer(map->GetLayers(true)[std::size_t(from)], to);
+    QTEST(namesOf(*map), "expected");
+    QTEST(changed.count.load(), "changes");
+}
+
+void tst_MapView::layerEditsSignalOnlyRealChange() {
+    const auto map = mapOf("AB");
+    HOSignalCounter changed(map->LayersChangedSignal);
+    const HORefPtr<HOLayer> a = map->GetLayers(true)[0];
+    map->AddLayer(a);  // already there
+    map->AddLayer(nullptr);
+    map->SetLayerVisible(a, true);  // already visible
+    QCOMPARE(map->GetLayerCount(), 2);
+    QCOMPARE(changed.count.load(), 0);
+    map->SetLayerVisible(a, false);
+    QVERIFY(!a->IsVisible());
+    QCOMPARE(changed.count.load(), 1);
+
+    map->RemoveLayer(a);
+    QCOMPARE(namesOf(*map), QString("B"));
+    map->RemoveLayer(a);  // no longer there
+    HORefPtr<HOLayer> stranger(new HOTestRectLayer(HORect(0, 1, 0, 1), Qt::red));
+    map->MoveLayer(stranger, 0);
+    QCOMPARE(changed.count.load(), 2);
+    QCOMPARE(a->RefCount(), 1);  // the map let go of it
+    QCOMPARE(changed.nullEvents.load(), 0);
+    QCOMPARE(changed.lastSender.load(), static_cast<void*>(map.get()));
+}
+
+void tst_MapView::systemAndUnitFollowTheFirstLayer() {
+    HORefPtr<HOMap> map(new HOMap);
+    QVERIFY(!map->GetSpatialReference());
+    QCOMPARE(map->GetMapDisplayUnit(), HOUnitMeter);
+    const auto wgs84 = HOCoordinateSystem::FromEpsg(4326);
+    const auto mercator = HOCoordinateSystem::FromEpsg(3857);
+    map->AddLayer(new HOTestRectLayer(HORect(0, 1, 0, 1), Qt::red));  // without a system
+    map->AddLayer(new HOTestRectLayer(HORect(0, 1, 0, 1), Qt::red, wgs84));
+    map->AddLayer(new HOTestRectLayer(HORect(0, 1, 0, 1), Qt::red, mercator));
+    QCOMPARE(map->GetSpatialReference().get(), wgs84.get());
+    QCOMPARE(map->GetMapDisplayUnit(), HOUnitDegree);  // the system's until one is chosen
+
+    HOSignalCounter changed(map->LayersChangedSignal);
+    map->SetSpatialReference(mercator);
+    map->SetSpatialReference(mercator);
+    QCOMPARE(map->GetSpatialReference().get(), mercator.get());
+    QCOMPARE(changed.count.load(), 1);
+}
+
+void tst_MapView::fullExtent_data() {
+    QTest::addColumn<QList<HORect>>("layers");
+    QTest::addColumn<int>("hidden");  // index of a hidden layer, -1 for none
+    QTest::addColumn<HORect>("expected");
+    const QList<HORect> two{HORect(1, 2, 3, 4), HORect(-5, 0, 3.5, 10)};
+    QTest::newRow("no layers") << QList<HORect>() << -1 << HORect();
+    QTest::newRow("union") << two << -1 << HORect(-5, 2, 3, 10);
+    QTest::newRow("hidden layers do not count") << two << 1 << HORect(1, 2, 3, 4);
+    QTest::newRow("a point is widened")
+        << QList<HORect>{HORect(7, 7, 8, 8)} << -1 << HORect(6.5, 7.5, 7.5, 8.5);
+    QTest::newRow("a line is widened") << QList<HORect>{HORect(0, 10, 5, 5)} << -1 << HORect(0, 10, 0, 10);
+    QTest::newRow("inverted is ignored") << QList<HORect>{HORect(2, 1, 0, 1)} << -1 << HORect();
+}
+
+void tst_MapView::fullExtent() {
+    QFETCH(QList<HORect>, layers);
+    QFETCH(int, hidden);
+    HORefPtr<HOMap> map(new HOMap);
+    for (int i = 0; i < layers.size(); ++i) {
+        HORefPtr<HOLayer> layer(new HOTestRectLayer(layers[i], Qt::red));
+        layer->SetVisible(i != hidden);
+        map->AddLayer(layer);
+    }
+    QTEST(map->GetFullExtent(), "expected");
+}
+
+void tst_MapView::managerGroups() {
+    HOMapViewManager* manager = HOMapViewManager::GetInstance();
+    const int a = manager->addGroup();
+    const int b = manager->addGroup();
+    QCOMPARE(manager->currentGroup(), b);
+    manager->setCurrentGroup(a);
+    HOMapView* first = manager->addView("first");
+    HOMapView* second = manager->addView("second");
+    QCOMPARE(manager->views(a), (std::vector<HOMapView*>{first, second}));
+    QVERIFY(manager->views(b).empty());
+    QCOMPARE(manager->activeView(a), first);
+    manager->activate(second);
+    QCOMPARE(manager->activeView(a), second);
+    QCOMPARE(manager->activeView(b), static_cast<HOMapView*>(nullptr));  // activation stays in its group
+
+    manager->removeGroup(a);
+    manager->removeGroup(a);  // twice: nothing
+    QVERIFY(!manager->hasGroup(a) && manager->views(a).empty());
+    QCOMPARE(manager->activeView(a), static_cast<HOMapView*>(nullptr));
+    QCOMPARE(manager->addView("orphan"), static_cast<HOMapView*>(nullptr));  // no current group any more
+    manager->removeGroup(b);
 }
 
 QTEST_MAIN(tst_MapView)

@@ -1,17 +1,21 @@
-// Rendering of a map view: layers drawn on the worker in map order, the moved and scaled preview while
-// a new picture renders, cancelling (StopRender, a new extent, the track-cancel object), pausing,
-// one-layer refreshes, the debounced resize, throttled redraws from the worker, unbinding while the
-// worker fires, and what Draw adds on top (graphics layer, tool drawing, flashing geometry).
+// Rendering of a map view: layers in map order on the worker, the moved and scaled preview, every way a
+// render is cancelled, pausing, one-layer refreshes, the debounced resize, throttled redraws, unbinding
+// while the worker fires, and what Draw adds on top.
 #include <QElapsedTimer>
 #include <QPainter>
+#include <QTemporaryDir>
 #include <QtTest>
+#include <optional>
 #include <thread>
 
+#include "HOFeatureLayer.h"
 #include "HOGraphics.h"
 #include "HOGraphicsLayer.h"
+#include "HOLayerFixture.h"
 #include "HOMap.h"
 #include "HOMapRulerAndGrid.h"
 #include "HOMapView.h"
+#include "HOMapViewManager.h"
 #include "HOSignalCounter.h"
 #include "HOTestPrinters.h"
 #include "HOTestRectLayer.h"
@@ -21,10 +25,8 @@ using namespace HXObjects;
 
 namespace {
 
-constexpr int kRenderTimeout = 5000;
-const QRgb kWhite = qRgb(255, 255, 255);
-const QRgb kRed = qRgb(255, 0, 0);
-const QRgb kBlue = qRgb(0, 0, 255);
+constexpr int kTimeout = 5000;
+const QRgb kWhite = qRgb(255, 255, 255), kRed = qRgb(255, 0, 0), kBlue = qRgb(0, 0, 255);
 
 QImage drawn(HOMapView* view, int width = 100, int height = 100) {
     HORefPtr<HOGraphics> surface(new HOGraphics);
@@ -33,6 +35,27 @@ QImage drawn(HOMapView* view, int width = 100, int height = 100) {
     view->Draw(surface);
     return surface->Image().copy();
 }
+
+// A 100x100 view of (0, 100, 0, 100), one pixel per unit, over a map of rectangle layers.
+struct Scene {
+    explicit Scene(std::vector<std::pair<HORect, QColor>> rects, int renderMs = 0,
+                   HORefPtr<HOMapView> v = new HOMapView("render"))
+        : map(new HOMap), view(std::move(v)) {
+        for (const auto& [rect, color] : rects) {
+            layers.emplace_back(new HOTestRectLayer(rect, color));
+            layers.back()->renderMs = renderMs;
+            map->AddLayer(layers.back());
+        }
+        view->SetSize(100, 100);
+        view->SetMap(map);
+        view->SetExtent(HORect(0, 100, 0, 100));
+    }
+    bool idle() const { return !view->IsRendering(); }
+    HORefPtr<HOMap> map;
+    HORefPtr<HOMapView> view;
+    std::vector<HORefPtr<HOTestRectLayer>> layers;
+};
+const std::vector<std::pair<HORect, QColor>> kFullRed{{HORect(0, 100, 0, 100), Qt::red}};
 
 // A tool whose temporary drawing is a 3x3 magenta square at a map point.
 class MarkTool : public HOTool {
@@ -50,69 +73,37 @@ public:
 class tst_MapViewRender : public QObject {
     Q_OBJECT
 
-private:
-    // A 100x100 view of (0, 100, 0, 100): one pixel per map unit, y flipped.
-    static HORefPtr<HOMapView> viewOf(HOMap* map) {
-        HORefPtr<HOMapView> view(new HOMapView("render"));
-        view->SetSize(100, 100);
-        view->SetMap(map);
-        view->SetExtent(HORect(0, 100, 0, 100));
-        return view;
-    }
-    // A map of one rectangle layer (taking `renderMs` per render) in such a view.
-    struct Scene {
-        Scene(const HORect& rect, const QColor& color, int renderMs = 0)
-            : map(new HOMap), layer(new HOTestRectLayer(rect, color)) {
-            layer->renderMs = renderMs;
-            map->AddLayer(layer);
-            view = viewOf(map);
-        }
-        HORefPtr<HOMap> map;
-        HORefPtr<HOTestRectLayer> layer;
-        HORefPtr<HOMapView> view;
-    };
-
 private slots:
     void rendersLayersInMapOrder();
     void firstLayerOfAnEmptyMapIsFittedAndRendered();
     void previewWhileRendering_data();
     void previewWhileRendering();
-    void stopRenderCancelsQuicklyAndANewRenderCompletes();
-    void newExtentCancelsTheRunningRender();
-    void trackCancelStopsTheRender();
+    void cancelStopsQuicklyAndANewRenderCompletes_data();
+    void cancelStopsQuicklyAndANewRenderCompletes();
     void pauseHoldsRendering();
     void refreshRendersOnlyThatLayer();
     void resizeDragRendersOnce();
     void redrawsAreThrottledAndFromTheWorker();
     void unbindWhileTheWorkerFires();
-    void destroyWhileRendering();
-    void drawAddsGraphicsAndToolDrawing();
+    void drawAddsGraphicsToolAndGrid();
     void flashingDoesNotBlock();
-    void gridShowsAfterARedrawRequest();
     void middleButtonDragPans();
-    void composeAt1080p();
+    void rendersAndSelectsAFeatureLayer();
 };
 
 void tst_MapViewRender::rendersLayersInMapOrder() {
-    HORefPtr<HOMap> map(new HOMap);
-    HORefPtr<HOTestRectLayer> red(new HOTestRectLayer(HORect(0, 50, 0, 100), Qt::red));
-    HORefPtr<HOTestRectLayer> blue(new HOTestRectLayer(HORect(25, 100, 0, 100), Qt::blue));
-    map->AddLayer(red);
-    map->AddLayer(blue);
-    const auto view = viewOf(map);
-    HOSignalCounter finished(view->RenderFinishedSignal);
-    QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering() && finished.count > 0, kRenderTimeout);
-    QImage image = drawn(view);
+    Scene s({{HORect(0, 50, 0, 100), Qt::red}, {HORect(25, 100, 0, 100), Qt::blue}});
+    HOSignalCounter finished(s.view->RenderFinishedSignal);
+    QTRY_VERIFY_WITH_TIMEOUT(s.idle() && finished.count > 0, kTimeout);
+    QImage image = drawn(s.view);
     QCOMPARE(image.pixel(10, 50), kRed);
     QCOMPARE(image.pixel(40, 50), kBlue);  // drawn later, on top
-    QCOMPARE(image.pixel(90, 50), kBlue);
 
     finished.reset();
-    map->MoveLayer(blue, 0);
-    QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering() && finished.count > 0, kRenderTimeout);
-    image = drawn(view);
-    QCOMPARE(image.pixel(40, 50), kRed);
-    QCOMPARE(red->renders.load(), 1);  // a new order needs no new pictures
+    s.map->MoveLayer(s.layers[1], 0);
+    QTRY_VERIFY_WITH_TIMEOUT(s.idle() && finished.count > 0, kTimeout);
+    QCOMPARE(drawn(s.view).pixel(40, 50), kRed);
+    QCOMPARE(s.layers[0]->renders.load(), 1);  // a new order needs no new pictures
     QCOMPARE(finished.nullEvents.load(), 0);
 }
 
@@ -121,13 +112,11 @@ void tst_MapViewRender::firstLayerOfAnEmptyMapIsFittedAndRendered() {
     HORefPtr<HOMapView> view(new HOMapView);
     view->SetMap(map);
     view->SetSize(100, 100);
-    QVERIFY(view->GetExtent().IsEmpty());
-    QVERIFY(!view->IsRendering());
+    QVERIFY(view->GetExtent().IsEmpty() && !view->IsRendering());
     QCOMPARE(drawn(view).pixel(50, 50), kWhite);
-
     map->AddLayer(new HOTestRectLayer(HORect(1000, 1200, 500, 600), Qt::red));
     QCOMPARE(view->GetExtent(), HORect(1000, 1200, 450, 650));
-    QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
+    QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kTimeout);
     QCOMPARE(drawn(view).pixel(50, 50), kRed);
     QCOMPARE(drawn(view).pixel(50, 10), kWhite);
 }
@@ -138,10 +127,8 @@ void tst_MapViewRender::previewWhileRendering_data() {
     QTest::addColumn<QPoint>("whitePixel");
     // The red square covers pixels 25..75. Zoomed in twice about the centre it fills the view.
     QTest::newRow("zoom in") << "zoom in" << QPoint(1, 1) << QPoint(-1, -1);
-    // Zoomed out it shrinks to 37.5..62.5.
-    QTest::newRow("zoom out") << "zoom out" << QPoint(40, 40) << QPoint(35, 35);
-    // Panned 30 pixels right it moves to 55..105.
-    QTest::newRow("pan in progress") << "pan" << QPoint(60, 50) << QPoint(50, 50);
+    QTest::newRow("zoom out") << "zoom out" << QPoint(40, 40) << QPoint(35, 35);    // 37.5..62.5
+    QTest::newRow("pan in progress") << "pan" << QPoint(60, 50) << QPoint(50, 50);  // 55..105
     QTest::newRow("pan ended") << "end pan" << QPoint(60, 50) << QPoint(50, 50);
 }
 
@@ -149,313 +136,261 @@ void tst_MapViewRender::previewWhileRendering() {
     QFETCH(QString, move);
     QFETCH(QPoint, redPixel);
     QFETCH(QPoint, whitePixel);
-    const Scene scene(HORect(25, 75, 25, 75), Qt::red);
-    const auto& [map, layer, view] = scene;
-    QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
-
-    layer->renderMs = 10000;  // the new picture will not be ready while we look
-    if (move == "zoom in") view->ZoomIn();
-    if (move == "zoom out") view->ZoomOut();
+    Scene s({{HORect(25, 75, 25, 75), Qt::red}});
+    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
+    s.layers[0]->renderMs = 10000;  // the new picture will not be ready while we look
+    if (move == "zoom in") s.view->ZoomIn();
+    if (move == "zoom out") s.view->ZoomOut();
     if (move.contains("pan")) {
-        view->BeginPan();
-        view->PanTo(30, 0);
+        s.view->BeginPan();
+        s.view->PanTo(30, 0);
     }
-    if (move == "end pan") view->EndPan(30, 0);
-    const QImage image = drawn(view);
+    if (move == "end pan") s.view->EndPan(30, 0);
+    const QImage image = drawn(s.view);
     QCOMPARE(image.pixel(redPixel), kRed);
     if (image.valid(whitePixel)) QCOMPARE(image.pixel(whitePixel), kWhite);
-    view->StopRender(true);
+    s.view->StopRender(true);
 }
 
-void tst_MapViewRender::stopRenderCancelsQuicklyAndANewRenderCompletes() {
-    const Scene scene(HORect(0, 100, 0, 100), Qt::red, 10000);
-    const auto& [map, layer, view] = scene;
-    HOSignalCounter finished(view->RenderFinishedSignal);
-    QTRY_VERIFY_WITH_TIMEOUT(layer->renders > 0, kRenderTimeout);
-    QVERIFY(view->IsRendering());
-
-    QElapsedTimer timer;
-    timer.start();
-    view->StopRender(true);
-    const double latencyMs = timer.nsecsElapsed() / 1e6;
-    qInfo("StopRender(true) returned %.2f ms after a render was cancelled mid-way", latencyMs);
-    QVERIFY2(latencyMs < 200, qPrintable(QString::number(latencyMs)));
-    QVERIFY(!view->IsRendering());
-    QCOMPARE(layer->cancelled.load(), 1);
-    QCOMPARE(finished.count.load(), 0);
-
-    layer->renderMs = 0;
-    view->RefreshMap(false, HORect());
-    QTRY_COMPARE_WITH_TIMEOUT(finished.count.load(), 1, kRenderTimeout);
-    QCOMPARE(drawn(view).pixel(50, 50), kRed);
+void tst_MapViewRender::cancelStopsQuicklyAndANewRenderCompletes_data() {
+    QTest::addColumn<QString>("how");
+    QTest::addColumn<int>("limitMs");
+    QTest::newRow("StopRender") << "stop" << 200;
+    QTest::newRow("a new extent") << "extent" << 2000;
+    QTest::newRow("the track-cancel object") << "track" << 1000;
+    QTest::newRow("the view destroyed") << "destroy" << 500;
+    QTest::newRow("its manager group removed") << "group" << 1000;
 }
 
-void tst_MapViewRender::newExtentCancelsTheRunningRender() {
-    const Scene scene(HORect(0, 100, 0, 100), Qt::red, 10000);
-    const auto& [map, layer, view] = scene;
-    HOSignalCounter finished(view->RenderFinishedSignal);
-    QTRY_VERIFY_WITH_TIMEOUT(layer->renders > 0, kRenderTimeout);
+void tst_MapViewRender::cancelStopsQuicklyAndANewRenderCompletes() {
+    QFETCH(QString, how);
+    QFETCH(int, limitMs);
+    HOMapViewManager* manager = HOMapViewManager::GetInstance();
+    const int group = how == "group" ? manager->addGroup() : 0;
+    Scene s(kFullRed, 10000, how == "group" ? manager->addView("slow") : new HOMapView);
+    const auto& layer = s.layers[0];
+    std::optional<HOSignalCounter> counter;
+    HOSignalCounter& finished = counter.emplace(s.view->RenderFinishedSignal);
+    QTRY_VERIFY_WITH_TIMEOUT(layer->renders > 0, kTimeout);
+    QVERIFY(s.view->IsRendering());
     const int started = layer->renders;
 
-    layer->renderMs = 0;
     QElapsedTimer timer;
     timer.start();
-    view->SetExtent(HORect(50, 150, 0, 100));
-    QTRY_COMPARE_WITH_TIMEOUT(finished.count.load(), 1, kRenderTimeout);
-    QVERIFY(timer.elapsed() < 2000);
+    if (how == "stop") s.view->StopRender(true);
+    if (how == "extent") {
+        layer->renderMs = 0;
+        s.view->SetExtent(HORect(50, 150, 0, 100));
+    }
+    if (how == "track") s.view->GetTrackCancel()->Cancel();
+    if (how == "group") manager->removeGroup(group);
+    if (how == "destroy") {
+        counter.reset();
+        s.view = nullptr;
+        QVERIFY(timer.elapsed() < limitMs);
+        QCOMPARE(layer->cancelled.load(), 1);
+        QCOMPARE(s.map->LayersChangedSignal.count(), 0);  // the view let go of the map
+        return;
+    }
+    QTRY_VERIFY_WITH_TIMEOUT(how == "extent" ? finished.count > 0 : s.idle(), limitMs);
+    qInfo("cancelled after %lld ms", timer.elapsed());
+    QVERIFY2(timer.elapsed() < limitMs, qPrintable(QString::number(timer.elapsed())));
     QCOMPARE(layer->cancelled.load(), 1);
+    if (how == "group") {
+        QCOMPARE(s.view->RefCount(), 1);  // only ours is left
+        return;
+    }
+    layer->renderMs = 0;
+    if (how != "extent") {
+        QCOMPARE(finished.count.load(), 0);
+        s.view->RefreshMap(false, HORect());
+    }
+    QTRY_COMPARE_WITH_TIMEOUT(finished.count.load(), 1, kTimeout);
     QCOMPARE(layer->renders.load(), started + 1);
-    const QImage image = drawn(view);
+    const QImage image = drawn(s.view);
     QCOMPARE(image.pixel(25, 50), kRed);
-    QCOMPARE(image.pixel(75, 50), kWhite);  // beyond x = 100
-}
-
-void tst_MapViewRender::trackCancelStopsTheRender() {
-    const Scene scene(HORect(0, 100, 0, 100), Qt::red, 10000);
-    const auto& [map, layer, view] = scene;
-    HOSignalCounter finished(view->RenderFinishedSignal);
-    QTRY_VERIFY_WITH_TIMEOUT(layer->renders > 0, kRenderTimeout);
-    view->GetTrackCancel()->Cancel();
-    QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), 1000);
-    QCOMPARE(layer->cancelled.load(), 1);
-    QCOMPARE(finished.count.load(), 0);
+    QCOMPARE(image.pixel(75, 50), how == "extent" ? kWhite : kRed);  // beyond x = 100 after the move
 }
 
 void tst_MapViewRender::pauseHoldsRendering() {
-    const Scene scene(HORect(0, 100, 0, 100), Qt::red);
-    const auto& [map, layer, view] = scene;
-    QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
-    const int before = layer->renders;
-
-    view->PauseRender();
-    view->RefreshMap(false, HORect());
+    Scene s(kFullRed);
+    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
+    const int before = s.layers[0]->renders;
+    s.view->PauseRender();
+    s.view->RefreshMap(false, HORect());
     QTest::qWait(300);
-    QCOMPARE(layer->renders.load(), before);
-    QVERIFY(view->IsRendering());  // waiting to render
-
-    view->ResumeRender();
-    QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
-    QCOMPARE(layer->renders.load(), before + 1);
+    QCOMPARE(s.layers[0]->renders.load(), before);
+    QVERIFY(s.view->IsRendering());  // waiting to render
+    s.view->ResumeRender();
+    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
+    QCOMPARE(s.layers[0]->renders.load(), before + 1);
 }
 
 void tst_MapViewRender::refreshRendersOnlyThatLayer() {
-    HORefPtr<HOMap> map(new HOMap);
-    HORefPtr<HOTestRectLayer> a(new HOTestRectLayer(HORect(0, 50, 0, 100), Qt::red));
-    HORefPtr<HOTestRectLayer> b(new HOTestRectLayer(HORect(50, 100, 0, 100), Qt::blue));
-    map->AddLayer(a);
-    map->AddLayer(b);
-    const auto view = viewOf(map);
-    QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
-    QCOMPARE(a->renders.load(), 1);
-    QCOMPARE(b->renders.load(), 1);
-
-    view->Refresh(a, HOMapCache::CacheLayer, HORect());
-    QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
+    Scene s({{HORect(0, 50, 0, 100), Qt::red}, {HORect(50, 100, 0, 100), Qt::blue}});
+    const auto& a = s.layers[0];
+    const auto& b = s.layers[1];
+    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
+    s.view->Refresh(a, HOMapCache::CacheLayer, HORect());
+    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
     QCOMPARE(a->renders.load(), 2);
     QCOMPARE(b->renders.load(), 1);
-    const QImage image = drawn(view);
+    const QImage image = drawn(s.view);
     QCOMPARE(image.pixel(25, 50), kRed);
     QCOMPARE(image.pixel(75, 50), kBlue);
-
-    view->RefreshMap(false, HORect());
-    QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
-    QCOMPARE(a->renders.load(), 3);
-    QCOMPARE(b->renders.load(), 2);
+    s.view->RefreshMap(false, HORect());
+    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
+    QCOMPARE(a->renders + b->renders, 5);
 }
 
 void tst_MapViewRender::resizeDragRendersOnce() {
-    const Scene scene(HORect(0, 100, 0, 100), Qt::red);
-    const auto& [map, layer, view] = scene;
-    QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
-    const int before = layer->renders;
+    Scene s(kFullRed);
+    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
     for (int i = 1; i <= 20; ++i) {
-        view->SetSize(100 + i, 100 + i);
-        view->ResizeRefresh(300);
+        s.view->SetSize(100 + i, 100 + i);
+        s.view->ResizeRefresh(300);
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
-    QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
-    QCOMPARE(layer->renders.load(), before + 1);
+    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
+    QCOMPARE(s.layers[0]->renders.load(), 2);
     // The same scale about the same centre: (-10, 110) across now.
-    const QImage image = drawn(view, 120, 120);
+    const QImage image = drawn(s.view, 120, 120);
     QCOMPARE(image.pixel(105, 105), kRed);
     QCOMPARE(image.pixel(5, 5), kWhite);
 }
 
 void tst_MapViewRender::redrawsAreThrottledAndFromTheWorker() {
-    HORefPtr<HOMap> map(new HOMap);
-    std::vector<HORefPtr<HOTestRectLayer>> layers;
-    for (int i = 0; i < 8; ++i) {
-        layers.emplace_back(new HOTestRectLayer(HORect(i * 10, i * 10 + 10, 0, 100), Qt::red));
-        map->AddLayer(layers.back());
-    }
-    const auto view = viewOf(map);
-    QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
-    for (auto& layer : layers) layer->renderMs = 40;
-
-    HOSignalCounter redraws(view->RedrawSignal);
-    HOSignalCounter finished(view->RenderFinishedSignal);
+    std::vector<std::pair<HORect, QColor>> strips;
+    for (int i = 0; i < 8; ++i) strips.push_back({HORect(i * 10, i * 10 + 10, 0, 100), Qt::red});
+    Scene s(strips);
+    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
+    for (auto& layer : s.layers) layer->renderMs = 40;
+    HOSignalCounter redraws(s.view->RedrawSignal);
+    HOSignalCounter finished(s.view->RenderFinishedSignal);
     QElapsedTimer timer;
     timer.start();
-    view->RefreshMap(false, HORect());
-    QTRY_COMPARE_WITH_TIMEOUT(finished.count.load(), 1, kRenderTimeout);
+    s.view->RefreshMap(false, HORect());
+    QTRY_COMPARE_WITH_TIMEOUT(finished.count.load(), 1, kTimeout);
     const qint64 elapsed = timer.elapsed();
     // Progress at most every 100 ms, plus the final picture.
-    QVERIFY2(redraws.count >= 2, qPrintable(QString::number(redraws.count)));
-    QVERIFY2(redraws.count <= elapsed / 100 + 1,
+    QVERIFY2(redraws.count >= 2 && redraws.count <= elapsed / 100 + 1,
              qPrintable(QStringLiteral("%1 in %2 ms").arg(redraws.count).arg(elapsed)));
     QVERIFY(redraws.offThread);
     QCOMPARE(redraws.nullEvents.load(), 0);
-    QCOMPARE(redraws.lastSender.load(), static_cast<void*>(view.get()));
+    QCOMPARE(redraws.lastSender.load(), static_cast<void*>(s.view.get()));
 }
 
 void tst_MapViewRender::unbindWhileTheWorkerFires() {
-    const Scene scene(HORect(0, 100, 0, 100), Qt::red);
-    const auto& view = scene.view;
-    // Each receiver is destroyed right after unbinding: a callback still running (or starting) on the
+    Scene s(kFullRed);
+    // Each receiver is freed right after unbinding: a callback still running (or starting) on the
     // worker after unbind returned would touch freed memory.
-    struct Receiver {
-        std::atomic<int> calls{0};
-    };
     int total = 0;
     for (int i = 0; i < 100; ++i) {
-        auto* receiver = new Receiver;
-        view->RedrawSignal.bind("receiver", [receiver](void*, HOEvent*) {
+        auto* calls = new std::atomic<int>(0);
+        s.view->RedrawSignal.bind("receiver", [calls](void*, HOEvent*) {
             std::this_thread::sleep_for(std::chrono::microseconds(200));
-            ++receiver->calls;
+            ++*calls;
         });
-        view->RefreshMap(false, HORect());
+        s.view->RefreshMap(false, HORect());
         std::this_thread::sleep_for(std::chrono::microseconds(100 * (i % 7)));
-        view->RedrawSignal.unbind("receiver");
-        total += receiver->calls;
-        delete receiver;
+        s.view->RedrawSignal.unbind("receiver");
+        total += *calls;
+        delete calls;
     }
-    QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
+    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
     QVERIFY(total > 0);  // the worker did fire while we bound and unbound
 }
 
-void tst_MapViewRender::destroyWhileRendering() {
-    Scene scene(HORect(0, 100, 0, 100), Qt::red, 10000);
-    auto& [map, layer, view] = scene;
-    QTRY_VERIFY_WITH_TIMEOUT(layer->renders > 0, kRenderTimeout);
-    QElapsedTimer timer;
-    timer.start();
-    view = nullptr;
-    QVERIFY(timer.elapsed() < 500);
-    QCOMPARE(layer->cancelled.load(), 1);
-    QCOMPARE(map->LayersChangedSignal.count(), 0);  // the view let go of the map
-}
-
-void tst_MapViewRender::drawAddsGraphicsAndToolDrawing() {
-    const Scene scene(HORect(0, 100, 0, 100), Qt::red);
-    const auto& [map, layer, view] = scene;
-    QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
-
+void tst_MapViewRender::drawAddsGraphicsToolAndGrid() {
+    Scene s(kFullRed);
+    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
     HORefPtr<HOGeometry> square(new HOGeometry(HOGeometry::GeoPolygon));
     square->AddPart({{40, 40}, {60, 40}, {60, 60}, {40, 60}});
-    map->GetGraphicsLayer()->AddElement(square, HOStyle::NewFill(HOColor(0, 255, 0), HOColor(0, 255, 0), 0));
+    s.map->GetGraphicsLayer()->AddElement(square,
+                                          HOStyle::NewFill(HOColor(0, 255, 0), HOColor(0, 255, 0), 0));
     HORefPtr<MarkTool> tool(new MarkTool);
     tool->mark = HOPoint(10, 90);
-    view->SetCurrentTool(tool);
-    QCOMPARE(tool->GetView(), static_cast<HOView*>(view.get()));
-
-    const QImage image = drawn(view);
+    s.view->SetCurrentTool(tool);
+    QCOMPARE(tool->GetView(), static_cast<HOView*>(s.view.get()));
+    QImage image = drawn(s.view);
     QCOMPARE(image.pixel(50, 50), qRgb(0, 255, 0));
     QCOMPARE(image.pixel(10, 10), qRgb(255, 0, 255));
     QCOMPARE(image.pixel(30, 30), kRed);
-    QCOMPARE(layer->renders.load(), 1);  // drawn on top, nothing rendered again
-
-    view->SetCurrentTool(nullptr);
+    QCOMPARE(s.layers[0]->renders.load(), 1);  // drawn on top, nothing rendered again
+    s.view->SetCurrentTool(nullptr);
     QCOMPARE(tool->GetView(), static_cast<HOView*>(nullptr));
-    QCOMPARE(drawn(view).pixel(10, 10), kRed);
-}
 
-void tst_MapViewRender::flashingDoesNotBlock() {
-    const Scene scene(HORect(0, 100, 0, 100), Qt::blue);
-    const auto& view = scene.view;
-    QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
-    HORefPtr<HOGeometry> line(new HOGeometry(HOGeometry::GeoLineString));
-    line->AddPart({{0, 50}, {100, 50}});
-    HOSignalCounter redraws(view->RedrawSignal);
-
-    QElapsedTimer timer;
-    timer.start();
-    view->TwinkleGeometry(line, nullptr, 2);
-    QVERIFY(timer.elapsed() < 100);
-    const bool shownAtOnce = drawn(view).pixel(50, 50) == kRed;
-    // Shown 0-200 ms, hidden 200-400, shown 400-600, hidden after 800: a redraw at every change.
-    QTRY_VERIFY_WITH_TIMEOUT(redraws.count >= 5, 3000);
-    QVERIFY(shownAtOnce || timer.elapsed() > 200);  // a slow machine may have missed the first phase
-    QTRY_VERIFY_WITH_TIMEOUT(timer.elapsed() > 850, 3000);
-    QCOMPARE(drawn(view).pixel(50, 50), kBlue);
-}
-
-void tst_MapViewRender::gridShowsAfterARedrawRequest() {
-    const Scene scene(HORect(0, 100, 0, 100), Qt::blue);
-    const auto& view = scene.view;
-    QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
-    HOMapRulerAndGrid* grid = view->GetRulerAndGridSetting();
-    QVERIFY(grid);
+    HOMapRulerAndGrid* grid = s.view->GetRulerAndGridSetting();
     grid->set_draw_km_grid(true);
     grid->set_manually_set_km_grid_distanse(true);
     grid->set_km_grid_x_distance(25);
     grid->set_km_grid_y_distance(25);
     grid->set_km_grid_line_width(1);
     grid->set_km_grid_color(HOColor(255, 255, 0));
-    QCOMPARE(drawn(view).pixel(25, 10), kBlue);  // not before the request
-
-    HOSignalCounter redraws(view->RedrawSignal);
-    view->RequestRedraw(false);
+    QCOMPARE(drawn(s.view).pixel(25, 10), kRed);  // not before the request
+    HOSignalCounter redraws(s.view->RedrawSignal);
+    s.view->RequestRedraw(false);
     QCOMPARE(redraws.count.load(), 1);
-    // Lines at x = 25, 50, 75 and y = 25, 50, 75; a 1-pixel line at x = 25 lies on the pixel edge.
-    const QImage image = drawn(view);
-    QVERIFY(qRed(image.pixel(25, 10)) > 100 && qGreen(image.pixel(25, 10)) > 100);
-    QVERIFY(qRed(image.pixel(10, 50)) > 100);
-    QCOMPARE(image.pixel(10, 10), kBlue);
+    // Lines at x and y = 25, 50, 75; a 1-pixel line at x = 25 lies on the pixel edge.
+    image = drawn(s.view);
+    QVERIFY(qGreen(image.pixel(25, 10)) > 100 && qGreen(image.pixel(10, 50)) > 100);
+    QCOMPARE(image.pixel(10, 10), kRed);  // the tool's mark is gone
+}
+
+void tst_MapViewRender::flashingDoesNotBlock() {
+    Scene s({{HORect(0, 100, 0, 100), Qt::blue}});
+    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
+    HORefPtr<HOGeometry> line(new HOGeometry(HOGeometry::GeoLineString));
+    line->AddPart({{0, 50}, {100, 50}});
+    HOSignalCounter redraws(s.view->RedrawSignal);
+    QElapsedTimer timer;
+    timer.start();
+    s.view->TwinkleGeometry(line, nullptr, 2);
+    QVERIFY(timer.elapsed() < 100);
+    const bool shownAtOnce = drawn(s.view).pixel(50, 50) == kRed;
+    // Shown 0-200 ms, hidden 200-400, shown 400-600, hidden after 800: a redraw at every change.
+    QTRY_VERIFY_WITH_TIMEOUT(redraws.count >= 5, 3000);
+    QVERIFY(shownAtOnce || timer.elapsed() > 200);  // a slow machine may have missed the first phase
+    QTRY_VERIFY_WITH_TIMEOUT(timer.elapsed() > 850, 3000);
+    QCOMPARE(drawn(s.view).pixel(50, 50), kBlue);
 }
 
 void tst_MapViewRender::middleButtonDragPans() {
-    const Scene scene(HORect(0, 100, 0, 100), Qt::blue);
-    const auto& view = scene.view;
-    view->MouseUp(3, 40, 40);  // pressed elsewhere: nothing to finish
-    QCOMPARE(view->GetExtent(), HORect(0, 100, 0, 100));
-    view->MouseDown(3, 10, 10);
-    view->MouseMove(3, 30, 5);
-    QCOMPARE(view->GetExtent(), HORect(0, 100, 0, 100));  // the picture follows, the view stays
-    view->MouseUp(3, 30, 5);
-    QCOMPARE(view->GetExtent(), HORect(-20, 80, -5, 95));
+    Scene s(kFullRed);
+    s.view->MouseUp(3, 40, 40);  // pressed elsewhere: nothing to finish
+    s.view->MouseDown(3, 10, 10);
+    s.view->MouseMove(3, 30, 5);
+    QCOMPARE(s.view->GetExtent(), HORect(0, 100, 0, 100));  // the picture follows, the view stays
+    s.view->MouseUp(3, 30, 5);
+    QCOMPARE(s.view->GetExtent(), HORect(-20, 80, -5, 95));
+    s.view->StopRender(true);
 }
 
-void tst_MapViewRender::composeAt1080p() {
+void tst_MapViewRender::rendersAndSelectsAFeatureLayer() {
+    QTemporaryDir dir;
+    const QString path = dir.filePath("parcels.geojson");
+    QVERIFY(HOLayerFixture::WriteVector(path, "GeoJSON", 4326, wkbPolygon,
+                                        {{"POLYGON ((10 10, 20 10, 20 20, 10 20, 10 10))", 1},
+                                         {"POLYGON ((30 10, 40 10, 40 20, 30 20, 30 10))", 2}}));
+    const HORefPtr<HOFeatureLayer> layer = HODynamicCast<HOFeatureLayer>(OpenLayer(path));
+    QVERIFY(layer);
+    layer->SetStyle(HOStyle::NewFill(HOColor(255, 0, 0), HOColor(255, 0, 0), 0));
     HORefPtr<HOMap> map(new HOMap);
-    map->AddLayer(new HOTestRectLayer(HORect(0, 960, 0, 1080), Qt::red));
-    map->AddLayer(new HOTestRectLayer(HORect(960, 1920, 0, 1080), Qt::blue));
-    map->AddLayer(new HOTestRectLayer(HORect(900, 1020, 500, 580), Qt::green));
+    map->AddLayer(layer);
     HORefPtr<HOMapView> view(new HOMapView);
-    view->SetSize(1920, 1080);
+    HOSignalCounter finished(view->RenderFinishedSignal);
+    view->SetSize(300, 100);
     view->SetMap(map);
-    QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kRenderTimeout);
-    HORefPtr<HOGraphics> surface(new HOGraphics);
-    surface->SetSize(1920, 1080);
-
-    const auto average = [&](int runs) {
-        QElapsedTimer timer;
-        timer.start();
-        for (int i = 0; i < runs; ++i) view->Draw(surface);
-        return timer.nsecsElapsed() / 1e6 / runs;
-    };
-    average(3);  // warm up
-    const double exact = average(30);
-    QCOMPARE(surface->Image().pixel(10, 10), kRed);
-    QCOMPARE(surface->Image().pixel(960, 540), qRgb(0, 255, 0));
-
-    view->PauseRender();
-    view->ZoomByFactor(0.8, nullptr);
-    const double preview = average(30);
-    QCOMPARE(surface->Image().pixel(10, 10), kRed);
-    QCOMPARE(surface->Image().pixel(1910, 1070), kBlue);
-    qInfo("Draw at 1920x1080: %.2f ms composed, %.2f ms with the scaled preview", exact, preview);
-    view->ResumeRender();
-    view->StopRender(true);
+    QTRY_VERIFY_WITH_TIMEOUT(finished.count > 0 && !view->IsRendering(), kTimeout);
+    QCOMPARE(view->GetExtent(), HORect(10, 40, 10, 20));  // ten pixels per degree
+    const QImage image = drawn(view, 300, 100);
+    QCOMPARE(image.pixel(50, 50), kRed);
+    QCOMPARE(image.pixel(150, 50), kWhite);
+    QCOMPARE(image.pixel(250, 50), kRed);
+    finished.reset();
+    view->SelectAll();
+    QCOMPARE(layer->GetSelectedIds().size(), std::size_t(2));
+    QTRY_VERIFY_WITH_TIMEOUT(finished.count > 0, kTimeout);  // drawn again with the selection
 }
 
 QTEST_MAIN(tst_MapViewRender)
