@@ -9,6 +9,7 @@
 
 #include "HOCallbackKey.h"
 #include "HODataFrame.h"
+#include "HOMap.h"
 #include "HOMapViewManager.h"
 #include "HOPageLayoutBaseElement.h"
 #include "HORecordingView.h"
@@ -89,8 +90,6 @@ private slots:
         QCOMPARE(HOMapViewManager::GetInstance()->views(group).size(), std::size_t(1));
         HORefPtr<HOMapView> map = FirstView(*canvas);
         HORefPtr<HOPageLayoutView> layout = canvas->GetPageLayoutView();
-        QCOMPARE(canvas->IsMapView(), mode == HXMapCanvas::MapViewMode);
-        QCOMPARE(canvas->windowTitle(), QString("Map"));
         QCOMPARE(BoundOnView(map, canvas, widget), mapBound);
         QCOMPARE(layout ? BoundOnView(layout, canvas, widget) : QString(), layoutBound);
         QVERIFY(HOIsMemberBound(canvas->Request3DRefreshSignal, canvas, &HXMapCanvas::onRequest3DRefresh));
@@ -143,6 +142,10 @@ private slots:
         // The drawing widget sits on top of the 25 px status bar and together they fill the canvas.
         QCOMPARE(canvas.findChild<HXMapWidget*>()->geometry(), QRect(0, 0, 900, 400 - 25));
         QCOMPARE(bar->geometry(), QRect(0, 400 - 25, 900, 25));
+        // The bar's coordinates follow this canvas.
+        const HORefPtr<HOMap> map = new HOMap();
+        emit canvas.xyCoordinates(QPointF(1.0, 2.0), map);
+        QCOMPARE(coords->mLineEdit->text(), QStringLiteral("1.000 , 2.000"));
     }
 
     void canvasIsItsOwnBuddy() {

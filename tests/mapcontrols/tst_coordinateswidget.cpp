@@ -12,7 +12,6 @@
 #include "HOMap.h"
 #include "HOMapView.h"
 #include "HOTestPrinters.h"
-#include "HOTestRectLayer.h"
 #include "HXMapCanvas.h"
 #include "HXStatusBarCoordinatesWidget.h"
 
@@ -238,35 +237,6 @@ private slots:
         QCOMPARE(f.text(), QString());
         emit other.xyCoordinates(QPointF(7.0, 8.0), map);
         QCOMPARE(f.text(), QStringLiteral("7.000 , 8.000"));
-    }
-
-    // The canvas's own status bar shows map positions under the mouse once its map holds a layer.
-    void canvasStatusBarShowsMouseCoordinates() {
-        HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
-        canvas.resize(400, 300);
-        const HORefPtr<HOMap> map = MakeMap("EPSG:4509", HOUnitMeter);
-        map->AddLayer(new HOTestRectLayer(HORect(458000.0, 458200.0, 4418500.0, 4418600.0), Qt::red));
-        canvas.GetMapView()->SetMap(map);
-        canvas.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&canvas));
-        canvas.setExtent(HORect(450000.0, 470000.0, 4410000.0, 4425000.0));
-        auto* coords = canvas.findChild<HXStatusBarCoordinatesWidget*>(QStringLiteral("mCoordsEdit"));
-        QWidget* drawing = canvas.childAt(canvas.width() / 2, 50);
-        QVERIFY(coords && drawing);
-        const QPoint middle(drawing->width() / 2, drawing->height() / 2);
-
-        QTest::mouseMove(drawing, middle);
-        QList<double> numbers = Pair(coords->mLineEdit->text());
-        QVERIFY2(numbers.size() == 2 && canvas.extent().Contains(HOPoint(numbers.at(0), numbers.at(1))),
-                 qPrintable(coords->mLineEdit->text()));
-        QCOMPARE(coords->mLabelUnit->text(), QStringLiteral("m"));
-        map->SetMapDisplayUnit(HOUnitDecimalDegree);
-        QTest::mouseMove(drawing, middle + QPoint(1, 1));
-        numbers = Pair(coords->mLineEdit->text());
-        QVERIFY2(numbers.size() == 2 && numbers.at(0) > 116.4 && numbers.at(0) < 116.7 &&
-                     numbers.at(1) > 39.8 && numbers.at(1) < 40.0,
-                 qPrintable(coords->mLineEdit->text()));
-        QCOMPARE(coords->mLabelUnit->text(), QStringLiteral("Degree"));
     }
 };
 
