@@ -25,16 +25,14 @@ const double unitPixels[6] = {0, 1, 0, 10, 0, -1};  // 10 x 10 units, origin top
 // A closed square ring with many vertices, so that drawing and reprojecting it is real work.
 std::string denseSquare(double minX, double minY, double side, int verticesPerEdge) {
     QString wkt = QStringLiteral("POLYGON((");
-    const double corners[5][2] = {{0, 0}, {1, 0}, {1, 1}, {0, 1}, {0, 0}};
-    for (int edge = 0; edge < 4; ++edge) {
-        for (int i = 0; i < verticesPerEdge; ++i) {
-            const double t = double(i) / verticesPerEdge;
-            const double x = corners[edge][0] + t * (corners[edge + 1][0] - corners[edge][0]);
-            const double y = corners[edge][1] + t * (corners[edge + 1][1] - corners[edge][1]);
-            wkt += QStringLiteral("%1 %2,").arg(minX + side * x, 0, 'f', 6).arg(minY + side * y, 0, 'f', 6);
-        }
+    for (int i = 0; i <= 4 * verticesPerEdge; ++i) {
+        const int edge = (i / verticesPerEdge) % 4;
+        const double f = side * (i % verticesPerEdge) / verticesPerEdge;
+        const double x = edge == 0 ? f : edge == 1 ? side : edge == 2 ? side - f : 0;
+        const double y = edge == 0 ? 0 : edge == 1 ? f : edge == 2 ? side : side - f;
+        wkt += QStringLiteral("%1%2 %3").arg(i ? "," : "").arg(minX + x, 0, 'f', 6).arg(minY + y, 0, 'f', 6);
     }
-    return (wkt + QStringLiteral("%1 %2))").arg(minX, 0, 'f', 6).arg(minY, 0, 'f', 6)).toStdString();
+    return (wkt + "))").toStdString();
 }
 
 HORefPtr<HOGeometry> geometry(HOGeometry::GeoType type, std::vector<HOGeometry::Part> parts) {
@@ -330,7 +328,6 @@ void TestLayerRender::rasterWindowOverviewsAndReprojection() {
     QVERIFY(layer);
     HORefPtr<HOCoordinateSystem> gk = HOCoordinateSystem::FromEpsg(4509);
     const HOPoint c = layer->GetExtentIn(gk).Center();
-    QVERIFY(std::abs(c.x - 500000.0) < 1.0);
     QCOMPARE(render({layer}, HORect(c.x - 1000, c.x + 1000, c.y - 1000, c.y + 1000), gk).pixel(50, 50),
              qRgb(10, 120, 30));
     QCOMPARE(render({layer}, HORect(c.x + 20000, c.x + 22000, c.y, c.y + 2000), gk).pixel(50, 50), white);

@@ -75,7 +75,6 @@ class tst_MapViewRender : public QObject {
 
 private slots:
     void rendersLayersInMapOrder();
-    void firstLayerOfAnEmptyMapIsFittedAndRendered();
     void previewWhileRendering_data();
     void previewWhileRendering();
     void cancelStopsQuicklyAndANewRenderCompletes_data();
@@ -88,7 +87,7 @@ private slots:
     void drawAddsGraphicsToolAndGrid();
     void flashingDoesNotBlock();
     void middleButtonDragPans();
-    void rendersAndSelectsAFeatureLayer();
+    void firstLayerIsFittedRenderedAndSelected();
 };
 
 void tst_MapViewRender::rendersLayersInMapOrder() {
@@ -105,20 +104,6 @@ void tst_MapViewRender::rendersLayersInMapOrder() {
     QCOMPARE(drawn(s.view).pixel(40, 50), kRed);
     QCOMPARE(s.layers[0]->renders.load(), 1);  // a new order needs no new pictures
     QCOMPARE(finished.nullEvents.load(), 0);
-}
-
-void tst_MapViewRender::firstLayerOfAnEmptyMapIsFittedAndRendered() {
-    HORefPtr<HOMap> map(new HOMap);
-    HORefPtr<HOMapView> view(new HOMapView);
-    view->SetMap(map);
-    view->SetSize(100, 100);
-    QVERIFY(view->GetExtent().IsEmpty() && !view->IsRendering());
-    QCOMPARE(drawn(view).pixel(50, 50), kWhite);
-    map->AddLayer(new HOTestRectLayer(HORect(1000, 1200, 500, 600), Qt::red));
-    QCOMPARE(view->GetExtent(), HORect(1000, 1200, 450, 650));
-    QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering(), kTimeout);
-    QCOMPARE(drawn(view).pixel(50, 50), kRed);
-    QCOMPARE(drawn(view).pixel(50, 10), kWhite);
 }
 
 void tst_MapViewRender::previewWhileRendering_data() {
@@ -171,8 +156,7 @@ void tst_MapViewRender::cancelStopsQuicklyAndANewRenderCompletes() {
     const auto& layer = s.layers[0];
     std::optional<HOSignalCounter> counter;
     HOSignalCounter& finished = counter.emplace(s.view->RenderFinishedSignal);
-    QTRY_VERIFY_WITH_TIMEOUT(layer->renders > 0, kTimeout);
-    QVERIFY(s.view->IsRendering());
+    QTRY_VERIFY_WITH_TIMEOUT(layer->renders > 0 && s.view->IsRendering(), kTimeout);
     const int started = layer->renders;
 
     QElapsedTimer timer;
@@ -193,7 +177,6 @@ void tst_MapViewRender::cancelStopsQuicklyAndANewRenderCompletes() {
         return;
     }
     QTRY_VERIFY_WITH_TIMEOUT(how == "extent" ? finished.count > 0 : s.idle(), limitMs);
-    qInfo("cancelled after %lld ms", timer.elapsed());
     QVERIFY2(timer.elapsed() < limitMs, qPrintable(QString::number(timer.elapsed())));
     QCOMPARE(layer->cancelled.load(), 1);
     if (how == "group") {
@@ -233,11 +216,8 @@ void tst_MapViewRender::refreshRendersOnlyThatLayer() {
     QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
     s.view->Refresh(a, HOMapCache::CacheLayer, HORect());
     QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
-    QCOMPARE(a->renders.load(), 2);
-    QCOMPARE(b->renders.load(), 1);
-    const QImage image = drawn(s.view);
-    QCOMPARE(image.pixel(25, 50), kRed);
-    QCOMPARE(image.pixel(75, 50), kBlue);
+    QVERIFY(a->renders == 2 && b->renders == 1);
+    QVERIFY(drawn(s.view).pixel(25, 50) == kRed && drawn(s.view).pixel(75, 50) == kBlue);
     s.view->RefreshMap(false, HORect());
     QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
     QCOMPARE(a->renders + b->renders, 5);
@@ -254,9 +234,7 @@ void tst_MapViewRender::resizeDragRendersOnce() {
     QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
     QCOMPARE(s.layers[0]->renders.load(), 2);
     // The same scale about the same centre: (-10, 110) across now.
-    const QImage image = drawn(s.view, 120, 120);
-    QCOMPARE(image.pixel(105, 105), kRed);
-    QCOMPARE(image.pixel(5, 5), kWhite);
+    QVERIFY(drawn(s.view, 120, 120).pixel(105, 105) == kRed && drawn(s.view, 120, 120).pixel(5, 5) == kWhite);
 }
 
 void tst_MapViewRender::redrawsAreThrottledAndFromTheWorker() {
@@ -313,8 +291,7 @@ void tst_MapViewRender::drawAddsGraphicsToolAndGrid() {
     s.view->SetCurrentTool(tool);
     QCOMPARE(tool->GetView(), static_cast<HOView*>(s.view.get()));
     QImage image = drawn(s.view);
-    QCOMPARE(image.pixel(50, 50), qRgb(0, 255, 0));
-    QCOMPARE(image.pixel(10, 10), qRgb(255, 0, 255));
+    QVERIFY(image.pixel(50, 50) == qRgb(0, 255, 0) && image.pixel(10, 10) == qRgb(255, 0, 255));
     QCOMPARE(image.pixel(30, 30), kRed);
     QCOMPARE(s.layers[0]->renders.load(), 1);  // drawn on top, nothing rendered again
     s.view->SetCurrentTool(nullptr);
@@ -366,7 +343,7 @@ void tst_MapViewRender::middleButtonDragPans() {
     s.view->StopRender(true);
 }
 
-void tst_MapViewRender::rendersAndSelectsAFeatureLayer() {
+void tst_MapViewRender::firstLayerIsFittedRenderedAndSelected() {
     QTemporaryDir dir;
     const QString path = dir.filePath("parcels.geojson");
     QVERIFY(HOLayerFixture::WriteVector(path, "GeoJSON", 4326, wkbPolygon,
@@ -376,17 +353,16 @@ void tst_MapViewRender::rendersAndSelectsAFeatureLayer() {
     QVERIFY(layer);
     layer->SetStyle(HOStyle::NewFill(HOColor(255, 0, 0), HOColor(255, 0, 0), 0));
     HORefPtr<HOMap> map(new HOMap);
-    map->AddLayer(layer);
     HORefPtr<HOMapView> view(new HOMapView);
     HOSignalCounter finished(view->RenderFinishedSignal);
     view->SetSize(300, 100);
     view->SetMap(map);
-    QTRY_VERIFY_WITH_TIMEOUT(finished.count > 0 && !view->IsRendering(), kTimeout);
+    QVERIFY(view->GetExtent().IsEmpty() && !view->IsRendering());
+    map->AddLayer(layer);
     QCOMPARE(view->GetExtent(), HORect(10, 40, 10, 20));  // ten pixels per degree
+    QTRY_VERIFY_WITH_TIMEOUT(finished.count > 0 && !view->IsRendering(), kTimeout);
     const QImage image = drawn(view, 300, 100);
-    QCOMPARE(image.pixel(50, 50), kRed);
-    QCOMPARE(image.pixel(150, 50), kWhite);
-    QCOMPARE(image.pixel(250, 50), kRed);
+    QVERIFY(image.pixel(50, 50) == kRed && image.pixel(150, 50) == kWhite && image.pixel(250, 50) == kRed);
     finished.reset();
     view->SelectAll();
     QCOMPARE(layer->GetSelectedIds().size(), std::size_t(2));

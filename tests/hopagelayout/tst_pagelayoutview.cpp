@@ -98,24 +98,19 @@ void tst_PageLayoutView::switchingSetsTheOperatingFrame() {
     second->SetMap(map);
     QVERIFY(!layout->get_operating_data_frame());
     layout->SwitchToLayoutView(first);
-    const auto frame = layout->get_operating_data_frame();
-    QVERIFY(frame && frame->get_element_type() == HOElementDataFrame);
+    const HORefPtr<HODataFrame> frame(dynamic_cast<HODataFrame*>(layout->get_operating_data_frame().get()));
+    QVERIFY(frame && frame->get_map_view() == first.get());
     QCOMPARE(frame->get_bounds(), HORect(10, 287, 10, 200));  // the page less its margins
-    QCOMPARE(static_cast<HODataFrame*>(frame.get())->get_map_view(), first.get());
     QCOMPARE(active.count.load(), 1);
-    // The map view's redraws become the page's.
     HOSignalCounter redraw(layout->RedrawSignal);
-    first->RefreshToolPaint();
-    QCOMPARE(redraw.count.load(), 1);
+    first->RefreshToolPaint();  // the map view's redraws become the page's
     QCOMPARE(redraw.lastSender.load(), static_cast<void*>(layout.get()));
 
     // Switching again reuses the frame and forwards only the new view.
     layout->SwitchToLayoutView(second);
     layout->set_operating_data_frame(frame);
-    QCOMPARE(layout->get_operating_data_frame().get(), frame.get());
-    QCOMPARE(static_cast<HODataFrame*>(frame.get())->get_map_view(), second.get());
-    QCOMPARE(first->RedrawSignal.count(), 0);
-    QCOMPARE(second->RedrawSignal.count(), 1);
+    QVERIFY(layout->get_operating_data_frame() == frame.get() && frame->get_map_view() == second.get());
+    QVERIFY(first->RedrawSignal.count() == 0 && second->RedrawSignal.count() == 1);
     QCOMPARE(active.count.load(), 1);
 
     HORefPtr<HODataFrame> other(new HODataFrame);
@@ -218,12 +213,10 @@ void tst_PageLayoutView::selection() {
     container.SelectElement(a, true);
     container.SelectElement(stranger, true);  // not on the page
     auto selected = container.GetSelectedElements(true);
-    QCOMPARE(selected.size(), std::size_t(2));
-    QCOMPARE(selected[0].get(), static_cast<HOPageLayoutBaseElement*>(a.get()));  // drawing order
+    QVERIFY(selected.size() == 2 && selected[0] == a.get());  // drawing order
     container.RemoveElement(a);
     selected = container.GetSelectedElements(false);
-    QCOMPARE(selected.size(), std::size_t(1));
-    QCOMPARE(selected[0].get(), static_cast<HOPageLayoutBaseElement*>(b.get()));
+    QVERIFY(selected.size() == 1 && selected[0] == b.get());
     container.ClearSelection();
     QVERIFY(container.GetSelectedElements(true).empty());
     QCOMPARE(a->RefCount(), 1);
