@@ -148,9 +148,15 @@ private slots:
         QCOMPARE(coords->mLineEdit->text(), QStringLiteral("1.000 , 2.000"));
     }
 
-    void canvasIsItsOwnBuddy() {
+    // The view name is translated, the window title is not; the canvas is its map view's tool buddy.
+    void titleAndBuddy() {
+        MapNameTranslator translator;
+        QCoreApplication::installTranslator(&translator);
         HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
+        QCoreApplication::removeTranslator(&translator);
+        QCOMPARE(canvas.windowTitle(), QString("Map"));
         HOMapView* map = canvas.GetMapView();
+        QCOMPARE(map->GetName(), HOString("Karte"));
         QCOMPARE(map->GetToolBuddy(), static_cast<HOToolBuddy*>(&canvas));
         QCOMPARE(HOMapViewManager::GetInstance()->activeView(canvas.getMapViewGroupID()), map);
         // Another buddy takes the canvas's map view over; a null buddy changes nothing in the views.
@@ -160,15 +166,6 @@ private slots:
         QCOMPARE(host.GetMapView(), map);
         canvas.SetToolBuddy(nullptr);
         QCOMPARE(map->GetToolBuddy(), static_cast<HOToolBuddy*>(&host));
-    }
-
-    void titleIsNotTranslated() {
-        MapNameTranslator translator;
-        QCoreApplication::installTranslator(&translator);
-        HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
-        QCoreApplication::removeTranslator(&translator);
-        QCOMPARE(canvas.windowTitle(), QString("Map"));
-        QCOMPARE(canvas.GetMapView()->GetName(), HOString("Karte"));
     }
 
     void layoutMapView_data() {

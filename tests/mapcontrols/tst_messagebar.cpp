@@ -67,24 +67,6 @@ private slots:
         QCOMPARE(added.count(), 5);
     }
 
-    void clearWidgets() {
-        HXMessageBar bar;
-        QSignalSpy removed(&bar, &HXMessageBar::widgetRemoved);
-        QVERIFY(!bar.popWidget());
-        QVERIFY(!bar.popWidget(nullptr));
-        QVERIFY(bar.clearWidgets());
-        QCOMPARE(removed.count(), 0);
-        bar.pushInfo("a", "");
-        bar.pushSuccess("b", "");
-        bar.pushCritical("c", "");
-        QVERIFY(bar.clearWidgets());
-        QCOMPARE(bar.currentItem(), nullptr);
-        QVERIFY(bar.waitingItems().isEmpty());
-        QVERIFY(bar.isHidden());
-        QVERIFY(Countdown(bar)->isHidden());
-        QCOMPARE(removed.count(), 3);
-    }
-
     void countdownExpires_data() {
         QTest::addColumn<int>("duration");
         QTest::newRow("one tick") << 1;
@@ -227,19 +209,28 @@ private slots:
         QVERIFY(!bar.popWidget(&stranger));
     }
 
-    void closeButtonOffersCloseAllWhileMessagesWait() {
+    // The close button pops the shown message; while others wait its menu closes them all.
+    void closeAll() {
         HXMessageBar bar;
+        QSignalSpy removed(&bar, &HXMessageBar::widgetRemoved);
+        QVERIFY(!bar.popWidget());
+        QVERIFY(!bar.popWidget(nullptr));
+        QVERIFY(bar.clearWidgets());
         auto* close = bar.findChild<QToolButton*>(QStringLiteral("mCloseBtn"));
         bar.pushInfo("a", "");
         QCOMPARE(close->menu(), nullptr);
-        bar.pushInfo("b", "");
+        bar.pushSuccess("b", "");
+        bar.pushCritical("c", "");
         QVERIFY(close->menu());
         QCOMPARE(close->popupMode(), QToolButton::MenuButtonPopup);
         close->menu()->actions().first()->trigger();
         QCOMPARE(bar.currentItem(), nullptr);
+        QVERIFY(bar.waitingItems().isEmpty());
+        QVERIFY(bar.isHidden() && Countdown(bar)->isHidden());
+        QCOMPARE(removed.count(), 3);
         QCOMPARE(close->menu(), nullptr);
         QCOMPARE(close->popupMode(), QToolButton::DelayedPopup);
-        bar.pushInfo("c", "");
+        bar.pushInfo("d", "");
         close->click();
         QCOMPARE(bar.currentItem(), nullptr);
     }
