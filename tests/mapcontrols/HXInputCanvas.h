@@ -1,12 +1,8 @@
 #pragma once
-// Doubles for the canvas's input and tool tests.
-// HORecordingTool: a tool of any class name, optionally one-shot, that records the canvas's calls.
-// HORecordingCommandControl: a host command line that records what the canvas tells it.
-// HOInputRecordingView<View>: a map or page view that records the input handed to it ("MouseDown 1 3
-// 4", "KeyDown 1000012", "SetCurrentTool A"), answers KeyDown as told and keeps the extent a test sets.
-// HXInputCanvas: a canvas of a mode with those views; on a page the map view is the operating frame's.
-// HXPopupAnswer: records the entries of the next context menu ("-" for a separator), triggers the
-// entry with the given text (none when empty) and closes it.
+// Doubles for the canvas's input and tool tests: a tool and a host command line that record the
+// canvas's calls; map and page views that record the input handed to them ("MouseDown 1 3 4",
+// "KeyDown 1000012", "SetCurrentTool A") and keep the extent a test sets; a canvas of a mode with
+// those views; and an answer to the next context menu, recording its entries ("-": separator).
 #include <QAction>
 #include <QApplication>
 #include <QMenu>

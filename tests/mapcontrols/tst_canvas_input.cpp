@@ -156,56 +156,42 @@ private slots:
         QVERIFY(!QApplication::overrideCursor());
     }
 
-    void coordinatesOverMap_data() {
-        QTest::addColumn<bool>("withMap");
-        QTest::addColumn<bool>("withLayer");
-        QTest::addColumn<QPointF>("expected");
-        QTest::newRow("no map") << false << false << QPointF(30, 40);
-        QTest::newRow("map without layers") << true << false << QPointF(30, 40);
-        QTest::newRow("map with a layer") << true << true << QPointF(1000 + 30 * 2, 5000 - 40 * 2);
-    }
-    void coordinatesOverMap() {
-        QFETCH(bool, withMap);
-        QFETCH(bool, withLayer);
-        QFETCH(QPointF, expected);
-        HXInputCanvas fixture(kMap);
-        HORefPtr<HOMap> map = new HOMap();
-        if (withLayer) map->AddLayer(HORefPtr<HOGraphicsLayer>(new HOGraphicsLayer()));
-        if (withMap) fixture.map->SetMap(map);
-        fixture.map->transform = HODisplayTransform{0, 0, 1000, 5000, 2};
-        QSignalSpy spy(&fixture.canvas, &HXMapCanvas::xyCoordinates);
-        fixture.mouse(QEvent::MouseMove, Qt::NoButton, Qt::NoButton, QPoint(30, 40));
-        QCOMPARE(spy.count(), 1);
-        QCOMPARE(spy.at(0).at(0).toPointF(), expected);
-        QCOMPARE(spy.at(0).at(1).value<HOMap*>(), withMap ? map.get() : nullptr);
-    }
-
-    void coordinatesOverPage_data() {
+    // The map position under the mouse and the map it lies in. On the map view the transform maps
+    // pixel (x, y) to (1000 + 2x, 5000 - 2y). On a page, page x = pixel x and page y = -pixel y; frame 0
+    // covers page x 0..100, frame 1 (listed last) x 50..150, both y -100..0, each with its own transform.
+    void coordinates_data() {
+        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
+        QTest::addColumn<int>("layers");  // of the map view's map; -1: no map
         QTest::addColumn<QPoint>("pixel");
         QTest::addColumn<QPointF>("expected");
-        QTest::addColumn<int>("frame");
-        // Page x = pixel x, page y = -pixel y. Frame 0 covers page x 0..100, frame 1 (listed last)
-        // x 50..150, both y -100..0. A frame converts the pixel with its own transform.
-        QTest::newRow("empty paper") << QPoint(300, 50) << QPointF(300, 50) << -1;
-        QTest::newRow("first frame only") << QPoint(20, 50) << QPointF(20 + 100, -50) << 0;
+        QTest::addColumn<int>("map");  // which map is reported; -1: none
+        QTest::newRow("no map") << kMap << -1 << QPoint(30, 40) << QPointF(30, 40) << -1;
+        QTest::newRow("map without layers") << kMap << 0 << QPoint(30, 40) << QPointF(30, 40) << 0;
+        QTest::newRow("map with a layer") << kMap << 1 << QPoint(30, 40) << QPointF(1060, 4920) << 0;
+        QTest::newRow("empty paper") << kPage << 0 << QPoint(300, 50) << QPointF(300, 50) << -1;
+        QTest::newRow("first frame only") << kPage << 0 << QPoint(20, 50) << QPointF(20 + 100, -50) << 0;
         QTest::newRow("overlap, last listed wins")
-            << QPoint(70, 50) << QPointF((70 - 50) * 3 + 200, -150) << 1;
+            << kPage << 0 << QPoint(70, 50) << QPointF(20 * 3 + 200, -150) << 1;
     }
-    void coordinatesOverPage() {
+    void coordinates() {
+        QFETCH(HXMapCanvas::ViewMode, mode);
+        QFETCH(int, layers);
         QFETCH(QPoint, pixel);
         QFETCH(QPointF, expected);
-        QFETCH(int, frame);
-        HXInputCanvas fixture(kPage);
+        QFETCH(int, map);
+        HXInputCanvas fixture(mode);
+        std::vector<HORefPtr<HOMap>> maps{new HOMap(), new HOMap()};
+        if (layers > 0) maps[0]->AddLayer(HORefPtr<HOGraphicsLayer>(new HOGraphicsLayer()));
+        if (mode == kMap && layers >= 0) fixture.map->SetMap(maps[0]);
+        fixture.map->transform = HODisplayTransform{0, 0, 1000, 5000, 2};
         fixture.layout->transform = HODisplayTransform{0, 0, 0, 0, 1};
         HOGraphicsContainer* container = fixture.layout->get_graphicscontainer();
         container->RemoveElement(fixture.frame);
-        std::vector<HORefPtr<HOMap>> maps;
         const HODisplayTransform frameTransforms[] = {{0, 0, 100, 0, 1}, {0, 0, 200, 0, 3}};
-        for (int i = 0; i < 2; ++i) {
+        for (int i = 0; i < 2 && mode == kPage; ++i) {
             HORefPtr<HODataFrame> dataFrame = new HODataFrame();
             HORefPtr<HOInputRecordingMapView> view = new HOInputRecordingMapView();
-            maps.emplace_back(new HOMap());
-            view->SetMap(maps.back());
+            view->SetMap(maps[i]);
             view->transform = frameTransforms[i];
             dataFrame->set_off_x(50.0 * i);
             dataFrame->set_off_y(-100);
@@ -216,7 +202,7 @@ private slots:
         fixture.mouse(QEvent::MouseMove, Qt::NoButton, Qt::NoButton, pixel);
         QCOMPARE(spy.count(), 1);
         QCOMPARE(spy.at(0).at(0).toPointF(), expected);
-        QCOMPARE(spy.at(0).at(1).value<HOMap*>(), frame < 0 ? nullptr : maps[frame].get());
+        QCOMPARE(spy.at(0).at(1).value<HOMap*>(), map < 0 ? nullptr : maps[map].get());
     }
 
     // Each key's effect, in each mode: tools installed, zooms, the map's new extent, the selected page

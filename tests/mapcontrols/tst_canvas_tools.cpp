@@ -13,7 +13,6 @@
 #include "HOMap.h"
 #include "HOTestPrinters.h"
 #include "HXInputCanvas.h"
-#include "HXMapWidget.h"
 #include "HXTooltip.h"
 
 using namespace HXObjects;
@@ -253,30 +252,23 @@ private slots:
         QTest::addColumn<bool>("acceptsPoints");
         QTest::addColumn<QString>("choice");
         QTest::addColumn<QStringList>("entries");
-        QTest::addColumn<QString>("options");  // new-path options afterwards
         QTest::addColumn<QStringList>("toolCalls");
-        const QStringList points{"Input X and Y", "Input DMS data", "Cancel point"}, none;
-        QTest::newRow("line digitising") << kMap << "HXObjects::HOCmdDigitizeLine" << true << "New path"
-                                         << QStringList{"New path"} << "-1 0 -1" << none;
-        QTest::newRow("polygon digitising, not chosen")
-            << kMap << "HXObjects::HOCmdDigitizePolygon" << true << "" << QStringList{"New path"}
-            << "-1 -1 -1" << none;
-        QTest::newRow("add feature") << kMap << "HXObjects::HOToolAddFeature" << true << "New path"
-                                     << QStringList{"New path"} << "-1 -1 0"
-                                     << QStringList{"OnCommand new path"};
+        const QStringList path{"New path"}, points{"Input X and Y", "Input DMS data", "Cancel point"}, none;
+        for (const char* digitising : {"HXObjects::HOCmdDigitizeLine", "HXObjects::HOCmdDigitizePolygon"})
+            QTest::newRow(digitising) << kMap << digitising << true << "" << path << none;
+        QTest::newRow("add feature, new path") << kMap << "HXObjects::HOToolAddFeature" << true << "New path"
+                                               << path << QStringList{"OnCommand new path"};
         QTest::newRow("control point, cancel point")
-            << kMap << "HXObjects::HOToolAddControlPoint" << true << "Cancel point" << points << "-1 -1 -1"
+            << kMap << "HXObjects::HOToolAddControlPoint" << true << "Cancel point" << points
             << QStringList{"CancelPoint"};
         QTest::newRow("control point refusing input")
-            << kMap << "HXObjects::HOToolAddControlPoint" << false << "" << none << "-1 -1 -1" << none;
-        QTest::newRow("double line, any case")
-            << kMap << "hxobjects::HOTOOLDOUBLELINE" << true << "" << QStringList{"Please input line width"}
-            << "-1 -1 -1" << none;
+            << kMap << "HXObjects::HOToolAddControlPoint" << false << "" << none << none;
+        QTest::newRow("double line, any case") << kMap << "hxobjects::HOTOOLDOUBLELINE" << true << ""
+                                               << QStringList{"Please input line width"} << none;
         QTest::newRow("other tool, nothing selected")
-            << kMap << "HXObjects::HOToolPan" << true << "" << QStringList{"Set map ruler and grid"}
-            << "-1 -1 -1" << none;
+            << kMap << "HXObjects::HOToolPan" << true << "" << QStringList{"Set map ruler and grid"} << none;
         QTest::newRow("nothing on a page")
-            << kPage << "HXObjects::HOCmdDigitizeLine" << true << "" << none << "-1 -1 -1" << none;
+            << kPage << "HXObjects::HOCmdDigitizeLine" << true << "" << none << none;
     }
     void contextMenu() {
         QFETCH(HXMapCanvas::ViewMode, mode);
@@ -284,7 +276,6 @@ private slots:
         QFETCH(bool, acceptsPoints);
         QFETCH(QString, choice);
         QFETCH(QStringList, entries);
-        QFETCH(QString, options);
         QFETCH(QStringList, toolCalls);
         HXInputCanvas fixture(mode);
         HORefPtr<HOMap> map = new HOMap();
@@ -296,8 +287,6 @@ private slots:
         HXPopupAnswer answer(choice);
         fixture.canvas.OnContextMenu(30, 40);
         QCOMPARE(answer.entries, entries);
-        QCOMPARE(answer.shown, !entries.isEmpty());
-        QCOMPARE(NewPathOptions(fixture.canvas), options);
         QCOMPARE(current->calls, toolCalls);
     }
 
@@ -378,8 +367,7 @@ private slots:
         QVERIFY(!canvas.findChild<HXTooltip*>());
         canvas.ShowTip(10, 20, "Click the first corner");
         auto* tip = canvas.findChild<HXTooltip*>();
-        QVERIFY(tip && tip->isVisible());
-        QCOMPARE(tip->text(), QString("Click the first corner"));
+        QVERIFY(tip && tip->isVisible() && tip->text() == "Click the first corner");
         canvas.ShowTip(10, 20, "");
         QVERIFY(tip->isHidden());
         canvas.ShowTip(30, 40, "Click the second corner");
@@ -389,33 +377,17 @@ private slots:
         QVERIFY(tip->isHidden());
     }
 
-    void noticesRunAcrossTheMap() {
-        HXMapCanvas canvas(kMap, nullptr);
-        auto* widget = canvas.findChild<HXMapWidget*>();
-        QVERIFY(widget);
-        canvas.ShowMessage("Layer saved");
-        canvas.ShowMessage("Second");
-        QMutexLocker lock(&widget->mNoticeMutex);
-        QCOMPARE(widget->mNotices.size(), 2);
-        QCOMPARE(widget->mNotices.first()->text, QString("Layer saved"));
-        for (const HXNoticeItem* notice : widget->mNotices)
-            QVERIFY2(notice->fraction >= 0.1 && notice->fraction < 0.5,
-                     qPrintable(QString::number(notice->fraction)));
-    }
-
     void commandLine() {
         HXMapCanvas canvas(kMap, nullptr);
         HORecordingCommandControl control;
-        const HOString text("Next point");
-        for (HORecordingCommandControl* set : {static_cast<HORecordingCommandControl*>(nullptr), &control}) {
+        for (HOCommandControl* set : std::initializer_list<HOCommandControl*>{nullptr, &control}) {
             canvas.SetCommandControl(set);  // none at first: nothing happens
-            canvas.AddNoticeInfo(text);
-            canvas.SetCmdEditInfo(text);
-            canvas.ShowCommandView(text, nullptr, true);
+            canvas.AddNoticeInfo("a");
+            canvas.SetCmdEditInfo("b");
+            canvas.ShowCommandView("c", nullptr, true);
             canvas.SetCommandViewFocus();
         }
-        QCOMPARE(control.calls.join("; "),
-                 "AddNotice Next point; SetEditInfo Next point; ShowView Next point 1; SetViewFocus 1");
+        QCOMPARE(control.calls.join("; "), "AddNotice a; SetEditInfo b; ShowView c 1; SetViewFocus 1");
     }
 
     void filePrompts_data() {
@@ -424,16 +396,15 @@ private slots:
         QTest::addColumn<QString>("dirArgument");
         QTest::addColumn<bool>("opensAtRemembered");
         QTest::addColumn<QStringList>("choice");
-        const QString dir = "directory", conn = "HXSDE30_conn";
-        QTest::newRow("one file") << false << dir << "/elsewhere" << true << QStringList{"a.shp"};
-        QTest::newRow("one file, empty dir argument") << false << dir << "" << false << QStringList{"a.shp"};
-        QTest::newRow("one file, connection entry")
-            << false << conn << "/elsewhere" << false << QStringList{"b"};
-        QTest::newRow("one file, cancelled") << false << dir << "/elsewhere" << true << QStringList{};
-        QTest::newRow("two files") << true << dir << "/elsewhere" << true << QStringList{"a.shp", "b.shp"};
-        QTest::newRow("two files, connection entry")
-            << true << conn << "/elsewhere" << false << QStringList{"a"};
-        QTest::newRow("two files, cancelled") << true << dir << "/elsewhere" << true << QStringList{};
+        const QString dir = "directory", conn = "HXSDE30_conn", elsewhere = "/elsewhere";
+        const QStringList one{"a"}, two{"a", "b"}, none;
+        QTest::newRow("one file") << false << dir << elsewhere << true << one;
+        QTest::newRow("one file, empty dir argument") << false << dir << "" << false << one;
+        QTest::newRow("one file, connection entry") << false << conn << elsewhere << false << one;
+        QTest::newRow("one file, cancelled") << false << dir << elsewhere << true << none;
+        QTest::newRow("two files") << true << dir << elsewhere << true << two;
+        QTest::newRow("two files, connection entry") << true << conn << elsewhere << false << two;
+        QTest::newRow("two files, cancelled") << true << dir << elsewhere << true << none;
     }
     void filePrompts() {
         QFETCH(bool, multi);

@@ -162,7 +162,7 @@ private slots:
         }
         QCOMPARE(banded.pixelColor(600, 450), plain.pixelColor(600, 450));
         s.mouse(QEvent::MouseButtonRelease, b);
-        // The box fills the view (which keeps its aspect, so one side has room to spare).
+        // The box fills the view (which keeps its width to height ratio, so one side has room to spare).
         const HORect after = s.view()->GetExtent();
         const double slack = after.Width() * 1e-9;
         QVERIFY(after.minx <= box.minx + slack && after.maxx >= box.maxx - slack);
