@@ -4,6 +4,7 @@
 
 #include <QtTest>
 #include <cmath>
+#include <limits>
 
 #include "CcurrencyFunc.h"
 #include "HOUnitConversion.h"
