@@ -1,9 +1,13 @@
-// Navigation: magnification limits and tolerance, the scale lock, zoom and extent forwarding by mode,
-// the scale widget update and its signals, and the wheel.
+// The canvas between its host and its views: which view operations zooms, recentring, the wheel,
+// resizing, the render toggle and the scale update reach in each mode, with the host's signals; the
+// magnification limits and tolerance; and setting extents.
 #include <QStatusBar>
+#include <QToolButton>
 #include <QtTest>
+#include <functional>
 
 #include "HOTestPrinters.h"
+#include "HXMapWidget.h"
 #include "HXRecordingCanvas.h"
 #include "HXScaleComboBox.h"
 
@@ -12,8 +16,74 @@ Q_DECLARE_METATYPE(HXMapCanvas::ViewMode)
 
 namespace {
 
-double ShownScale(HXMapCanvas& canvas) {
-    return canvas.StatusBar()->findChild<HXScaleComboBox*>()->scale();
+QString IconName(const QIcon& icon) {
+    const QImage image = icon.pixmap(16, 16).toImage();
+    if (image == QIcon(":/icon/res/main/stop.png").pixmap(16, 16).toImage()) return "stop icon";
+    return image == QIcon(":/icon/res/main/refresh.png").pixmap(16, 16).toImage() ? "refresh icon"
+                                                                                  : "other icon";
+}
+
+// Runs one step of a row on the canvas ("map scale 0": the name, then its numbers); the steps that
+// read something write it to the log.
+void Run(HXRecordingCanvas& f, const QString& step, QStringList& log) {
+    HXMapCanvas& canvas = f.canvas;
+    QStringList name = step.split(' ');
+    const QStringList word = name;
+    bool number = false;
+    while (!name.isEmpty() && (name.last().toDouble(&number), number)) name.removeLast();
+    const HOPoint at(10, 20);
+    const auto shown = [&] {
+        log << "shown " + QString::number(1.0 / canvas.StatusBar()->findChild<HXScaleComboBox*>()->scale());
+    };
+    QToolButton* toggle = nullptr;
+    for (auto* button : canvas.StatusBar()->findChildren<QToolButton*>())
+        if (button->toolTip() == "Toggles pause refresh and continue") toggle = button;
+    const auto toggleTo = [&](bool on) {
+        toggle->setChecked(on);
+        log << IconName(toggle->icon());
+    };
+    const QHash<QString, std::function<void()>> steps{
+        {"locked", [&] { canvas.setScaleLocked(true); }},
+        {"unframed", [&] { f.layout->set_operating_data_frame(nullptr); }},
+        {"flag on", [] { HXMapCanvas::wheelEventSt = true; }},
+        {"map scale", [&] { f.map->scale = word[2].toDouble(); }},
+        {"layout scale", [&] { f.layout->scale = word[2].toDouble(); }},
+        {"zoomByFactor", [&] { canvas.zoomByFactor(2.0); }},
+        {"zoomByFactor at", [&] { canvas.zoomByFactor(2.0, &at); }},
+        {"zoomScale", [&] { canvas.zoomScale(word.value(1, "100000").toDouble()); }},
+        {"zoomIn", [&] { canvas.zoomIn(); }},
+        {"zoomOut", [&] { canvas.zoomOut(); }},
+        {"setCenter", [&] { canvas.setCenter(HOPoint(1000, 1000)); }},
+        {"refresh", [&] { canvas.refresh(); }},
+        {"updateScale", [&] { canvas.updateScale(), shown(); }},
+        {"ScaleChanged", [&] { canvas.ScaleChanged(), shown(); }},
+        {"toggle on", [&] { toggleTo(true); }},
+        {"toggle off", [&] { toggleTo(false); }},
+        {"getters",
+         [&] {
+             const HORect e = canvas.extent();
+             log << QString("extent %1 %2 %3 %4").arg(e.minx).arg(e.maxx).arg(e.miny).arg(e.maxy)
+                 << QString("scale %1").arg(canvas.scale()) << QString("centre x %1").arg(canvas.center().x);
+         }},
+        {"wheel",
+         [&] {
+             const QPoint pos(30, 40);
+             QWheelEvent event(pos, canvas.mapToGlobal(pos), QPoint(), QPoint(0, -120), Qt::NoButton,
+                               Qt::NoModifier, Qt::NoScrollPhase, false);
+             QCoreApplication::sendEvent(&canvas, &event);
+             log << QString("flag %1").arg(HXMapCanvas::wheelEventSt);
+         }},
+        {"resize",
+         [&] {
+             QResizeEvent event(QSize(word[1].toInt(), word[2].toInt()), QSize(640, 480));
+             QCoreApplication::sendEvent(canvas.findChild<HXMapWidget*>(), &event);
+             const QSize output = canvas.mapSettings().outputSize();
+             log << QString("output %1 %2").arg(output.width()).arg(output.height());
+         }},
+    };
+    const auto run = steps.value(name.join(' '));
+    QVERIFY2(run, qPrintable("unknown step " + step));
+    run();
 }
 
 }  // namespace
@@ -53,98 +123,92 @@ private slots:
         if (result != from) QCOMPARE(changed.at(0).at(0).toDouble(), result);
     }
 
-    void zoom_data() {
+    // Each row's steps run in order (", " between them). The map view's calls come first in the
+    // expected list ("map …"), then the layout's ("layout …"), then the host signals and what the
+    // steps read, in order. The map view has scale 50000, extent (0, 400, 0, 200) and centre (200,
+    // 100); the layout scale 25, extent (0, 80, 0, 60).
+    void viewCalls_data() {
         QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-        QTest::addColumn<bool>("locked");
-        QTest::addColumn<QString>("member");
-        QTest::addColumn<QStringList>("mapCalls");
-        QTest::addColumn<QStringList>("layoutCalls");
-        QTest::addColumn<double>("magnification");
-        const QStringList none, byTwo{"ZoomByFactor 2"};
+        QTest::addColumn<QString>("steps");
+        QTest::addColumn<QStringList>("expected");
         const auto map = HXMapCanvas::MapViewMode, layout = HXMapCanvas::PageLayoutMode;
-        QTest::newRow("map: by factor") << map << false << "factor" << byTwo << none << 1.0;
-        QTest::newRow("map: by factor at a point")
-            << map << false << "factor at" << QStringList{"ZoomByFactor 2 at 10,20"} << none << 1.0;
-        QTest::newRow("map: by factor, locked") << map << true << "factor" << none << none << 0.5;
-        QTest::newRow("map: to a scale") << map << false << "scale" << byTwo << none << 1.0;
-        QTest::newRow("map: to a scale, locked") << map << true << "scale" << none << none << 0.5;
-        QTest::newRow("map: in, locked") << map << true << "in" << QStringList{"ZoomIn"} << none << 1.0;
-        QTest::newRow("map: out") << map << false << "out" << QStringList{"ZoomOut"} << none << 1.0;
-        QTest::newRow("layout: by factor") << layout << false << "factor" << none << byTwo << 1.0;
-        QTest::newRow("layout: to a scale, locked")
-            << layout << true << "scale" << none << QStringList{"SetScale 100000"} << 1.0;
-        QTest::newRow("layout: in") << layout << false << "in" << none << QStringList{"ZoomIn"} << 1.0;
-        QTest::newRow("layout: out") << layout << false << "out" << none << QStringList{"ZoomOut"} << 1.0;
-        QTest::newRow("reserved: by factor")
-            << HXMapCanvas::ReservedMode << false << "factor" << none << none << 1.0;
-        QTest::newRow("reserved: to a scale")
-            << HXMapCanvas::ReservedMode << false << "scale" << none << none << 1.0;
-    }
-
-    void zoom() {
-        QFETCH(HXMapCanvas::ViewMode, mode);
-        QFETCH(bool, locked);
-        QFETCH(QString, member);
-        QFETCH(QStringList, mapCalls);
-        QFETCH(QStringList, layoutCalls);
-        QFETCH(double, magnification);
-        HXRecordingCanvas fixture(mode);
-        fixture.canvas.setScaleLocked(locked);
-        const HOPoint at(10, 20);
-        if (member == "factor") fixture.canvas.zoomByFactor(2.0);
-        if (member == "factor at") fixture.canvas.zoomByFactor(2.0, &at);
-        if (member == "scale") fixture.canvas.zoomScale(2.0 * fixture.map->scale);
-        if (member == "in") fixture.canvas.zoomIn();
-        if (member == "out") fixture.canvas.zoomOut();
-        QCOMPARE(fixture.map->calls(), mapCalls);
-        QCOMPARE(fixture.layout->calls(), layoutCalls);
-        QCOMPARE(fixture.canvas.magnificationFactor(), magnification);
-    }
-
-    // A zero scale, the view's or the target's, gives no ratio to zoom or magnify by.
-    void zoomScaleZero() {
-        HXRecordingCanvas fixture(HXMapCanvas::MapViewMode);
-        fixture.map->scale = 0.0;
-        fixture.canvas.zoomScale(5000.0);
-        fixture.canvas.setScaleLocked(true);
-        fixture.canvas.zoomScale(5000.0);
-        fixture.map->scale = 50000.0;
-        fixture.canvas.zoomScale(0.0);
-        QCOMPARE(fixture.map->calls(), QStringList());
-        QCOMPARE(fixture.canvas.magnificationFactor(), 1.0);
-    }
-
-    void extentAndCentre_data() {
-        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-        QTest::addColumn<double>("scale");
-        QTest::addColumn<QStringList>("mapCalls");
-        QTest::addColumn<QStringList>("layoutCalls");
-        QTest::newRow("map") << HXMapCanvas::MapViewMode << 50000.0
-                             << QStringList{"SetExtent 800 1200 900 1100"} << QStringList();
+        const auto reserved = HXMapCanvas::ReservedMode;
+        const auto row = [](const char* name, HXMapCanvas::ViewMode mode, const char* steps,
+                            QStringList expected) {
+            QTest::newRow(name) << mode << QString(steps) << expected;
+        };
+        row("map: by factor", map, "zoomByFactor", {"map ZoomByFactor 2"});
+        row("map: by factor at a point", map, "zoomByFactor at", {"map ZoomByFactor 2 at 10,20"});
+        row("map: by factor, locked", map, "locked, zoomByFactor", {"magnification 0.5"});
+        row("map: to a scale", map, "zoomScale", {"map ZoomByFactor 2"});
+        row("map: to a scale, locked", map, "locked, zoomScale", {"magnification 0.5"});
+        row("map: in, locked", map, "locked, zoomIn", {"map ZoomIn"});
+        row("map: out", map, "zoomOut", {"map ZoomOut"});
+        // A zero scale, the view's or the target's, gives no ratio to zoom or magnify by.
+        row("map: from scale zero", map, "map scale 0, zoomScale 5000", {});
+        row("map: from scale zero, locked", map, "map scale 0, locked, zoomScale 5000", {});
+        row("map: to scale zero, locked", map, "locked, zoomScale 0", {});
+        row("layout: by factor", layout, "zoomByFactor", {"layout ZoomByFactor 2"});
+        row("layout: to a scale, locked", layout, "locked, zoomScale", {"layout SetScale 100000"});
+        row("layout: in", layout, "zoomIn", {"layout ZoomIn"});
+        row("layout: out", layout, "zoomOut", {"layout ZoomOut"});
+        row("reserved: by factor", reserved, "zoomByFactor", {});
+        row("reserved: to a scale", reserved, "zoomScale", {});
+        // extent() always asks the map, scale() and center() the view of the mode.
+        row("map: getters", map, "getters", {"extent 0 400 0 200", "scale 50000", "centre x 200"});
+        row("layout: getters", layout, "getters", {"extent 0 400 0 200", "scale 25", "centre x 200"});
+        row("reserved: getters", reserved, "getters", {"extent 0 0 0 0", "scale 1", "centre x 0"});
+        row("map: centre", map, "setCenter", {"map SetExtent 800 1200 900 1100", "extents"});
         // Recentred on the layout's own extent, handed to the layout.
-        QTest::newRow("layout") << HXMapCanvas::PageLayoutMode << 25.0 << QStringList()
-                                << QStringList{"SetExtent 960 1040 970 1030"};
-        QTest::newRow("reserved") << HXMapCanvas::ReservedMode << 1.0 << QStringList() << QStringList();
+        row("layout: centre", layout, "setCenter", {"layout SetExtent 960 1040 970 1030", "extents"});
+        row("reserved: centre", reserved, "setCenter", {});
+        row("map: wheel", map, "wheel", {"map Wheel 0 -120 30 40", "flag 1"});
+        row("layout: wheel", layout, "wheel", {"layout Wheel 0 -120 30 40", "flag 1"});
+        // With no map view the handler returns before it touches the flag.
+        row("layout without a map: wheel", layout, "unframed, flag on, wheel", {"flag 1"});
+        row("reserved: wheel", reserved, "flag on, wheel", {"flag 1"});
+        row("map: resize", map, "resize 300 200",
+            {"map SetSize 300x200", "map ResizeRefresh 200", "extents", "output 300 200"});
+        row("map: resize, no width", map, "resize 0 200", {"output 0 200"});
+        row("map: resize, no height", map, "resize 300 0", {"output 300 0"});
+        row("layout: resize", layout, "resize 300 200",
+            {"layout SetSize 300x200", "layout RefreshView 1", "extents", "output 300 200"});
+        row("layout: resize, empty", layout, "resize 0 0", {"output 0 0"});
+        row("reserved: resize", reserved, "resize 300 200", {"extents", "output 300 200"});
+        row("map: toggle", map, "toggle on, toggle off",
+            {"map PauseRender", "map ResumeRender", "map RefreshView 0", "stop icon", "refresh icon"});
+        row("layout: toggle, refresh", layout, "toggle on, toggle off, refresh",
+            {"layout RefreshView 1", "stop icon", "refresh icon"});
+        row("reserved: toggle, refresh", reserved, "toggle on, toggle off, refresh",
+            {"stop icon", "refresh icon"});
+        row("map: scale update", map, "updateScale", {"extents", "shown 50000"});
+        row("map: scale update at zero", map, "map scale 0, updateScale", {"shown 1"});
+        // ScaleChanged() updates the box without telling the host, and leaves the signals working.
+        row("map: scale changed", map, "map scale 2000, ScaleChanged, updateScale",
+            {"shown 2000", "extents", "shown 2000"});
+        row("layout: scale update", layout, "updateScale", {"extents", "shown 25"});
+        row("layout: scale update at zero", layout, "layout scale 0, updateScale", {"shown 1"});
+        row("reserved: scale update", reserved, "updateScale", {"shown 1"});
     }
 
-    void extentAndCentre() {
+    void viewCalls() {
         QFETCH(HXMapCanvas::ViewMode, mode);
-        QFETCH(double, scale);
-        QFETCH(QStringList, mapCalls);
-        QFETCH(QStringList, layoutCalls);
+        QFETCH(QString, steps);
+        QFETCH(QStringList, expected);
         HXRecordingCanvas fixture(mode);
         fixture.layout->extent = HORect(0, 80, 0, 60);
         fixture.layout->scale = 25.0;
-        // extent() always asks the map, scale() and center() the view of the mode.
-        const bool reserved = mode == HXMapCanvas::ReservedMode;
-        QCOMPARE(fixture.canvas.extent(), reserved ? HORect() : fixture.map->extent);
-        QCOMPARE(fixture.canvas.scale(), scale);
-        QCOMPARE(fixture.canvas.center().x, reserved ? 0.0 : 200.0);
-        QSignalSpy extents(&fixture.canvas, &HXMapCanvas::extentsChanged);
-        fixture.canvas.setCenter(HOPoint(1000, 1000));
-        QCOMPARE(fixture.map->calls(), mapCalls);
-        QCOMPARE(fixture.layout->calls(), layoutCalls);
-        QCOMPARE(extents.count(), reserved ? 0 : 1);
+        HXMapCanvas::wheelEventSt = false;
+        QStringList log;
+        connect(&fixture.canvas, &HXMapCanvas::extentsChanged, this, [&] { log << "extents"; });
+        connect(&fixture.canvas, &HXMapCanvas::magnificationChanged, this,
+                [&](double m) { log << QString("magnification %1").arg(m); });
+        connect(&fixture.canvas, &HXMapCanvas::mapCanvasRefreshed, this, [&] { log << "refreshed"; });
+        for (const QString& step : steps.split(", ")) Run(fixture, step, log);
+        QStringList calls;
+        for (const QString& call : fixture.map->calls()) calls << "map " + call;
+        for (const QString& call : fixture.layout->calls()) calls << "layout " + call;
+        QCOMPARE(calls + log, expected);
     }
 
     void setExtent() {
@@ -171,77 +235,6 @@ private slots:
         fixture.canvas.setExtent(HORect(5, 5, 5, 5), false);
         QCOMPARE(extents.count(), 1);
         QCOMPARE(fixture.map->calls(), QStringList{"SetExtent 5 5 5 5"});
-    }
-
-    void updateScale_data() {
-        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-        QTest::addColumn<double>("mapScale");
-        QTest::addColumn<double>("layoutScale");
-        QTest::addColumn<bool>("quietly");  // through ScaleChanged()
-        QTest::addColumn<double>("shown");
-        QTest::addColumn<int>("extentSignals");
-        const auto map = HXMapCanvas::MapViewMode, layout = HXMapCanvas::PageLayoutMode;
-        QTest::newRow("map") << map << 50000.0 << 25.0 << false << 1.0 / 50000.0 << 1;
-        QTest::newRow("map, quietly") << map << 2000.0 << 25.0 << true << 1.0 / 2000.0 << 0;
-        QTest::newRow("map at scale zero") << map << 0.0 << 25.0 << false << 1.0 << 0;
-        QTest::newRow("layout") << layout << 50000.0 << 25.0 << false << 1.0 / 25.0 << 1;
-        QTest::newRow("layout at scale zero") << layout << 50000.0 << 0.0 << false << 1.0 << 0;
-        QTest::newRow("reserved") << HXMapCanvas::ReservedMode << 50000.0 << 25.0 << false << 1.0 << 0;
-    }
-
-    void updateScale() {
-        QFETCH(HXMapCanvas::ViewMode, mode);
-        QFETCH(double, mapScale);
-        QFETCH(double, layoutScale);
-        QFETCH(bool, quietly);
-        QFETCH(double, shown);
-        QFETCH(int, extentSignals);
-        HXRecordingCanvas fixture(mode);
-        fixture.map->scale = mapScale;
-        fixture.layout->scale = layoutScale;
-        QSignalSpy extents(&fixture.canvas, &HXMapCanvas::extentsChanged);
-        if (quietly)
-            fixture.canvas.ScaleChanged();
-        else
-            fixture.canvas.updateScale();
-        QCOMPARE(ShownScale(fixture.canvas), shown);
-        QCOMPARE(extents.count(), extentSignals);
-        if (!quietly) return;
-        // The canvas's signals work again afterwards.
-        fixture.canvas.updateScale();
-        QCOMPARE(extents.count(), 1);
-    }
-
-    void wheel_data() {
-        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-        QTest::addColumn<bool>("framed");
-        QTest::addColumn<QStringList>("mapCalls");
-        QTest::addColumn<QStringList>("layoutCalls");
-        QTest::addColumn<bool>("flagBefore");  // the flag ends up set in every case
-        const QStringList wheel{"Wheel 0 -120 30 40"}, none;
-        QTest::newRow("map") << HXMapCanvas::MapViewMode << true << wheel << none << false;
-        QTest::newRow("layout") << HXMapCanvas::PageLayoutMode << true << none << wheel << false;
-        // With no map view the handler returns before it touches the flag.
-        QTest::newRow("layout without a map") << HXMapCanvas::PageLayoutMode << false << none << none << true;
-        QTest::newRow("reserved") << HXMapCanvas::ReservedMode << true << none << none << true;
-    }
-
-    void wheel() {
-        QFETCH(HXMapCanvas::ViewMode, mode);
-        QFETCH(bool, framed);
-        QFETCH(QStringList, mapCalls);
-        QFETCH(QStringList, layoutCalls);
-        QFETCH(bool, flagBefore);
-        HXRecordingCanvas fixture(mode);
-        if (!framed) fixture.layout->set_operating_data_frame(nullptr);
-        HXMapCanvas::wheelEventSt = flagBefore;
-        const QPoint pos(30, 40);
-        QWheelEvent event(pos, fixture.canvas.mapToGlobal(pos), QPoint(), QPoint(0, -120), Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(&fixture.canvas, &event);
-        QCOMPARE(fixture.map->calls(), mapCalls);
-        QCOMPARE(fixture.layout->calls(), layoutCalls);
-        QVERIFY(HXMapCanvas::wheelEventSt);
     }
 };
 

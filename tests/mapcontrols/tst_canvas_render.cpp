@@ -1,9 +1,6 @@
-// What the canvas shows: what a redraw stores and a paint draws (map, watermark, notices, licence), a
-// real map after rendering, resizing and a wheel step, and which view operations the render toggle,
-// refresh and resize reach.
+// What the canvas shows: what a redraw stores and a paint draws (map, watermark, notices, licence), the
+// tooltip, and a real map after rendering, resizing and a wheel step.
 #include <QPainter>
-#include <QStatusBar>
-#include <QToolButton>
 #include <QtTest>
 #include <algorithm>
 #include <atomic>
@@ -11,12 +8,11 @@
 
 #include "HOMap.h"
 #include "HOTestRectLayer.h"
+#include "HXMapCanvas.h"
 #include "HXMapWidget.h"
-#include "HXRecordingCanvas.h"
 #include "HXTooltip.h"
 
 using namespace HXObjects;
-Q_DECLARE_METATYPE(HXMapCanvas::ViewMode)
 
 namespace {
 
@@ -79,10 +75,6 @@ HXMapWidget* ShowRealMap(HXMapCanvas& canvas, HORefPtr<HOMap>& map) {
     canvas.GetMapView()->SetMap(map);
     canvas.setExtent(HORect(0, 400, 0, 300));
     return widget && WaitForPicture(canvas) ? widget : nullptr;
-}
-
-QImage IconImage(const QIcon& icon) {
-    return icon.pixmap(16, 16).toImage();
 }
 
 }  // namespace
@@ -212,78 +204,6 @@ private slots:
         QCOMPARE(widget->mNotices.size(), next < 0 ? 0 : 1);
         if (next >= 0) QCOMPARE(item->x, next);
         if (x == 0) QVERIFY(CountPixels(widget->mOverlayImage.copy(0, 30, 75, 25), QColor(0, 0, 255)) > 0);
-    }
-
-    void renderToggle_data() {
-        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-        QTest::addColumn<QStringList>("paused");
-        QTest::addColumn<QStringList>("resumed");
-        QTest::addColumn<QStringList>("refreshed");  // the layout's calls
-        const QStringList none;
-        QTest::newRow("map view") << HXMapCanvas::MapViewMode << QStringList{"PauseRender"}
-                                  << QStringList{"ResumeRender", "RefreshView 0"} << none;
-        QTest::newRow("page layout") << HXMapCanvas::PageLayoutMode << none << none
-                                     << QStringList{"RefreshView 1"};
-        QTest::newRow("reserved") << HXMapCanvas::ReservedMode << none << none << none;
-    }
-
-    void renderToggle() {
-        QFETCH(HXMapCanvas::ViewMode, mode);
-        QFETCH(QStringList, paused);
-        QFETCH(QStringList, resumed);
-        QFETCH(QStringList, refreshed);
-        HXRecordingCanvas fixture(mode);
-        QToolButton* button = nullptr;
-        for (auto* b : fixture.canvas.StatusBar()->findChildren<QToolButton*>())
-            if (b->toolTip() == "Toggles pause refresh and continue") button = b;
-        QVERIFY(button);
-        const QImage refresh = IconImage(QIcon(":/icon/res/main/refresh.png"));
-        QCOMPARE(IconImage(button->icon()), refresh);
-        QSignalSpy refreshedSignals(&fixture.canvas, &HXMapCanvas::mapCanvasRefreshed);
-
-        button->setChecked(true);
-        QCOMPARE(IconImage(button->icon()), IconImage(QIcon(":/icon/res/main/stop.png")));
-        QCOMPARE(fixture.map->calls(), paused);
-        fixture.map->clearCalls();
-        button->setChecked(false);
-        QCOMPARE(IconImage(button->icon()), refresh);
-        QCOMPARE(fixture.map->calls(), resumed);
-        QCOMPARE(fixture.layout->calls(), QStringList());
-        fixture.canvas.refresh();
-        QCOMPARE(fixture.layout->calls(), refreshed);
-        QCOMPARE(refreshedSignals.count(), 0);
-    }
-
-    void resize_data() {
-        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<QStringList>("mapCalls");
-        QTest::addColumn<QStringList>("layoutCalls");
-        const QStringList none;
-        const auto map = HXMapCanvas::MapViewMode, layout = HXMapCanvas::PageLayoutMode;
-        QTest::newRow("map") << map << QSize(300, 200) << QStringList{"SetSize 300x200", "ResizeRefresh 200"}
-                             << none;
-        QTest::newRow("map, no width") << map << QSize(0, 200) << none << none;
-        QTest::newRow("map, no height") << map << QSize(300, 0) << none << none;
-        QTest::newRow("layout") << layout << QSize(300, 200) << none
-                                << QStringList{"SetSize 300x200", "RefreshView 1"};
-        QTest::newRow("layout, empty") << layout << QSize(0, 0) << none << none;
-        QTest::newRow("reserved") << HXMapCanvas::ReservedMode << QSize(300, 200) << none << none;
-    }
-
-    void resize() {
-        QFETCH(HXMapCanvas::ViewMode, mode);
-        QFETCH(QSize, size);
-        QFETCH(QStringList, mapCalls);
-        QFETCH(QStringList, layoutCalls);
-        HXRecordingCanvas fixture(mode);
-        QSignalSpy extents(&fixture.canvas, &HXMapCanvas::extentsChanged);
-        QResizeEvent event(size, QSize(640, 480));
-        QCoreApplication::sendEvent(fixture.canvas.findChild<HXMapWidget*>(), &event);
-        QCOMPARE(fixture.canvas.mapSettings().outputSize(), size);
-        QCOMPARE(fixture.map->calls(), mapCalls);
-        QCOMPARE(fixture.layout->calls(), layoutCalls);
-        QCOMPARE(extents.count(), size.isEmpty() ? 0 : 1);
     }
 
     void tipHidesWhenTheMouseLeaves() {
