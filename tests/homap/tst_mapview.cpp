@@ -46,267 +46,253 @@ class tst_MapView : public QObject {
     Q_OBJECT
 
 private slots:
-    void displayTransform_data();
-    void displayTransform();
-    void scale_data();
-    void scale();
-    void zoomKeepsThePoint_data();
-    void zoomKeepsThePoint();
-    void signalsOnlyOnRealChange();
-    void extentBeforeSizeIsFittedLater();
-    void badInputIsANoOp();
-    void moveLayer_data();
-    void moveLayer();
-    void layerEditsSignalOnlyRealChange();
-    void fullExtent_data();
-    void fullExtent();
+    void displayTransform_data() {
+        QTest::addColumn<HOSize>("size");
+        QTest::addColumn<HORect>("extent");
+        QTest::addColumn<HOPoint>("pixel");
+        QTest::addColumn<HOPoint>("expected");  // NaN: only the extent's corners are checked
+        // 200x100 showing 400x100: 2 units per pixel, the height grows to 200 about y = 50.
+        QTest::newRow("wide, corner")
+            << HOSize(200, 100) << HORect(0, 400, 0, 100) << HOPoint(200, 100) << HOPoint(400, -50);
+        // 100x100 showing 10x40: 0.4 per pixel, the width grows to 40 about x = 5.
+        QTest::newRow("tall, origin")
+            << HOSize(100, 100) << HORect(0, 10, 0, 40) << HOPoint(0, 0) << HOPoint(-15, 40);
+        QTest::newRow("projected metres") << HOSize(1000, 500) << HORect(500000, 510000, 3000000, 3005000)
+                                          << HOPoint(250, 125) << HOPoint(502500, 3003750);
+        const HORect odd(123.456, 789.012, -45.5, 300.25);
+        const HOPoint none(qQNaN(), qQNaN());
+        QTest::newRow("odd size 1921x1081") << HOSize(1921, 1081) << odd << none << none;
+        QTest::newRow("odd size 3x7") << HOSize(3, 7) << odd << none << none;
+        QTest::newRow("one pixel") << HOSize(1, 1) << odd << none << none;
+    }
+
+    void displayTransform() {
+        QFETCH(HOSize, size);
+        QFETCH(HORect, extent);
+        QFETCH(HOPoint, pixel);
+        QFETCH(HOPoint, expected);
+        const auto view = viewOf(size, extent);
+        const HODisplayTransform t = view->GetDisplayTransform();
+        if (!std::isnan(expected.x)) {
+            QCOMPARE(t.ToMap(pixel.x, pixel.y), expected);
+            QCOMPARE(t.ToDevice(expected), pixel);
+        }
+        // The reported extent is exactly pixel (0, 0) to pixel (width, height) and holds the asked-for one.
+        const HORect shown = view->GetExtent();
+        QCOMPARE(t.ToMap(0, 0), HOPoint(shown.minx, shown.maxy));
+        QCOMPARE(t.ToMap(size.width, size.height), HOPoint(shown.maxx, shown.miny));
+        const double e = 1e-9;
+        QVERIFY(shown.minx <= extent.minx + e && shown.maxx >= extent.maxx - e);
+        QVERIFY(shown.miny <= extent.miny + e && shown.maxy >= extent.maxy - e);
+    }
+
+    void scale_data() {
+        QTest::addColumn<QString>("system");
+        QTest::addColumn<double>("unitsPerPixel");
+        QTest::addColumn<double>("denominatorAt96");
+        // A 96 dpi pixel is 0.0254 / 96 m: 1 m per pixel is 1:3779.53.
+        QTest::newRow("metres") << "EPSG:3857" << 1.0 << 3779.527559055118;
+        QTest::newRow("metres, 2.5 per pixel") << "EPSG:3857" << 2.5 << 9448.818897637795;
+        // 1 ft = 0.3048 m: 0.3048 * 96 / 0.0254 = 1152 exactly.
+        QTest::newRow("international feet")
+            << "+proj=tmerc +lat_0=0 +lon_0=0 +k=1 +x_0=0 +y_0=0 +ellps=WGS84 +units=ft +no_defs" << 1.0
+            << 1152.0;
+        // A degree is 2 * pi * 6378137 / 360 m along the equator.
+        QTest::newRow("degrees") << "EPSG:4326" << 0.001 << 420735.08331316005;
+    }
+
+    void scale() {
+        QFETCH(QString, system);
+        QFETCH(double, unitsPerPixel);
+        QFETCH(double, denominatorAt96);
+        const auto crs = HOCoordinateSystem::FromUserInput(system);
+        QVERIFY(crs);
+        HORefPtr<HOMap> map(new HOMap);
+        map->AddLayer(new HOTestRectLayer(HORect(0, 1, 0, 1), Qt::red, crs));
+        HORefPtr<HOMapView> view(new HOMapView);
+        view->SetMap(map);
+        view->SetSize(1000, 500);
+        view->SetExtent(HORect(0, 1000 * unitsPerPixel, 0, 500 * unitsPerPixel));
+        QVERIFY(qFuzzyCompare(view->GetScale(), denominatorAt96 * HOMapScale::ScreenDpi() / 96.0));
+        view->StopRender(true);
+    }
+
+    void zoomKeepsThePoint_data() {
+        QTest::addColumn<int>("wheelDelta");  // 0: ZoomByFactor about the point
+        QTest::addColumn<double>("factor");
+        QTest::addColumn<HOPoint>("pixel");
+        QTest::newRow("in about the top-left quarter") << 0 << 0.5 << HOPoint(100, 75);
+        QTest::newRow("out about a corner") << 0 << 2.0 << HOPoint(400, 300);
+        QTest::newRow("far out about the origin") << 0 << 16.0 << HOPoint(0, 0);
+        QTest::newRow("wheel notch forward") << 120 << 0.5 << HOPoint(321, 45);
+        QTest::newRow("wheel notch back") << -120 << 2.0 << HOPoint(321, 45);
+        QTest::newRow("wheel two notches") << 240 << 0.25 << HOPoint(321, 45);
+        QTest::newRow("touchpad step of 30") << 30 << 0.8408964152537145 << HOPoint(321, 45);  // 2^-0.25
+        QTest::newRow("fine step of -8") << -8 << 1.0472941228206267 << HOPoint(321, 45);      // 2^(8/120)
+    }
+
+    void zoomKeepsThePoint() {
+        QFETCH(int, wheelDelta);
+        QFETCH(double, factor);
+        QFETCH(HOPoint, pixel);
+        const auto view = viewOf(HOSize(400, 300), HORect(0, 4000, 0, 3000));
+        const double before = view->GetDisplayTransform().unitsPerPixel;
+        const HOPoint fixed = view->GetDisplayTransform().ToMap(pixel.x, pixel.y);
+        if (wheelDelta)
+            view->Wheel(0, wheelDelta, int(pixel.x), int(pixel.y));
+        else
+            view->ZoomByFactor(factor, &fixed);
+        const HODisplayTransform t = view->GetDisplayTransform();
+        QVERIFY(qFuzzyCompare(t.unitsPerPixel, before * factor));
+        const HOPoint after = t.ToDevice(fixed);
+        QVERIFY2(std::abs(after.x - pixel.x) < 1e-6 && std::abs(after.y - pixel.y) < 1e-6,
+                 QTest::toString(after));
+    }
+
+    void signalsOnlyOnRealChange() {
+        const auto view = viewOf(HOSize(400, 300), HORect(0, 400, 0, 300));
+        HOSignalCounter bound(view->BoundChangedSignal), scale(view->ScaleChangedSignal);
+        const auto counts = [&] { return qMakePair(bound.count.load(), scale.count.load()); };
+        view->SetExtent(HORect(0, 400, 0, 300));  // the same place
+        view->SetScale(view->GetScale());
+        QCOMPARE(counts(), qMakePair(0, 0));
+        view->BeginPan();
+        view->PanTo(10, 0);
+        QCOMPARE(counts(), qMakePair(0, 0));  // a pan in progress moves only the picture
+        view->EndPan(10, 0);
+        QCOMPARE(counts(), qMakePair(1, 0));
+        const HOPoint centre = view->GetCenter();
+        view->ZoomIn();
+        QCOMPARE(counts(), qMakePair(2, 1));
+        view->SetScale(25000);
+        QVERIFY(qFuzzyCompare(view->GetDisplayTransform().unitsPerPixel,
+                              25000 * 0.0254 / HOMapScale::ScreenDpi()));
+        QCOMPARE(view->GetCenter(), centre);
+        view->SetSize(800, 300);  // more of the map shows at the same scale
+        QCOMPARE(counts(), qMakePair(4, 2));
+        QCOMPARE(bound.nullEvents + scale.nullEvents, 0);
+        QCOMPARE(bound.lastSender.load(), static_cast<void*>(view.get()));
+        QVERIFY(view->GetScreenDisplay()->GetDisplayTransform() == view->GetDisplayTransform());
+        QCOMPARE(view->GetScreenDisplay()->GetDeviceSize(), HOSize(800, 300));
+    }
+
+    void extentBeforeSizeIsFittedLater() {
+        HORefPtr<HOMapView> view(new HOMapView);
+        view->SetExtent(HORect(0, 100, 0, 50));
+        QCOMPARE(view->GetScale(), 0.0);  // no pixels yet: no scale
+        view->SetSize(200, 100);
+        QCOMPARE(view->GetExtent(), HORect(0, 100, 0, 50));
+        QCOMPARE(view->GetDisplayTransform().unitsPerPixel, 0.5);
+    }
+
+    void badInputIsANoOp() {
+        const auto view = viewOf(HOSize(400, 300), HORect(0, 400, 0, 300));
+        HOSignalCounter bound(view->BoundChangedSignal);
+        const HORect before = view->GetExtent();
+        view->SetExtent(HORect(5, 5, 0, 10));
+        view->SetExtent(HORect(0, 10, 3, 3));
+        view->SetExtent(HORect(0, qQNaN(), 0, 10));
+        view->SetScale(0);
+        view->SetScale(-5);
+        view->ZoomByFactor(0, nullptr);
+        view->ZoomByFactor(qInf(), nullptr);
+        view->Wheel(0, 0, 10, 10);
+        QVERIFY(view->GetExtent() == before && bound.count == 0);
+
+        // A view of no size draws nothing and reports no scale; without a map nothing renders or hangs.
+        view->SetSize(0, 0);
+        QCOMPARE(view->GetScale(), 0.0);
+        HORefPtr<HOGraphics> surface(new HOGraphics);
+        surface->SetSize(10, 10);
+        view->Draw(surface);
+        view->Draw(nullptr);
+        view->SetSize(400, 300);
+        view->RefreshMap(false, HORect());
+        view->ZoomToFullExtent();
+        QVERIFY(!view->IsRendering());
+    }
+
+    void moveLayer_data() {
+        QTest::addColumn<int>("from");
+        QTest::addColumn<int>("to");
+        QTest::addColumn<QString>("expected");
+        QTest::addColumn<int>("changes");
+        QTest::newRow("first to last") << 0 << 3 << "BCDA" << 1;
+        QTest::newRow("last to first") << 3 << 0 << "DABC" << 1;
+        QTest::newRow("one down") << 1 << 2 << "ACBD" << 1;
+        QTest::newRow("past the end clamps") << 0 << 99 << "BCDA" << 1;
+        QTest::newRow("negative clamps") << 2 << -5 << "CABD" << 1;
+        QTest::newRow("to its own place") << 1 << 1 << "ABCD" << 0;
+    }
+
+    void moveLayer() {
+        QFETCH(int, from);
+        QFETCH(int, to);
+        const auto map = mapOf("ABCD");
+        HOSignalCounter changed(map->LayersChangedSignal);
+        map->MoveLayer(map->GetLayers(true)[std::size_t(from)], to);
+        QTEST(namesOf(*map), "expected");
+        QTEST(changed.count.load(), "changes");
+    }
+
+    void layerEditsSignalOnlyRealChange() {
+        const auto map = mapOf("AB");  // layers without a coordinate system
+        HOSignalCounter changed(map->LayersChangedSignal);
+        const HORefPtr<HOLayer> a = map->GetLayers(true)[0];
+        HORefPtr<HOLayer> stranger(new HOTestRectLayer(HORect(0, 1, 0, 1), Qt::red));
+        map->AddLayer(a);  // already there
+        map->AddLayer(nullptr);
+        map->SetLayerVisible(a, true);  // already visible
+        map->MoveLayer(stranger, 0);    // not there
+        QVERIFY(map->GetLayerCount() == 2 && changed.count == 0);
+        map->SetLayerVisible(a, false);
+        QVERIFY(!a->IsVisible() && changed.count == 1);
+        map->RemoveLayer(a);
+        map->RemoveLayer(a);  // no longer there
+        QVERIFY(namesOf(*map) == "B" && changed.count == 2);
+        QCOMPARE(a->RefCount(), 1);  // the map let go of it
+        QCOMPARE(changed.nullEvents.load(), 0);
+        QCOMPARE(changed.lastSender.load(), static_cast<void*>(map.get()));
+
+        // The system and display unit are those of the first layer that has a system, until one is set.
+        QVERIFY(!map->GetSpatialReference() && map->GetMapDisplayUnit() == HOUnitMeter);
+        const auto wgs84 = HOCoordinateSystem::FromEpsg(4326), mercator = HOCoordinateSystem::FromEpsg(3857);
+        map->AddLayer(new HOTestRectLayer(HORect(0, 1, 0, 1), Qt::red, wgs84));
+        map->AddLayer(new HOTestRectLayer(HORect(0, 1, 0, 1), Qt::red, mercator));
+        QVERIFY(map->GetSpatialReference().get() == wgs84.get() && map->GetMapDisplayUnit() == HOUnitDegree);
+        changed.reset();
+        map->SetSpatialReference(mercator);
+        map->SetSpatialReference(mercator);
+        QVERIFY(map->GetSpatialReference().get() == mercator.get() && changed.count == 1);
+    }
+
+    void fullExtent_data() {
+        QTest::addColumn<QList<HORect>>("layers");
+        QTest::addColumn<int>("hidden");  // index of a hidden layer, -1 for none
+        QTest::addColumn<HORect>("expected");
+        const QList<HORect> two{HORect(1, 2, 3, 4), HORect(-5, 0, 3.5, 10)};
+        QTest::newRow("no layers") << QList<HORect>() << -1 << HORect();
+        QTest::newRow("union") << two << -1 << HORect(-5, 2, 3, 10);
+        QTest::newRow("hidden layers do not count") << two << 1 << HORect(1, 2, 3, 4);
+        QTest::newRow("a point is widened")
+            << QList<HORect>{HORect(7, 7, 8, 8)} << -1 << HORect(6.5, 7.5, 7.5, 8.5);
+        QTest::newRow("a line is widened")
+            << QList<HORect>{HORect(0, 10, 5, 5)} << -1 << HORect(0, 10, 0, 10);
+        QTest::newRow("inverted is ignored") << QList<HORect>{HORect(2, 1, 0, 1)} << -1 << HORect();
+    }
+
+    void fullExtent() {
+        QFETCH(QList<HORect>, layers);
+        QFETCH(int, hidden);
+        HORefPtr<HOMap> map(new HOMap);
+        for (int i = 0; i < layers.size(); ++i) {
+            HORefPtr<HOLayer> layer(new HOTestRectLayer(layers[i], Qt::red));
+            layer->SetVisible(i != hidden);
+            map->AddLayer(layer);
+        }
+        QTEST(map->GetFullExtent(), "expected");
+    }
 };
-
-void tst_MapView::displayTransform_data() {
-    QTest::addColumn<HOSize>("size");
-    QTest::addColumn<HORect>("extent");
-    QTest::addColumn<HOPoint>("pixel");
-    QTest::addColumn<HOPoint>("expected");  // NaN: only the extent's corners are checked
-    // 200x100 showing 400x100: 2 units per pixel, the height grows to 200 about y = 50.
-    QTest::newRow("wide, corner") << HOSize(200, 100) << HORect(0, 400, 0, 100) << HOPoint(200, 100)
-                                  << HOPoint(400, -50);
-    // 100x100 showing 10x40: 0.4 per pixel, the width grows to 40 about x = 5.
-    QTest::newRow("tall, origin") << HOSize(100, 100) << HORect(0, 10, 0, 40) << HOPoint(0, 0)
-                                  << HOPoint(-15, 40);
-    QTest::newRow("projected metres") << HOSize(1000, 500) << HORect(500000, 510000, 3000000, 3005000)
-                                      << HOPoint(250, 125) << HOPoint(502500, 3003750);
-    const HORect odd(123.456, 789.012, -45.5, 300.25);
-    const HOPoint none(qQNaN(), qQNaN());
-    QTest::newRow("odd size 1921x1081") << HOSize(1921, 1081) << odd << none << none;
-    QTest::newRow("odd size 3x7") << HOSize(3, 7) << odd << none << none;
-    QTest::newRow("one pixel") << HOSize(1, 1) << odd << none << none;
-}
-
-void tst_MapView::displayTransform() {
-    QFETCH(HOSize, size);
-    QFETCH(HORect, extent);
-    QFETCH(HOPoint, pixel);
-    QFETCH(HOPoint, expected);
-    const auto view = viewOf(size, extent);
-    const HODisplayTransform t = view->GetDisplayTransform();
-    if (!std::isnan(expected.x)) {
-        QCOMPARE(t.ToMap(pixel.x, pixel.y), expected);
-        QCOMPARE(t.ToDevice(expected), pixel);
-    }
-    // The reported extent is exactly pixel (0, 0) to pixel (width, height) and holds the asked-for one.
-    const HORect shown = view->GetExtent();
-    QCOMPARE(t.ToMap(0, 0), HOPoint(shown.minx, shown.maxy));
-    QCOMPARE(t.ToMap(size.width, size.height), HOPoint(shown.maxx, shown.miny));
-    const double e = 1e-9;
-    QVERIFY(shown.minx <= extent.minx + e && shown.maxx >= extent.maxx - e);
-    QVERIFY(shown.miny <= extent.miny + e && shown.maxy >= extent.maxy - e);
-}
-
-void tst_MapView::scale_data() {
-    QTest::addColumn<QString>("system");
-    QTest::addColumn<double>("unitsPerPixel");
-    QTest::addColumn<double>("denominatorAt96");
-    // A 96 dpi pixel is 0.0254 / 96 m: 1 m per pixel is 1:3779.53.
-    QTest::newRow("metres") << "EPSG:3857" << 1.0 << 3779.527559055118;
-    QTest::newRow("metres, 2.5 per pixel") << "EPSG:3857" << 2.5 << 9448.818897637795;
-    // 1 ft = 0.3048 m: 0.3048 * 96 / 0.0254 = 1152 exactly.
-    QTest::newRow("international feet")
-        << "+proj=tmerc +lat_0=0 +lon_0=0 +k=1 +x_0=0 +y_0=0 +ellps=WGS84 +units=ft +no_defs" << 1.0
-        << 1152.0;
-    // A degree is 2 * pi * 6378137 / 360 m along the equator.
-    QTest::newRow("degrees") << "EPSG:4326" << 0.001 << 420735.08331316005;
-}
-
-void tst_MapView::scale() {
-    QFETCH(QString, system);
-    QFETCH(double, unitsPerPixel);
-    QFETCH(double, denominatorAt96);
-    const auto crs = HOCoordinateSystem::FromUserInput(system);
-    QVERIFY(crs);
-    HORefPtr<HOMap> map(new HOMap);
-    map->AddLayer(new HOTestRectLayer(HORect(0, 1, 0, 1), Qt::red, crs));
-    HORefPtr<HOMapView> view(new HOMapView);
-    view->SetMap(map);
-    view->SetSize(1000, 500);
-    view->SetExtent(HORect(0, 1000 * unitsPerPixel, 0, 500 * unitsPerPixel));
-    QVERIFY(qFuzzyCompare(view->GetScale(), denominatorAt96 * HOMapScale::ScreenDpi() / 96.0));
-    view->StopRender(true);
-}
-
-void tst_MapView::zoomKeepsThePoint_data() {
-    QTest::addColumn<int>("wheelDelta");  // 0: ZoomByFactor about the point
-    QTest::addColumn<double>("factor");
-    QTest::addColumn<HOPoint>("pixel");
-    QTest::newRow("in about the top-left quarter") << 0 << 0.5 << HOPoint(100, 75);
-    QTest::newRow("out about a corner") << 0 << 2.0 << HOPoint(400, 300);
-    QTest::newRow("far out about the origin") << 0 << 16.0 << HOPoint(0, 0);
-    QTest::newRow("wheel notch forward") << 120 << 0.5 << HOPoint(321, 45);
-    QTest::newRow("wheel notch back") << -120 << 2.0 << HOPoint(321, 45);
-    QTest::newRow("wheel two notches") << 240 << 0.25 << HOPoint(321, 45);
-    QTest::newRow("touchpad step of 30") << 30 << 0.8408964152537145 << HOPoint(321, 45);  // 2^-0.25
-    QTest::newRow("fine step of -8") << -8 << 1.0472941228206267 << HOPoint(321, 45);      // 2^(8/120)
-}
-
-void tst_MapView::zoomKeepsThePoint() {
-    QFETCH(int, wheelDelta);
-    QFETCH(double, factor);
-    QFETCH(HOPoint, pixel);
-    const auto view = viewOf(HOSize(400, 300), HORect(0, 4000, 0, 3000));
-    const double before = view->GetDisplayTransform().unitsPerPixel;
-    const HOPoint fixed = view->GetDisplayTransform().ToMap(pixel.x, pixel.y);
-    if (wheelDelta)
-        view->Wheel(0, wheelDelta, int(pixel.x), int(pixel.y));
-    else
-        view->ZoomByFactor(factor, &fixed);
-    const HODisplayTransform t = view->GetDisplayTransform();
-    QVERIFY(qFuzzyCompare(t.unitsPerPixel, before * factor));
-    const HOPoint after = t.ToDevice(fixed);
-    QVERIFY2(std::abs(after.x - pixel.x) < 1e-6 && std::abs(after.y - pixel.y) < 1e-6,
-             QTest::toString(after));
-}
-
-void tst_MapView::signalsOnlyOnRealChange() {
-    const auto view = viewOf(HOSize(400, 300), HORect(0, 400, 0, 300));
-    HOSignalCounter bound(view->BoundChangedSignal), scale(view->ScaleChangedSignal);
-    const auto counts = [&] { return qMakePair(bound.count.load(), scale.count.load()); };
-    view->SetExtent(HORect(0, 400, 0, 300));  // the same place
-    view->SetScale(view->GetScale());
-    QCOMPARE(counts(), qMakePair(0, 0));
-    view->BeginPan();
-    view->PanTo(10, 0);
-    QCOMPARE(counts(), qMakePair(0, 0));  // a pan in progress moves only the picture
-    view->EndPan(10, 0);
-    QCOMPARE(counts(), qMakePair(1, 0));
-    const HOPoint centre = view->GetCenter();
-    view->ZoomIn();
-    QCOMPARE(counts(), qMakePair(2, 1));
-    view->SetScale(25000);
-    QVERIFY(
-        qFuzzyCompare(view->GetDisplayTransform().unitsPerPixel, 25000 * 0.0254 / HOMapScale::ScreenDpi()));
-    QCOMPARE(view->GetCenter(), centre);
-    view->SetSize(800, 300);  // more of the map shows at the same scale
-    QCOMPARE(counts(), qMakePair(4, 2));
-    QCOMPARE(bound.nullEvents + scale.nullEvents, 0);
-    QCOMPARE(bound.lastSender.load(), static_cast<void*>(view.get()));
-    QVERIFY(view->GetScreenDisplay()->GetDisplayTransform() == view->GetDisplayTransform());
-    QCOMPARE(view->GetScreenDisplay()->GetDeviceSize(), HOSize(800, 300));
-}
-
-void tst_MapView::extentBeforeSizeIsFittedLater() {
-    HORefPtr<HOMapView> view(new HOMapView);
-    view->SetExtent(HORect(0, 100, 0, 50));
-    QCOMPARE(view->GetScale(), 0.0);  // no pixels yet: no scale
-    view->SetSize(200, 100);
-    QCOMPARE(view->GetExtent(), HORect(0, 100, 0, 50));
-    QCOMPARE(view->GetDisplayTransform().unitsPerPixel, 0.5);
-}
-
-void tst_MapView::badInputIsANoOp() {
-    const auto view = viewOf(HOSize(400, 300), HORect(0, 400, 0, 300));
-    HOSignalCounter bound(view->BoundChangedSignal);
-    const HORect before = view->GetExtent();
-    view->SetExtent(HORect(5, 5, 0, 10));
-    view->SetExtent(HORect(0, 10, 3, 3));
-    view->SetExtent(HORect(0, qQNaN(), 0, 10));
-    view->SetScale(0);
-    view->SetScale(-5);
-    view->ZoomByFactor(0, nullptr);
-    view->ZoomByFactor(qInf(), nullptr);
-    view->Wheel(0, 0, 10, 10);
-    QVERIFY(view->GetExtent() == before && bound.count == 0);
-
-    // A view of no size draws nothing and reports no scale; without a map nothing renders or hangs.
-    view->SetSize(0, 0);
-    QCOMPARE(view->GetScale(), 0.0);
-    HORefPtr<HOGraphics> surface(new HOGraphics);
-    surface->SetSize(10, 10);
-    view->Draw(surface);
-    view->Draw(nullptr);
-    view->SetSize(400, 300);
-    view->RefreshMap(false, HORect());
-    view->ZoomToFullExtent();
-    QVERIFY(!view->IsRendering());
-}
-
-void tst_MapView::moveLayer_data() {
-    QTest::addColumn<int>("from");
-    QTest::addColumn<int>("to");
-    QTest::addColumn<QString>("expected");
-    QTest::addColumn<int>("changes");
-    QTest::newRow("first to last") << 0 << 3 << "BCDA" << 1;
-    QTest::newRow("last to first") << 3 << 0 << "DABC" << 1;
-    QTest::newRow("one down") << 1 << 2 << "ACBD" << 1;
-    QTest::newRow("past the end clamps") << 0 << 99 << "BCDA" << 1;
-    QTest::newRow("negative clamps") << 2 << -5 << "CABD" << 1;
-    QTest::newRow("to its own place") << 1 << 1 << "ABCD" << 0;
-}
-
-void tst_MapView::moveLayer() {
-    QFETCH(int, from);
-    QFETCH(int, to);
-    const auto map = mapOf("ABCD");
-    HOSignalCounter changed(map->LayersChangedSignal);
-    map->MoveLayer(map->GetLayers(true)[std::size_t(from)], to);
-    QTEST(namesOf(*map), "expected");
-    QTEST(changed.count.load(), "changes");
-}
-
-void tst_MapView::layerEditsSignalOnlyRealChange() {
-    const auto map = mapOf("AB");  // layers without a coordinate system
-    HOSignalCounter changed(map->LayersChangedSignal);
-    const HORefPtr<HOLayer> a = map->GetLayers(true)[0];
-    HORefPtr<HOLayer> stranger(new HOTestRectLayer(HORect(0, 1, 0, 1), Qt::red));
-    map->AddLayer(a);  // already there
-    map->AddLayer(nullptr);
-    map->SetLayerVisible(a, true);  // already visible
-    map->MoveLayer(stranger, 0);    // not there
-    QVERIFY(map->GetLayerCount() == 2 && changed.count == 0);
-    map->SetLayerVisible(a, false);
-    QVERIFY(!a->IsVisible() && changed.count == 1);
-    map->RemoveLayer(a);
-    map->RemoveLayer(a);  // no longer there
-    QVERIFY(namesOf(*map) == "B" && changed.count == 2);
-    QCOMPARE(a->RefCount(), 1);  // the map let go of it
-    QCOMPARE(changed.nullEvents.load(), 0);
-    QCOMPARE(changed.lastSender.load(), static_cast<void*>(map.get()));
-
-    // The system and display unit are those of the first layer that has a system, until one is set.
-    QVERIFY(!map->GetSpatialReference() && map->GetMapDisplayUnit() == HOUnitMeter);
-    const auto wgs84 = HOCoordinateSystem::FromEpsg(4326), mercator = HOCoordinateSystem::FromEpsg(3857);
-    map->AddLayer(new HOTestRectLayer(HORect(0, 1, 0, 1), Qt::red, wgs84));
-    map->AddLayer(new HOTestRectLayer(HORect(0, 1, 0, 1), Qt::red, mercator));
-    QVERIFY(map->GetSpatialReference().get() == wgs84.get() && map->GetMapDisplayUnit() == HOUnitDegree);
-    changed.reset();
-    map->SetSpatialReference(mercator);
-    map->SetSpatialReference(mercator);
-    QVERIFY(map->GetSpatialReference().get() == mercator.get() && changed.count == 1);
-}
-
-void tst_MapView::fullExtent_data() {
-    QTest::addColumn<QList<HORect>>("layers");
-    QTest::addColumn<int>("hidden");  // index of a hidden layer, -1 for none
-    QTest::addColumn<HORect>("expected");
-    const QList<HORect> two{HORect(1, 2, 3, 4), HORect(-5, 0, 3.5, 10)};
-    QTest::newRow("no layers") << QList<HORect>() << -1 << HORect();
-    QTest::newRow("union") << two << -1 << HORect(-5, 2, 3, 10);
-    QTest::newRow("hidden layers do not count") << two << 1 << HORect(1, 2, 3, 4);
-    QTest::newRow("a point is widened")
-        << QList<HORect>{HORect(7, 7, 8, 8)} << -1 << HORect(6.5, 7.5, 7.5, 8.5);
-    QTest::newRow("a line is widened") << QList<HORect>{HORect(0, 10, 5, 5)} << -1 << HORect(0, 10, 0, 10);
-    QTest::newRow("inverted is ignored") << QList<HORect>{HORect(2, 1, 0, 1)} << -1 << HORect();
-}
-
-void tst_MapView::fullExtent() {
-    QFETCH(QList<HORect>, layers);
-    QFETCH(int, hidden);
-    HORefPtr<HOMap> map(new HOMap);
-    for (int i = 0; i < layers.size(); ++i) {
-        HORefPtr<HOLayer> layer(new HOTestRectLayer(layers[i], Qt::red));
-        layer->SetVisible(i != hidden);
-        map->AddLayer(layer);
-    }
-    QTEST(map->GetFullExtent(), "expected");
-}
 
 QTEST_MAIN(tst_MapView)
 #include "tst_mapview.moc"

@@ -74,300 +74,287 @@ class tst_MapViewRender : public QObject {
     Q_OBJECT
 
 private slots:
-    void rendersLayersInMapOrder();
-    void previewWhileRendering_data();
-    void previewWhileRendering();
-    void cancelStopsQuicklyAndANewRenderCompletes_data();
-    void cancelStopsQuicklyAndANewRenderCompletes();
-    void pauseHoldsRendering();
-    void refreshRendersOnlyThatLayer();
-    void resizeDragRendersOnce();
-    void redrawsAreThrottledAndFromTheWorker();
-    void unbindWhileTheWorkerFires();
-    void drawAddsGraphicsToolAndGrid();
-    void flashingDoesNotBlock();
-    void middleButtonDragPans();
-    void firstLayerIsFittedRenderedAndSelected();
-};
+    void rendersLayersInMapOrder() {
+        Scene s({{HORect(0, 50, 0, 100), Qt::red}, {HORect(25, 100, 0, 100), Qt::blue}});
+        HOSignalCounter finished(s.view->RenderFinishedSignal);
+        QTRY_VERIFY_WITH_TIMEOUT(s.idle() && finished.count > 0, kTimeout);
+        QImage image = drawn(s.view);
+        QCOMPARE(image.pixel(10, 50), kRed);
+        QCOMPARE(image.pixel(40, 50), kBlue);  // drawn later, on top
 
-void tst_MapViewRender::rendersLayersInMapOrder() {
-    Scene s({{HORect(0, 50, 0, 100), Qt::red}, {HORect(25, 100, 0, 100), Qt::blue}});
-    HOSignalCounter finished(s.view->RenderFinishedSignal);
-    QTRY_VERIFY_WITH_TIMEOUT(s.idle() && finished.count > 0, kTimeout);
-    QImage image = drawn(s.view);
-    QCOMPARE(image.pixel(10, 50), kRed);
-    QCOMPARE(image.pixel(40, 50), kBlue);  // drawn later, on top
-
-    finished.reset();
-    s.map->MoveLayer(s.layers[1], 0);
-    QTRY_VERIFY_WITH_TIMEOUT(s.idle() && finished.count > 0, kTimeout);
-    QCOMPARE(drawn(s.view).pixel(40, 50), kRed);
-    QCOMPARE(s.layers[0]->renders.load(), 1);  // a new order needs no new pictures
-    QCOMPARE(finished.nullEvents.load(), 0);
-}
-
-void tst_MapViewRender::previewWhileRendering_data() {
-    QTest::addColumn<QString>("move");
-    QTest::addColumn<QPoint>("redPixel");
-    QTest::addColumn<QPoint>("whitePixel");
-    // The red square covers pixels 25..75. Zoomed in twice about the centre it fills the view.
-    QTest::newRow("zoom in") << "zoom in" << QPoint(1, 1) << QPoint(-1, -1);
-    QTest::newRow("zoom out") << "zoom out" << QPoint(40, 40) << QPoint(35, 35);    // 37.5..62.5
-    QTest::newRow("pan in progress") << "pan" << QPoint(60, 50) << QPoint(50, 50);  // 55..105
-    QTest::newRow("pan ended") << "end pan" << QPoint(60, 50) << QPoint(50, 50);
-}
-
-void tst_MapViewRender::previewWhileRendering() {
-    QFETCH(QString, move);
-    QFETCH(QPoint, redPixel);
-    QFETCH(QPoint, whitePixel);
-    Scene s({{HORect(25, 75, 25, 75), Qt::red}});
-    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
-    s.layers[0]->renderMs = 10000;  // the new picture will not be ready while we look
-    if (move == "zoom in") s.view->ZoomIn();
-    if (move == "zoom out") s.view->ZoomOut();
-    if (move.contains("pan")) {
-        s.view->BeginPan();
-        s.view->PanTo(30, 0);
+        finished.reset();
+        s.map->MoveLayer(s.layers[1], 0);
+        QTRY_VERIFY_WITH_TIMEOUT(s.idle() && finished.count > 0, kTimeout);
+        QCOMPARE(drawn(s.view).pixel(40, 50), kRed);
+        QCOMPARE(s.layers[0]->renders.load(), 1);  // a new order needs no new pictures
+        QCOMPARE(finished.nullEvents.load(), 0);
     }
-    if (move == "end pan") s.view->EndPan(30, 0);
-    const QImage image = drawn(s.view);
-    QCOMPARE(image.pixel(redPixel), kRed);
-    if (image.valid(whitePixel)) QCOMPARE(image.pixel(whitePixel), kWhite);
-    s.view->StopRender(true);
-}
 
-void tst_MapViewRender::cancelStopsQuicklyAndANewRenderCompletes_data() {
-    QTest::addColumn<QString>("how");
-    QTest::addColumn<int>("limitMs");
-    QTest::newRow("StopRender") << "stop" << 200;
-    QTest::newRow("a new extent") << "extent" << 2000;
-    QTest::newRow("the track-cancel object") << "track" << 1000;
-    QTest::newRow("the view destroyed") << "destroy" << 500;
-    QTest::newRow("its manager group removed") << "group" << 1000;
-}
-
-void tst_MapViewRender::cancelStopsQuicklyAndANewRenderCompletes() {
-    QFETCH(QString, how);
-    QFETCH(int, limitMs);
-    HOMapViewManager* manager = HOMapViewManager::GetInstance();
-    const int group = how == "group" ? manager->addGroup() : 0;
-    Scene s(kFullRed, 10000, how == "group" ? manager->addView("slow") : new HOMapView);
-    const auto& layer = s.layers[0];
-    std::optional<HOSignalCounter> counter;
-    HOSignalCounter& finished = counter.emplace(s.view->RenderFinishedSignal);
-    QTRY_VERIFY_WITH_TIMEOUT(layer->renders > 0 && s.view->IsRendering(), kTimeout);
-    const int started = layer->renders;
-
-    QElapsedTimer timer;
-    timer.start();
-    if (how == "stop") s.view->StopRender(true);
-    if (how == "extent") {
-        layer->renderMs = 0;
-        s.view->SetExtent(HORect(50, 150, 0, 100));
+    void previewWhileRendering_data() {
+        QTest::addColumn<QString>("move");
+        QTest::addColumn<QPoint>("redPixel");
+        QTest::addColumn<QPoint>("whitePixel");
+        // The red square covers pixels 25..75. Zoomed in twice about the centre it fills the view.
+        QTest::newRow("zoom in") << "zoom in" << QPoint(1, 1) << QPoint(-1, -1);
+        QTest::newRow("zoom out") << "zoom out" << QPoint(40, 40) << QPoint(35, 35);    // 37.5..62.5
+        QTest::newRow("pan in progress") << "pan" << QPoint(60, 50) << QPoint(50, 50);  // 55..105
+        QTest::newRow("pan ended") << "end pan" << QPoint(60, 50) << QPoint(50, 50);
     }
-    if (how == "track") s.view->GetTrackCancel()->Cancel();
-    if (how == "group") manager->removeGroup(group);
-    if (how == "destroy") {
-        counter.reset();
-        s.view = nullptr;
-        QVERIFY(timer.elapsed() < limitMs);
+
+    void previewWhileRendering() {
+        QFETCH(QString, move);
+        QFETCH(QPoint, redPixel);
+        QFETCH(QPoint, whitePixel);
+        Scene s({{HORect(25, 75, 25, 75), Qt::red}});
+        QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
+        s.layers[0]->renderMs = 10000;  // the new picture will not be ready while we look
+        if (move == "zoom in") s.view->ZoomIn();
+        if (move == "zoom out") s.view->ZoomOut();
+        if (move.contains("pan")) {
+            s.view->BeginPan();
+            s.view->PanTo(30, 0);
+        }
+        if (move == "end pan") s.view->EndPan(30, 0);
+        const QImage image = drawn(s.view);
+        QCOMPARE(image.pixel(redPixel), kRed);
+        if (image.valid(whitePixel)) QCOMPARE(image.pixel(whitePixel), kWhite);
+        s.view->StopRender(true);
+    }
+
+    void cancelStopsQuicklyAndANewRenderCompletes_data() {
+        QTest::addColumn<QString>("how");
+        QTest::addColumn<int>("limitMs");
+        QTest::newRow("StopRender") << "stop" << 200;
+        QTest::newRow("a new extent") << "extent" << 2000;
+        QTest::newRow("the track-cancel object") << "track" << 1000;
+        QTest::newRow("the view destroyed") << "destroy" << 500;
+        QTest::newRow("its manager group removed") << "group" << 1000;
+    }
+
+    void cancelStopsQuicklyAndANewRenderCompletes() {
+        QFETCH(QString, how);
+        QFETCH(int, limitMs);
+        HOMapViewManager* manager = HOMapViewManager::GetInstance();
+        const int group = how == "group" ? manager->addGroup() : 0;
+        Scene s(kFullRed, 10000, how == "group" ? manager->addView("slow") : new HOMapView);
+        const auto& layer = s.layers[0];
+        std::optional<HOSignalCounter> counter;
+        HOSignalCounter& finished = counter.emplace(s.view->RenderFinishedSignal);
+        QTRY_VERIFY_WITH_TIMEOUT(layer->renders > 0 && s.view->IsRendering(), kTimeout);
+        const int started = layer->renders;
+
+        QElapsedTimer timer;
+        timer.start();
+        if (how == "stop") s.view->StopRender(true);
+        if (how == "extent") {
+            layer->renderMs = 0;
+            s.view->SetExtent(HORect(50, 150, 0, 100));
+        }
+        if (how == "track") s.view->GetTrackCancel()->Cancel();
+        if (how == "group") manager->removeGroup(group);
+        if (how == "destroy") {
+            counter.reset();
+            s.view = nullptr;
+            QVERIFY(timer.elapsed() < limitMs);
+            QCOMPARE(layer->cancelled.load(), 1);
+            QCOMPARE(s.map->LayersChangedSignal.count(), 0);  // the view let go of the map
+            return;
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(how == "extent" ? finished.count > 0 : s.idle(), limitMs);
+        QVERIFY2(timer.elapsed() < limitMs, qPrintable(QString::number(timer.elapsed())));
         QCOMPARE(layer->cancelled.load(), 1);
-        QCOMPARE(s.map->LayersChangedSignal.count(), 0);  // the view let go of the map
-        return;
+        if (how == "group") {
+            QCOMPARE(s.view->RefCount(), 1);  // only ours is left
+            return;
+        }
+        layer->renderMs = 0;
+        if (how != "extent") {
+            QCOMPARE(finished.count.load(), 0);
+            s.view->RefreshMap(false, HORect());
+        }
+        QTRY_COMPARE_WITH_TIMEOUT(finished.count.load(), 1, kTimeout);
+        QCOMPARE(layer->renders.load(), started + 1);
+        const QImage image = drawn(s.view);
+        QCOMPARE(image.pixel(25, 50), kRed);
+        QCOMPARE(image.pixel(75, 50), how == "extent" ? kWhite : kRed);  // beyond x = 100 after the move
     }
-    QTRY_VERIFY_WITH_TIMEOUT(how == "extent" ? finished.count > 0 : s.idle(), limitMs);
-    QVERIFY2(timer.elapsed() < limitMs, qPrintable(QString::number(timer.elapsed())));
-    QCOMPARE(layer->cancelled.load(), 1);
-    if (how == "group") {
-        QCOMPARE(s.view->RefCount(), 1);  // only ours is left
-        return;
-    }
-    layer->renderMs = 0;
-    if (how != "extent") {
-        QCOMPARE(finished.count.load(), 0);
+
+    void pauseHoldsRendering() {
+        Scene s(kFullRed);
+        QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
+        const int before = s.layers[0]->renders;
+        s.view->PauseRender();
         s.view->RefreshMap(false, HORect());
+        QTest::qWait(300);
+        QCOMPARE(s.layers[0]->renders.load(), before);
+        QVERIFY(s.view->IsRendering());  // waiting to render
+        s.view->ResumeRender();
+        QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
+        QCOMPARE(s.layers[0]->renders.load(), before + 1);
     }
-    QTRY_COMPARE_WITH_TIMEOUT(finished.count.load(), 1, kTimeout);
-    QCOMPARE(layer->renders.load(), started + 1);
-    const QImage image = drawn(s.view);
-    QCOMPARE(image.pixel(25, 50), kRed);
-    QCOMPARE(image.pixel(75, 50), how == "extent" ? kWhite : kRed);  // beyond x = 100 after the move
-}
 
-void tst_MapViewRender::pauseHoldsRendering() {
-    Scene s(kFullRed);
-    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
-    const int before = s.layers[0]->renders;
-    s.view->PauseRender();
-    s.view->RefreshMap(false, HORect());
-    QTest::qWait(300);
-    QCOMPARE(s.layers[0]->renders.load(), before);
-    QVERIFY(s.view->IsRendering());  // waiting to render
-    s.view->ResumeRender();
-    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
-    QCOMPARE(s.layers[0]->renders.load(), before + 1);
-}
-
-void tst_MapViewRender::refreshRendersOnlyThatLayer() {
-    Scene s({{HORect(0, 50, 0, 100), Qt::red}, {HORect(50, 100, 0, 100), Qt::blue}});
-    const auto& a = s.layers[0];
-    const auto& b = s.layers[1];
-    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
-    s.view->Refresh(a, HOMapCache::CacheLayer, HORect());
-    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
-    QVERIFY(a->renders == 2 && b->renders == 1);
-    QVERIFY(drawn(s.view).pixel(25, 50) == kRed && drawn(s.view).pixel(75, 50) == kBlue);
-    s.view->RefreshMap(false, HORect());
-    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
-    QCOMPARE(a->renders + b->renders, 5);
-}
-
-void tst_MapViewRender::resizeDragRendersOnce() {
-    Scene s(kFullRed);
-    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
-    for (int i = 1; i <= 20; ++i) {
-        s.view->SetSize(100 + i, 100 + i);
-        s.view->ResizeRefresh(300);
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
-    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
-    QCOMPARE(s.layers[0]->renders.load(), 2);
-    // The same scale about the same centre: (-10, 110) across now.
-    QVERIFY(drawn(s.view, 120, 120).pixel(105, 105) == kRed && drawn(s.view, 120, 120).pixel(5, 5) == kWhite);
-}
-
-void tst_MapViewRender::redrawsAreThrottledAndFromTheWorker() {
-    std::vector<std::pair<HORect, QColor>> strips;
-    for (int i = 0; i < 8; ++i) strips.push_back({HORect(i * 10, i * 10 + 10, 0, 100), Qt::red});
-    Scene s(strips);
-    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
-    for (auto& layer : s.layers) layer->renderMs = 40;
-    HOSignalCounter redraws(s.view->RedrawSignal);
-    HOSignalCounter finished(s.view->RenderFinishedSignal);
-    QElapsedTimer timer;
-    timer.start();
-    s.view->RefreshMap(false, HORect());
-    QTRY_COMPARE_WITH_TIMEOUT(finished.count.load(), 1, kTimeout);
-    const qint64 elapsed = timer.elapsed();
-    // Progress at most every 100 ms, plus the final picture.
-    QVERIFY2(redraws.count >= 2 && redraws.count <= elapsed / 100 + 1,
-             qPrintable(QStringLiteral("%1 in %2 ms").arg(redraws.count).arg(elapsed)));
-    QVERIFY(redraws.offThread);
-    QCOMPARE(redraws.nullEvents.load(), 0);
-    QCOMPARE(redraws.lastSender.load(), static_cast<void*>(s.view.get()));
-}
-
-void tst_MapViewRender::unbindWhileTheWorkerFires() {
-    Scene s(kFullRed);
-    // Each receiver is freed right after unbinding: a callback still running (or starting) on the
-    // worker after unbind returned would touch freed memory.
-    int total = 0;
-    for (int i = 0; i < 100; ++i) {
-        auto* calls = new std::atomic<int>(0);
-        s.view->RedrawSignal.bind("receiver", [calls](void*, HOEvent*) {
-            std::this_thread::sleep_for(std::chrono::microseconds(200));
-            ++*calls;
-        });
+    void refreshRendersOnlyThatLayer() {
+        Scene s({{HORect(0, 50, 0, 100), Qt::red}, {HORect(50, 100, 0, 100), Qt::blue}});
+        const auto& a = s.layers[0];
+        const auto& b = s.layers[1];
+        QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
+        s.view->Refresh(a, HOMapCache::CacheLayer, HORect());
+        QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
+        QVERIFY(a->renders == 2 && b->renders == 1);
+        QVERIFY(drawn(s.view).pixel(25, 50) == kRed && drawn(s.view).pixel(75, 50) == kBlue);
         s.view->RefreshMap(false, HORect());
-        std::this_thread::sleep_for(std::chrono::microseconds(100 * (i % 7)));
-        s.view->RedrawSignal.unbind("receiver");
-        total += *calls;
-        delete calls;
+        QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
+        QCOMPARE(a->renders + b->renders, 5);
     }
-    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
-    QVERIFY(total > 0);  // the worker did fire while we bound and unbound
-}
 
-void tst_MapViewRender::drawAddsGraphicsToolAndGrid() {
-    Scene s(kFullRed);
-    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
-    HORefPtr<HOGeometry> square(new HOGeometry(HOGeometry::GeoPolygon));
-    square->AddPart({{40, 40}, {60, 40}, {60, 60}, {40, 60}});
-    s.map->GetGraphicsLayer()->AddElement(square,
-                                          HOStyle::NewFill(HOColor(0, 255, 0), HOColor(0, 255, 0), 0));
-    HORefPtr<MarkTool> tool(new MarkTool);
-    tool->mark = HOPoint(10, 90);
-    s.view->SetCurrentTool(tool);
-    QCOMPARE(tool->GetView(), static_cast<HOView*>(s.view.get()));
-    QImage image = drawn(s.view);
-    QVERIFY(image.pixel(50, 50) == qRgb(0, 255, 0) && image.pixel(10, 10) == qRgb(255, 0, 255));
-    QCOMPARE(image.pixel(30, 30), kRed);
-    QCOMPARE(s.layers[0]->renders.load(), 1);  // drawn on top, nothing rendered again
-    s.view->SetCurrentTool(nullptr);
-    QCOMPARE(tool->GetView(), static_cast<HOView*>(nullptr));
+    void resizeDragRendersOnce() {
+        Scene s(kFullRed);
+        QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
+        for (int i = 1; i <= 20; ++i) {
+            s.view->SetSize(100 + i, 100 + i);
+            s.view->ResizeRefresh(300);
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
+        QCOMPARE(s.layers[0]->renders.load(), 2);
+        // The same scale about the same centre: (-10, 110) across now.
+        QVERIFY(drawn(s.view, 120, 120).pixel(105, 105) == kRed &&
+                drawn(s.view, 120, 120).pixel(5, 5) == kWhite);
+    }
 
-    HOMapRulerAndGrid* grid = s.view->GetRulerAndGridSetting();
-    grid->set_draw_km_grid(true);
-    grid->set_manually_set_km_grid_distanse(true);
-    grid->set_km_grid_x_distance(25);
-    grid->set_km_grid_y_distance(25);
-    grid->set_km_grid_line_width(1);
-    grid->set_km_grid_color(HOColor(255, 255, 0));
-    QCOMPARE(drawn(s.view).pixel(25, 10), kRed);  // not before the request
-    HOSignalCounter redraws(s.view->RedrawSignal);
-    s.view->RequestRedraw(false);
-    QCOMPARE(redraws.count.load(), 1);
-    // Lines at x and y = 25, 50, 75; a 1-pixel line at x = 25 lies on the pixel edge.
-    image = drawn(s.view);
-    QVERIFY(qGreen(image.pixel(25, 10)) > 100 && qGreen(image.pixel(10, 50)) > 100);
-    QCOMPARE(image.pixel(10, 10), kRed);  // the tool's mark is gone
-}
+    void redrawsAreThrottledAndFromTheWorker() {
+        std::vector<std::pair<HORect, QColor>> strips;
+        for (int i = 0; i < 8; ++i) strips.push_back({HORect(i * 10, i * 10 + 10, 0, 100), Qt::red});
+        Scene s(strips);
+        QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
+        for (auto& layer : s.layers) layer->renderMs = 40;
+        HOSignalCounter redraws(s.view->RedrawSignal);
+        HOSignalCounter finished(s.view->RenderFinishedSignal);
+        QElapsedTimer timer;
+        timer.start();
+        s.view->RefreshMap(false, HORect());
+        QTRY_COMPARE_WITH_TIMEOUT(finished.count.load(), 1, kTimeout);
+        const qint64 elapsed = timer.elapsed();
+        // Progress at most every 100 ms, plus the final picture.
+        QVERIFY2(redraws.count >= 2 && redraws.count <= elapsed / 100 + 1,
+                 qPrintable(QStringLiteral("%1 in %2 ms").arg(redraws.count).arg(elapsed)));
+        QVERIFY(redraws.offThread);
+        QCOMPARE(redraws.nullEvents.load(), 0);
+        QCOMPARE(redraws.lastSender.load(), static_cast<void*>(s.view.get()));
+    }
 
-void tst_MapViewRender::flashingDoesNotBlock() {
-    Scene s({{HORect(0, 100, 0, 100), Qt::blue}});
-    QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
-    HORefPtr<HOGeometry> line(new HOGeometry(HOGeometry::GeoLineString));
-    line->AddPart({{0, 50}, {100, 50}});
-    HOSignalCounter redraws(s.view->RedrawSignal);
-    QElapsedTimer timer;
-    timer.start();
-    s.view->TwinkleGeometry(line, nullptr, 2);
-    QVERIFY(timer.elapsed() < 100);
-    const bool shownAtOnce = drawn(s.view).pixel(50, 50) == kRed;
-    // Shown 0-200 ms, hidden 200-400, shown 400-600, hidden after 800: a redraw at every change.
-    QTRY_VERIFY_WITH_TIMEOUT(redraws.count >= 5, 3000);
-    QVERIFY(shownAtOnce || timer.elapsed() > 200);  // a slow machine may have missed the first phase
-    QTRY_VERIFY_WITH_TIMEOUT(timer.elapsed() > 850, 3000);
-    QCOMPARE(drawn(s.view).pixel(50, 50), kBlue);
-}
+    void unbindWhileTheWorkerFires() {
+        Scene s(kFullRed);
+        // Each receiver is freed right after unbinding: a callback still running (or starting) on the
+        // worker after unbind returned would touch freed memory.
+        int total = 0;
+        for (int i = 0; i < 100; ++i) {
+            auto* calls = new std::atomic<int>(0);
+            s.view->RedrawSignal.bind("receiver", [calls](void*, HOEvent*) {
+                std::this_thread::sleep_for(std::chrono::microseconds(200));
+                ++*calls;
+            });
+            s.view->RefreshMap(false, HORect());
+            std::this_thread::sleep_for(std::chrono::microseconds(100 * (i % 7)));
+            s.view->RedrawSignal.unbind("receiver");
+            total += *calls;
+            delete calls;
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
+        QVERIFY(total > 0);  // the worker did fire while we bound and unbound
+    }
 
-void tst_MapViewRender::middleButtonDragPans() {
-    Scene s(kFullRed);
-    s.view->MouseUp(3, 40, 40);  // pressed elsewhere: nothing to finish
-    s.view->MouseDown(3, 10, 10);
-    s.view->MouseMove(3, 30, 5);
-    QCOMPARE(s.view->GetExtent(), HORect(0, 100, 0, 100));  // the picture follows, the view stays
-    s.view->MouseUp(3, 30, 5);
-    QCOMPARE(s.view->GetExtent(), HORect(-20, 80, -5, 95));
-    s.view->StopRender(true);
-}
+    void drawAddsGraphicsToolAndGrid() {
+        Scene s(kFullRed);
+        QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
+        HORefPtr<HOGeometry> square(new HOGeometry(HOGeometry::GeoPolygon));
+        square->AddPart({{40, 40}, {60, 40}, {60, 60}, {40, 60}});
+        s.map->GetGraphicsLayer()->AddElement(square,
+                                              HOStyle::NewFill(HOColor(0, 255, 0), HOColor(0, 255, 0), 0));
+        HORefPtr<MarkTool> tool(new MarkTool);
+        tool->mark = HOPoint(10, 90);
+        s.view->SetCurrentTool(tool);
+        QCOMPARE(tool->GetView(), static_cast<HOView*>(s.view.get()));
+        QImage image = drawn(s.view);
+        QVERIFY(image.pixel(50, 50) == qRgb(0, 255, 0) && image.pixel(10, 10) == qRgb(255, 0, 255));
+        QCOMPARE(image.pixel(30, 30), kRed);
+        QCOMPARE(s.layers[0]->renders.load(), 1);  // drawn on top, nothing rendered again
+        s.view->SetCurrentTool(nullptr);
+        QCOMPARE(tool->GetView(), static_cast<HOView*>(nullptr));
 
-void tst_MapViewRender::firstLayerIsFittedRenderedAndSelected() {
-    QTemporaryDir dir;
-    const QString path = dir.filePath("parcels.geojson");
-    QVERIFY(HOLayerFixture::WriteVector(path, "GeoJSON", 4326, wkbPolygon,
-                                        {{"POLYGON ((10 10, 20 10, 20 20, 10 20, 10 10))", 1},
-                                         {"POLYGON ((30 10, 40 10, 40 20, 30 20, 30 10))", 2}}));
-    const HORefPtr<HOFeatureLayer> layer = HODynamicCast<HOFeatureLayer>(OpenLayer(path));
-    QVERIFY(layer);
-    layer->SetStyle(HOStyle::NewFill(HOColor(255, 0, 0), HOColor(255, 0, 0), 0));
-    HORefPtr<HOMap> map(new HOMap);
-    HORefPtr<HOMapView> view(new HOMapView);
-    HOSignalCounter finished(view->RenderFinishedSignal);
-    view->SetSize(300, 100);
-    view->SetMap(map);
-    QVERIFY(view->GetExtent().IsEmpty() && !view->IsRendering());
-    map->AddLayer(layer);
-    QCOMPARE(view->GetExtent(), HORect(10, 40, 10, 20));  // ten pixels per degree
-    QTRY_VERIFY_WITH_TIMEOUT(finished.count > 0 && !view->IsRendering(), kTimeout);
-    const QImage image = drawn(view, 300, 100);
-    QVERIFY(image.pixel(50, 50) == kRed && image.pixel(150, 50) == kWhite && image.pixel(250, 50) == kRed);
-    finished.reset();
-    view->SelectAll();
-    QCOMPARE(layer->GetSelectedIds().size(), std::size_t(2));
-    QTRY_VERIFY_WITH_TIMEOUT(finished.count > 0, kTimeout);  // drawn again with the selection
-}
+        HOMapRulerAndGrid* grid = s.view->GetRulerAndGridSetting();
+        grid->set_draw_km_grid(true);
+        grid->set_manually_set_km_grid_distanse(true);
+        grid->set_km_grid_x_distance(25);
+        grid->set_km_grid_y_distance(25);
+        grid->set_km_grid_line_width(1);
+        grid->set_km_grid_color(HOColor(255, 255, 0));
+        QCOMPARE(drawn(s.view).pixel(25, 10), kRed);  // not before the request
+        HOSignalCounter redraws(s.view->RedrawSignal);
+        s.view->RequestRedraw(false);
+        QCOMPARE(redraws.count.load(), 1);
+        // Lines at x and y = 25, 50, 75; a 1-pixel line at x = 25 lies on the pixel edge.
+        image = drawn(s.view);
+        QVERIFY(qGreen(image.pixel(25, 10)) > 100 && qGreen(image.pixel(10, 50)) > 100);
+        QCOMPARE(image.pixel(10, 10), kRed);  // the tool's mark is gone
+    }
+
+    void flashingDoesNotBlock() {
+        Scene s({{HORect(0, 100, 0, 100), Qt::blue}});
+        QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
+        HORefPtr<HOGeometry> line(new HOGeometry(HOGeometry::GeoLineString));
+        line->AddPart({{0, 50}, {100, 50}});
+        HOSignalCounter redraws(s.view->RedrawSignal);
+        QElapsedTimer timer;
+        timer.start();
+        s.view->TwinkleGeometry(line, nullptr, 2);
+        QVERIFY(timer.elapsed() < 100);
+        const bool shownAtOnce = drawn(s.view).pixel(50, 50) == kRed;
+        // Shown 0-200 ms, hidden 200-400, shown 400-600, hidden after 800: a redraw at every change.
+        QTRY_VERIFY_WITH_TIMEOUT(redraws.count >= 5, 3000);
+        QVERIFY(shownAtOnce || timer.elapsed() > 200);  // a slow machine may have missed the first phase
+        QTRY_VERIFY_WITH_TIMEOUT(timer.elapsed() > 850, 3000);
+        QCOMPARE(drawn(s.view).pixel(50, 50), kBlue);
+    }
+
+    void middleButtonDragPans() {
+        Scene s(kFullRed);
+        s.view->MouseUp(3, 40, 40);  // pressed elsewhere: nothing to finish
+        s.view->MouseDown(3, 10, 10);
+        s.view->MouseMove(3, 30, 5);
+        QCOMPARE(s.view->GetExtent(), HORect(0, 100, 0, 100));  // the picture follows, the view stays
+        s.view->MouseUp(3, 30, 5);
+        QCOMPARE(s.view->GetExtent(), HORect(-20, 80, -5, 95));
+        s.view->StopRender(true);
+    }
+
+    void firstLayerIsFittedRenderedAndSelected() {
+        QTemporaryDir dir;
+        const QString path = dir.filePath("parcels.geojson");
+        QVERIFY(HOLayerFixture::WriteVector(path, "GeoJSON", 4326, wkbPolygon,
+                                            {{"POLYGON ((10 10, 20 10, 20 20, 10 20, 10 10))", 1},
+                                             {"POLYGON ((30 10, 40 10, 40 20, 30 20, 30 10))", 2}}));
+        const HORefPtr<HOFeatureLayer> layer = HODynamicCast<HOFeatureLayer>(OpenLayer(path));
+        QVERIFY(layer);
+        layer->SetStyle(HOStyle::NewFill(HOColor(255, 0, 0), HOColor(255, 0, 0), 0));
+        HORefPtr<HOMap> map(new HOMap);
+        HORefPtr<HOMapView> view(new HOMapView);
+        HOSignalCounter finished(view->RenderFinishedSignal);
+        view->SetSize(300, 100);
+        view->SetMap(map);
+        QVERIFY(view->GetExtent().IsEmpty() && !view->IsRendering());
+        map->AddLayer(layer);
+        QCOMPARE(view->GetExtent(), HORect(10, 40, 10, 20));  // ten pixels per degree
+        QTRY_VERIFY_WITH_TIMEOUT(finished.count > 0 && !view->IsRendering(), kTimeout);
+        const QImage image = drawn(view, 300, 100);
+        QVERIFY(image.pixel(50, 50) == kRed && image.pixel(150, 50) == kWhite &&
+                image.pixel(250, 50) == kRed);
+        finished.reset();
+        view->SelectAll();
+        QCOMPARE(layer->GetSelectedIds().size(), std::size_t(2));
+        QTRY_VERIFY_WITH_TIMEOUT(finished.count > 0, kTimeout);  // drawn again with the selection
+    }
+};
 
 QTEST_MAIN(tst_MapViewRender)
 #include "tst_mapviewrender.moc"
