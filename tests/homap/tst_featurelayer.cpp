@@ -237,12 +237,11 @@ private slots:
     void selectsWithRectangleInAnotherSystem() {
         // A square kilometre around 117E 30N, in Gauss-Kruger metres.
         const HOPoint c = projTransform(4490, 4509, HOPoint(117.0, 30.0));
-        const std::string square = QStringLiteral("POLYGON((%1 %2,%3 %2,%3 %4,%1 %4,%1 %2))")
-                                       .arg(c.x - 500, 0, 'f', 3)
-                                       .arg(c.y - 500, 0, 'f', 3)
-                                       .arg(c.x + 500, 0, 'f', 3)
-                                       .arg(c.y + 500, 0, 'f', 3)
-                                       .toStdString();
+        const double x0 = c.x - 500, y0 = c.y - 500, x1 = c.x + 500, y1 = c.y + 500;
+        const std::string square =
+            QString::asprintf("POLYGON((%.3f %.3f,%.3f %.3f,%.3f %.3f,%.3f %.3f,%.3f %.3f))", x0, y0, x1, y0,
+                              x1, y1, x0, y1, x0, y0)
+                .toStdString();
         HORefPtr<HOFeatureLayer> layer = open("gk.gpkg", 4509, wkbPolygon, {{square}});
         QVERIFY(layer);
         HORefPtr<HOCoordinateSystem> geographic = HOCoordinateSystem::FromEpsg(4490);
