@@ -22,6 +22,8 @@ namespace {
 
 const char* const squareWithHole = "POLYGON((0 0,100 0,100 100,0 100,0 0),(40 40,60 40,60 60,40 60,40 40))";
 const char* const triangle = "POLYGON((200 0,300 0,200 100,200 0))";
+const char* const truncatedJson = "{\"type\":\"FeatureCollection\",\"features\":[{\"type\":\"Fea";
+const char* const emptyCollection = "{\"type\":\"FeatureCollection\",\"features\":[]}";
 
 // The reference: PROJ directly, with easting/longitude first.
 HOPoint projTransform(int from, int to, const HOPoint& p) {
@@ -119,10 +121,8 @@ private slots:
                                  << "no such file";
         QTest::newRow("corrupt GeoPackage") << "corrupt.gpkg" << QByteArray(4096, '\x5a') << ""
                                             << "";
-        QTest::newRow("truncated GeoJSON")
-            << "truncated.geojson" << QByteArray(R"({"type":"FeatureCollection","features":[{"type":"Fea)")
-            << ""
-            << "";
+        QTest::newRow("truncated GeoJSON") << "truncated.geojson" << QByteArray(truncatedJson) << ""
+                                           << "";
         QTest::newRow("empty file") << "empty.geojson" << QByteArray("") << ""
                                     << "";
         QTest::newRow("truncated GeoTIFF header")
@@ -131,8 +131,7 @@ private slots:
         QTest::newRow("GeoTIFF without its pixels") << "cut.tif" << header.left(header.size() / 3) << ""
                                                     << "";
         QTest::newRow("unknown layer name")
-            << "named.geojson" << QByteArray(R"({"type":"FeatureCollection","features":[]})")
-            << "|layername=roads"
+            << "named.geojson" << QByteArray(emptyCollection) << "|layername=roads"
             << "no layer named 'roads'";
     }
 
