@@ -1,5 +1,8 @@
 #include "HXMapWidget.h"
 
+#include <QResizeEvent>
+#include <QThread>
+
 #include <QMutexLocker>
 #include <QPainter>
 #include <QThread>
@@ -37,6 +40,8 @@ HXMapWidget::HXMapWidget(HXMapCanvas* canvas) : QWidget(canvas) {
     mLicTimer.setInterval(kLicenceIntervalMs);
     connect(&mLicTimer, SIGNAL(timeout()), this, SLOT(slotCheckLic()));
     mLicTimer.start();
+    mRedrawWidth.store(width());
+    mRedrawHeight.store(height());
 }
 
 HXMapWidget::~HXMapWidget() {
@@ -48,8 +53,9 @@ HXMapWidget::~HXMapWidget() {
 
 void HXMapWidget::onViewRedraw(void* sender, HOEvent*) {
     if (!sender) return;
-    const int w = width();
-    const int h = height();
+    const QSize size = redrawSize();
+    const int w = size.width();
+    const int h = size.height();
     const HORefPtr<HOGraphics> surface = HOGraphicsEngineManager::instance(HOString())->NewGraphics();
     if (!surface) return;
     surface->SetSize(w, h);
@@ -104,7 +110,18 @@ void HXMapWidget::paintEvent(QPaintEvent*) {
     painter.end();
 }
 
+// The GUI thread reads the widget itself (a hidden widget gets its resize events only when shown);
+// a render thread must not, and takes the size the GUI thread last saw.
+QSize HXMapWidget::redrawSize() {
+    if (QThread::currentThread() != thread()) return QSize(mRedrawWidth.load(), mRedrawHeight.load());
+    mRedrawWidth.store(width());
+    mRedrawHeight.store(height());
+    return size();
+}
+
 void HXMapWidget::resizeEvent(QResizeEvent* e) {
+    mRedrawWidth.store(e->size().width());
+    mRedrawHeight.store(e->size().height());
     emit sizeChanged(e);
 }
 

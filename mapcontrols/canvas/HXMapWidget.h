@@ -3,10 +3,12 @@
 // makes it render the view into a fresh surface and copy the pixels into its image under the image
 // lock; paintEvent only blits that image, the watermark and the scrolling-notice overlay.
 #include <QImage>
+#include <QSize>
 #include <QList>
 #include <QMutex>
 #include <QTimer>
 #include <QWidget>
+#include <atomic>
 
 #include "HXNoticeItem.h"
 
@@ -55,7 +57,12 @@ private:
     // Fills the surface with the view's background and draws the view into it.
     static void drawView(HXObjects::HOView* view, HXObjects::HOGraphics* surface);
     void scheduleRepaint();
+    QSize redrawSize();
     int noticeCount();
     HXNoticeItem* noticeAt(int index);
     void removeNotice(HXNoticeItem* item);
+
+    // The widget's size as the GUI thread last saw it, for redraws on a render thread.
+    std::atomic<int> mRedrawWidth{0};
+    std::atomic<int> mRedrawHeight{0};
 };
