@@ -1,7 +1,6 @@
 #include "HOMapView.h"
 
 #include <QPainter>
-#include <cmath>
 #include <cstring>
 #include <optional>
 
@@ -23,46 +22,22 @@
 
 namespace HXObjects {
 
-namespace {
-constexpr int kResizeDelayMs = 200;
-constexpr double kZoomStep = 2.0;
-constexpr double kWheelNotch = 120.0;
-constexpr int kPanButton = 3;  // the middle button pans whatever the current tool
-
-}  // namespace
-
 class HOMapView::Private {
 public:
     Private(HOMapView* view, const HOString& viewName);
 
-    // Applies a change to the viewport under the lock, then fires BoundChangedSignal and
-    // ScaleChangedSignal for what really changed and renders the new place. True when it changed.
-    template <class Change>
-    bool navigate(Change change, int renderDelayMs = 0);
     void requestRender(bool all, std::set<int> layers, int delayMs);
     void fitFullExtentIfNone();
-    double metresPerUnit() const;
-    double currentDpi() const;
-    void fireRedraw();
     void compose(HOGraphics& surface);
     void onLayersChanged(void* sender, HOEvent* event);
-    // The offset of a middle-button drag under way; false when none is (`end` finishes it).
-    bool middleDragOffset(int x, int y, QPoint* offset, bool end);
 
     HOMapView* q;
     const HOString name;
     HOTrackCancel cancel;
-    HODisplay display;  // has its own lock; mirrors the viewport for readers of the screen display
 
-    mutable std::mutex mutex;  // guards the members below
-    HOViewport viewport;
+    // Guarded by the view's lock, so that a render thread's snapshot is consistent with the viewport.
     QPoint panOffset;
-    QPoint panStart;
-    bool middleDrag = false;  // a release without its press (pressed outside the view) must not pan
-    double dpi = 96.0;
     HORefPtr<HOMap> map;
-    HORefPtr<HOTool> tool;
-    HOToolBuddy* buddy = nullptr;
     HOMapRulerAndGrid grid;       // edited by the host through GetRulerAndGridSetting (GUI thread)
     HOMapRulerAndGrid gridShown;  // the copy Draw reads, taken by RequestRedraw
     std::optional<HOTwinkle> twinkle;
@@ -70,10 +45,9 @@ public:
     std::unique_ptr<HOMapRenderer> renderer;
 };
 
-HOMapView::Private::Private(HOMapView* view, const HOString& viewName)
-    : q(view), name(viewName), dpi(HOMapScale::ScreenDpi()) {
+HOMapView::Private::Private(HOMapView* view, const HOString& viewName) : q(view), name(viewName) {
     HOMapRenderer::Callbacks callbacks;
-    callbacks.redraw = [this] { fireRedraw(); };
+    callbacks.redraw = [this] { q->FireRedraw(); };
     callbacks.finished = [this] {
         HOEvent event;
         q->RenderFinishedSignal.fire(q, &event);
@@ -81,38 +55,16 @@ HOMapView::Private::Private(HOMapView* view, const HOString& viewName)
     renderer = std::make_unique<HOMapRenderer>(&cancel, std::move(callbacks));
 }
 
-template <class Change>
-bool HOMapView::Private::navigate(Change change, int renderDelayMs) {
-    HORect oldExtent, newExtent;
-    double oldScale = 0.0, newScale = 0.0;
-    {
-        std::lock_guard<std::mutex> lock(mutex);
-        oldExtent = viewport.Extent();
-        oldScale = viewport.IsDrawable() ? viewport.UnitsPerPixel() : 0.0;
-        if (!change(viewport)) return false;
-        newExtent = viewport.Extent();
-        newScale = viewport.IsDrawable() ? viewport.UnitsPerPixel() : 0.0;
-        display.SetDisplayTransform(viewport.Transform());
-        display.SetDeviceSize(viewport.Size());
-    }
-    if (newExtent == oldExtent && newScale == oldScale) return false;
-    HOEvent event;
-    if (newExtent != oldExtent) q->BoundChangedSignal.fire(q, &event);
-    if (newScale != oldScale) q->ScaleChangedSignal.fire(q, &event);
-    requestRender(false, {}, renderDelayMs);
-    fireRedraw();  // the preview, at once
-    return true;
-}
-
 void HOMapView::Private::requestRender(bool all, std::set<int> layers, int delayMs) {
     HORenderRequest request;
     {
-        std::lock_guard<std::mutex> lock(mutex);
+        std::lock_guard<std::mutex> lock(q->Mutex());
+        const HOViewport& viewport = q->LockedViewport();
         if (!map || !viewport.IsDrawable()) return;
         request.map = map;
         request.transform = viewport.Transform();
         request.size = viewport.Size();
-        request.dpi = dpi;
+        request.dpi = q->LockedDpi();
     }
     request.redrawAll = all;
     request.redrawLayers = std::move(layers);
@@ -122,33 +74,14 @@ void HOMapView::Private::requestRender(bool all, std::set<int> layers, int delay
 void HOMapView::Private::fitFullExtentIfNone() {
     HORefPtr<HOMap> shown;
     {
-        std::lock_guard<std::mutex> lock(mutex);
+        std::lock_guard<std::mutex> lock(q->Mutex());
+        const HOViewport& viewport = q->LockedViewport();
         if (viewport.HasExtent() || !viewport.Extent().IsEmpty()) return;
         shown = map;
     }
     if (!shown) return;
     const HORect full = shown->GetFullExtent();
-    navigate([&](HOViewport& v) { return !v.HasExtent() && v.Extent().IsEmpty() && v.Fit(full); });
-}
-
-double HOMapView::Private::metresPerUnit() const {
-    HORefPtr<HOMap> shown;
-    {
-        std::lock_guard<std::mutex> lock(mutex);
-        shown = map;
-    }
-    const HORefPtr<HOCoordinateSystem> system = shown ? shown->GetSpatialReference() : nullptr;
-    return HOMapScale::MetresPerUnit(system ? system->GetUnit() : HOUnitMeter);
-}
-
-double HOMapView::Private::currentDpi() const {
-    std::lock_guard<std::mutex> lock(mutex);
-    return dpi;
-}
-
-void HOMapView::Private::fireRedraw() {
-    HOEvent event;
-    q->RedrawSignal.fire(q, &event);
+    q->Navigate([&](HOViewport& v) { return !v.HasExtent() && v.Extent().IsEmpty() && v.Fit(full); });
 }
 
 void HOMapView::Private::compose(HOGraphics& surface) {
@@ -159,10 +92,11 @@ void HOMapView::Private::compose(HOGraphics& surface) {
     HOMapRulerAndGrid gridSettings;
     std::optional<HOTwinkle> flash;
     {
-        std::lock_guard<std::mutex> lock(mutex);
+        std::lock_guard<std::mutex> lock(q->Mutex());
+        const HOViewport& viewport = q->LockedViewport();
         if (!map || !viewport.IsDrawable()) return;
         shownMap = map;
-        currentTool = tool;
+        currentTool = q->LockedTool();
         shown = viewport.Transform();
         // While panning, the picture follows the mouse: draw as if the view had moved already.
         shown.extentLeft -= panOffset.x() * shown.unitsPerPixel;
@@ -208,14 +142,6 @@ void HOMapView::Private::compose(HOGraphics& surface) {
     if (HOMapGridOverlay::IsEnabled(gridSettings)) HOMapGridOverlay::Draw(painter, gridSettings, shown, size);
 }
 
-bool HOMapView::Private::middleDragOffset(int x, int y, QPoint* offset, bool end) {
-    std::lock_guard<std::mutex> lock(mutex);
-    if (!middleDrag) return false;
-    middleDrag = !end;
-    *offset = QPoint(x, y) - panStart;
-    return true;
-}
-
 void HOMapView::Private::onLayersChanged(void*, HOEvent*) {
     fitFullExtentIfNone();
     requestRender(false, {}, 0);
@@ -227,87 +153,15 @@ HOMapView::~HOMapView() {
     // No map callback may reach a view being destroyed, and no render may outlive it.
     if (d->map) HOUnbindMember(d->map->LayersChangedSignal, d.get(), &Private::onLayersChanged);
     d->renderer.reset();
-    if (d->tool && d->tool->GetView() == this) d->tool->SetView(nullptr);
-}
-
-bool HOMapView::KeyDown(int key) {
-    HOTool* tool = GetCurrentTool();
-    return tool && tool->OnKeyDown(key);
-}
-
-void HOMapView::MouseDown(int button, int x, int y) {
-    if (button == kPanButton) {
-        {
-            std::lock_guard<std::mutex> lock(d->mutex);
-            d->panStart = QPoint(x, y);
-            d->middleDrag = true;
-        }
-        BeginPan();
-        return;
-    }
-    if (HORefPtr<HOTool> tool = GetCurrentTool()) tool->OnMouseDown(button, x, y);
-}
-
-void HOMapView::MouseUp(int button, int x, int y) {
-    if (button == kPanButton) {
-        QPoint offset;
-        if (d->middleDragOffset(x, y, &offset, true)) EndPan(offset.x(), offset.y());
-        return;
-    }
-    if (HORefPtr<HOTool> tool = GetCurrentTool()) tool->OnMouseUp(button, x, y);
-}
-
-void HOMapView::MouseMove(int button, int x, int y) {
-    if (button == kPanButton) {
-        QPoint offset;
-        if (d->middleDragOffset(x, y, &offset, false)) PanTo(offset.x(), offset.y());
-        return;
-    }
-    if (HORefPtr<HOTool> tool = GetCurrentTool()) tool->OnMouseMove(button, x, y);
-}
-
-void HOMapView::DoubleClick(int button, int x, int y) {
-    if (HORefPtr<HOTool> tool = GetCurrentTool()) tool->OnDoubleClick(button, x, y);
-}
-
-void HOMapView::Wheel(int, int delta, int x, int y) {
-    if (delta == 0) return;
-    const HOPoint at = GetDisplayTransform().ToMap(x, y);
-    // A notch (120) halves or doubles the scale; finer wheels and touchpads zoom in proportion.
-    ZoomByFactor(std::pow(kZoomStep, -delta / kWheelNotch), &at);
 }
 
 void HOMapView::SetSize(int width, int height) {
-    const double dpi = HOMapScale::ScreenDpi();
-    {
-        std::lock_guard<std::mutex> lock(d->mutex);
-        d->dpi = dpi;
-    }
-    d->navigate(
-        [&](HOViewport& v) {
-            if (v.Size() == HOSize(width, height)) return false;
-            v.SetSize(HOSize(width, height));
-            return true;
-        },
-        kResizeDelayMs);
+    HOViewportView::SetSize(width, height);
     d->fitFullExtentIfNone();
 }
 
 void HOMapView::DrawTo(HOGraphics* surface, int) {
     Draw(surface);
-}
-
-void HOMapView::SetSize(const HOSize& size) {
-    SetSize(size.width, size.height);
-}
-
-HORect HOMapView::GetExtent() {
-    std::lock_guard<std::mutex> lock(d->mutex);
-    return d->viewport.Extent();
-}
-
-void HOMapView::SetExtent(const HORect& extent) {
-    d->navigate([&](HOViewport& v) { return v.Fit(extent); });
 }
 
 void HOMapView::RefreshView(bool) {
@@ -322,62 +176,9 @@ void HOMapView::ResumeRender() {
     d->renderer->Resume();
 }
 
-HOPoint HOMapView::GetCenter() {
-    std::lock_guard<std::mutex> lock(d->mutex);
-    return d->viewport.HasExtent() ? d->viewport.Center() : d->viewport.Extent().Center();
-}
-
-double HOMapView::GetScale() {
-    double unitsPerPixel = 0.0;
-    {
-        std::lock_guard<std::mutex> lock(d->mutex);
-        if (!d->viewport.IsDrawable()) return 0.0;
-        unitsPerPixel = d->viewport.UnitsPerPixel();
-    }
-    return HOMapScale::Denominator(unitsPerPixel, d->metresPerUnit(), d->currentDpi());
-}
-
-void HOMapView::SetScale(double denominator) {
-    const double unitsPerPixel = HOMapScale::UnitsPerPixel(denominator, d->metresPerUnit(), d->currentDpi());
-    d->navigate([&](HOViewport& v) { return v.SetUnitsPerPixel(unitsPerPixel); });
-}
-
 void HOMapView::SetCurrentTool(HOTool* tool) {
-    HORefPtr<HOTool> old;
-    {
-        std::lock_guard<std::mutex> lock(d->mutex);
-        old = d->tool;
-        d->tool = tool;
-    }
-    if (old && old != tool && old->GetView() == this) old->SetView(nullptr);
-    if (tool) tool->SetView(this);
-    d->fireRedraw();  // the old tool's drawing goes
-}
-
-void HOMapView::ZoomIn() {
-    ZoomByFactor(1.0 / kZoomStep, nullptr);
-}
-
-void HOMapView::ZoomOut() {
-    ZoomByFactor(kZoomStep, nullptr);
-}
-
-void HOMapView::ZoomByFactor(double factor, const HOPoint* centre) {
-    d->navigate([&](HOViewport& v) { return v.ZoomByFactor(factor, centre ? *centre : v.Center()); });
-}
-
-HODisplay* HOMapView::GetScreenDisplay() {
-    return &d->display;
-}
-
-HODisplayTransform HOMapView::GetDisplayTransform() {
-    std::lock_guard<std::mutex> lock(d->mutex);
-    return d->viewport.Transform();
-}
-
-void HOMapView::SetToolBuddy(HOToolBuddy* buddy) {
-    std::lock_guard<std::mutex> lock(d->mutex);
-    d->buddy = buddy;
+    HOViewportView::SetCurrentTool(tool);
+    FireRedraw();
 }
 
 void HOMapView::ResizeRefresh(int delayMs) {
@@ -385,14 +186,34 @@ void HOMapView::ResizeRefresh(int delayMs) {
     d->requestRender(false, {}, delayMs);
 }
 
-HOTool* HOMapView::GetCurrentTool() const {
-    std::lock_guard<std::mutex> lock(d->mutex);
-    return d->tool.get();
+void HOMapView::OnExtentChanged() {
+    HOEvent event;
+    BoundChangedSignal.fire(this, &event);
 }
 
-HOToolBuddy* HOMapView::GetToolBuddy() const {
-    std::lock_guard<std::mutex> lock(d->mutex);
-    return d->buddy;
+void HOMapView::OnNavigated(int settleDelayMs) {
+    d->requestRender(false, {}, settleDelayMs);
+}
+
+double HOMapView::MetresPerUnit() const {
+    HORefPtr<HOMap> shown;
+    {
+        std::lock_guard<std::mutex> lock(Mutex());
+        shown = d->map;
+    }
+    const HORefPtr<HOCoordinateSystem> system = shown ? shown->GetSpatialReference() : nullptr;
+    return HOMapScale::MetresPerUnit(system ? system->GetUnit() : HOUnitMeter);
+}
+
+void HOMapView::OnPanStarted() {
+    BeginPan();
+}
+
+void HOMapView::OnPanDragged(int dx, int dy, bool released) {
+    if (released)
+        EndPan(dx, dy);
+    else
+        PanTo(dx, dy);
 }
 
 HOString HOMapView::GetName() const {
@@ -400,14 +221,14 @@ HOString HOMapView::GetName() const {
 }
 
 HOMap* HOMapView::GetMap() const {
-    std::lock_guard<std::mutex> lock(d->mutex);
+    std::lock_guard<std::mutex> lock(Mutex());
     return d->map.get();
 }
 
 void HOMapView::SetMap(HOMap* map) {
     HORefPtr<HOMap> old;
     {
-        std::lock_guard<std::mutex> lock(d->mutex);
+        std::lock_guard<std::mutex> lock(Mutex());
         if (d->map.get() == map) return;
         old = d->map;
         d->map = map;
@@ -418,7 +239,7 @@ void HOMapView::SetMap(HOMap* map) {
     d->renderer->Stop(true);
     d->renderer->ClearFrame();
     const HORect full = map ? map->GetFullExtent() : HORect();
-    const bool moved = d->navigate([&](HOViewport& v) {
+    const bool moved = Navigate([&](HOViewport& v) {
         HOViewport fresh;
         fresh.SetSize(v.Size());
         fresh.Fit(full);
@@ -444,7 +265,7 @@ void HOMapView::Refresh(HOLayer* layer, HOMapCache::CacheType cacheType, const H
         RefreshMap(true, area);
     } else if (!layer || cacheType == HOMapCache::CacheGraphics ||
                layer->GetLayerType() == HOLayer::GraphicsLayer) {
-        d->fireRedraw();  // the graphics layer is drawn on every Draw
+        FireRedraw();  // the graphics layer is drawn on every Draw
     } else {
         d->requestRender(false, {layer->GetLayerId()}, 0);
     }
@@ -479,22 +300,22 @@ void HOMapView::TwinkleGeometry(HOGeometry* geometry, HOStyle* style, int times)
     if (!geometry || times <= 0) return;
     const HOTwinkle flash(HORefPtr<HOGeometry>(geometry->Clone()), style, times, HOTwinkle::Clock::now());
     {
-        std::lock_guard<std::mutex> lock(d->mutex);
+        std::lock_guard<std::mutex> lock(Mutex());
         d->twinkle = flash;
     }
     for (const auto& when : flash.Changes()) d->renderer->RedrawAt(when);
-    d->fireRedraw();
+    FireRedraw();
 }
 
 void HOMapView::RequestRedraw(bool all) {
     {
-        std::lock_guard<std::mutex> lock(d->mutex);
+        std::lock_guard<std::mutex> lock(Mutex());
         d->gridShown = d->grid;
     }
     if (all)
         RefreshMap(true, HORect());
     else
-        d->fireRedraw();
+        FireRedraw();
 }
 
 void HOMapView::ZoomToFullExtent() {
@@ -507,29 +328,29 @@ bool HOMapView::IsRendering() const {
 }
 
 void HOMapView::BeginPan() {
-    std::lock_guard<std::mutex> lock(d->mutex);
+    std::lock_guard<std::mutex> lock(Mutex());
     d->panOffset = QPoint();
 }
 
 void HOMapView::PanTo(int dx, int dy) {
     {
-        std::lock_guard<std::mutex> lock(d->mutex);
+        std::lock_guard<std::mutex> lock(Mutex());
         d->panOffset = QPoint(dx, dy);
     }
-    d->fireRedraw();
+    FireRedraw();
 }
 
 void HOMapView::EndPan(int dx, int dy) {
-    const bool moved = d->navigate([&](HOViewport& v) {
+    const bool moved = Navigate([&](HOViewport& v) {
         d->panOffset = QPoint();
         const double upp = v.UnitsPerPixel();
         return v.SetCenter(HOPoint(v.Center().x - dx * upp, v.Center().y + dy * upp));
     });
-    if (!moved) d->fireRedraw();
+    if (!moved) FireRedraw();
 }
 
 void HOMapView::RefreshToolPaint() {
-    d->fireRedraw();
+    FireRedraw();
 }
 
 }  // namespace HXObjects

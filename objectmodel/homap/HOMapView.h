@@ -10,7 +10,7 @@
 #include "HOMapCache.h"
 #include "HORefPtr.h"
 #include "HOString.h"
-#include "HOView.h"
+#include "HOViewportView.h"
 
 #include <memory>
 
@@ -24,38 +24,21 @@ class HOTrackCancel;
 class HOMapRulerAndGrid;
 class HOMapRenderer;
 
-class HOMapView : public HOView {
+class HOMapView : public HOViewportView {
 public:
     explicit HOMapView(const HOString& name = HOString());
 
-    // HOView, in table order.
-    bool KeyDown(int key) override;
-    void MouseDown(int button, int x, int y) override;
-    void MouseUp(int button, int x, int y) override;
-    void MouseMove(int button, int x, int y) override;
-    void DoubleClick(int button, int x, int y) override;
-    void Wheel(int reserved, int delta, int x, int y) override;
+    // HOView, in table order, where a map view differs from HOViewportView.
+    using HOViewportView::SetSize;
+    // Also fits the map's full extent when nothing is shown yet.
     void SetSize(int width, int height) override;
     void DrawTo(HOGraphics* surface, int reserved) override;
-    void SetSize(const HOSize& size) override;
-    HORect GetExtent() override;
-    void SetExtent(const HORect& extent) override;
     void RefreshView(bool all) override;
     void PauseRender() override;
     void ResumeRender() override;
-    HOPoint GetCenter() override;
-    double GetScale() override;
-    void SetScale(double denominator) override;
+    // Also redraws, so that the old tool's drawing goes.
     void SetCurrentTool(HOTool* tool) override;
-    void ZoomIn() override;
-    void ZoomOut() override;
-    void ZoomByFactor(double factor, const HOPoint* centre) override;
-    HODisplay* GetScreenDisplay() override;
-    HODisplayTransform GetDisplayTransform() override;
-    void SetToolBuddy(HOToolBuddy* buddy) override;
     void ResizeRefresh(int delayMs) override;
-    HOTool* GetCurrentTool() const override;
-    HOToolBuddy* GetToolBuddy() const override;
 
     HOString GetName() const;
     HOMap* GetMap() const;
@@ -100,6 +83,12 @@ protected:
     ~HOMapView() override;
 
 private:
+    void OnExtentChanged() override;
+    void OnNavigated(int settleDelayMs) override;
+    double MetresPerUnit() const override;
+    void OnPanStarted() override;
+    void OnPanDragged(int dx, int dy, bool released) override;
+
     class Private;
     std::unique_ptr<Private> d;
 };

@@ -4,14 +4,11 @@
 #include <QThread>
 #include <algorithm>
 #include <atomic>
-#include <cmath>
 
 #include "HOCallbackKey.h"
 #include "HODataFrame.h"
 #include "HOGraphics.h"
-#include "HOMapScale.h"
 #include "HOMapView.h"
-#include "HOTool.h"
 #include "HOViewport.h"
 
 namespace HXObjects {
@@ -23,9 +20,6 @@ const HORect kPage(0.0, 297.0, 0.0, 210.0);
 constexpr double kMargin = 10.0;
 constexpr double kDeskAround = 0.05;  // of the page's size, shown around it when the whole page fits
 constexpr double kMetresPerPageUnit = 0.001;
-constexpr double kZoomStep = 2.0;
-constexpr double kWheelNotch = 120.0;
-constexpr int kPanButton = 3;
 constexpr int kShadow = 4;
 const QColor kDesk(160, 160, 160);
 const QColor kShadowColor(90, 90, 90);
@@ -40,30 +34,19 @@ class HOPageLayoutView::Private {
 public:
     explicit Private(HOPageLayoutView* view);
 
-    // Applies a change of where the page is on screen; fires ScaleChangedSignal when the zoom really
-    // changed, lays the data frames out again and asks for a redraw.
-    template <class Change>
-    bool navigate(Change change);
     void layoutFrames();
     std::vector<HODataFrame*> frames() const;
     void forwardRedraws(HOMapView* view);
     void stopForwarding(HOMapView* view);
     void onMapRedraw(void* sender, HOEvent* event);
-    void fireRedraw();
     void drawPage(QPainter& painter);
 
     HOPageLayoutView* q;
     HOGraphicsContainer container;
-    HODisplay display;  // mirrors the viewport
 
-    mutable std::mutex mutex;  // guards the members below
-    HOViewport viewport;
-    double dpi = 96.0;
+    // Guarded by the view's lock.
     HORefPtr<HOPageLayoutBaseElement> operating;
-    HORefPtr<HOTool> tool;
-    HOToolBuddy* buddy = nullptr;
-    QPoint panStart;
-    HOPoint panCentre;
+    HOPoint panCentre;                           // where the page was when the middle-button drag started
     std::vector<HORefPtr<HOMapView>> forwarded;  // map views whose redraws become the page's
 
     std::atomic<bool> redrawQueued{false};
@@ -72,33 +55,7 @@ public:
     QObject relay;
 };
 
-HOPageLayoutView::Private::Private(HOPageLayoutView* view) : q(view), dpi(HOMapScale::ScreenDpi()) {
-    viewport.Fit(pageWithDesk());
-}
-
-template <class Change>
-bool HOPageLayoutView::Private::navigate(Change change) {
-    double oldScale = 0.0, newScale = 0.0;
-    bool moved = false;
-    {
-        std::lock_guard<std::mutex> lock(mutex);
-        const HORect oldExtent = viewport.Extent();
-        oldScale = viewport.IsDrawable() ? viewport.UnitsPerPixel() : 0.0;
-        if (!change(viewport)) return false;
-        newScale = viewport.IsDrawable() ? viewport.UnitsPerPixel() : 0.0;
-        moved = viewport.Extent() != oldExtent || newScale != oldScale;
-        display.SetDisplayTransform(viewport.Transform());
-        display.SetDeviceSize(viewport.Size());
-    }
-    if (!moved) return false;
-    if (newScale != oldScale) {
-        HOEvent event;
-        q->ScaleChangedSignal.fire(q, &event);
-    }
-    layoutFrames();
-    fireRedraw();
-    return true;
-}
+HOPageLayoutView::Private::Private(HOPageLayoutView* view) : q(view) {}
 
 std::vector<HODataFrame*> HOPageLayoutView::Private::frames() const {
     std::vector<HODataFrame*> out;
@@ -112,9 +69,9 @@ std::vector<HODataFrame*> HOPageLayoutView::Private::frames() const {
 void HOPageLayoutView::Private::layoutFrames() {
     HODisplayTransform transform;
     {
-        std::lock_guard<std::mutex> lock(mutex);
-        if (!viewport.IsDrawable()) return;
-        transform = viewport.Transform();
+        std::lock_guard<std::mutex> lock(q->Mutex());
+        if (!q->LockedViewport().IsDrawable()) return;
+        transform = q->LockedViewport().Transform();
     }
     // The container keeps its elements alive; a frame removed meanwhile is laid out harmlessly.
     for (HODataFrame* frame : frames()) frame->set_page_transform(transform);
@@ -122,7 +79,7 @@ void HOPageLayoutView::Private::layoutFrames() {
 
 void HOPageLayoutView::Private::forwardRedraws(HOMapView* view) {
     {
-        std::lock_guard<std::mutex> lock(mutex);
+        std::lock_guard<std::mutex> lock(q->Mutex());
         if (!view || std::find(forwarded.begin(), forwarded.end(), view) != forwarded.end()) return;
         forwarded.emplace_back(view);
     }
@@ -132,7 +89,7 @@ void HOPageLayoutView::Private::forwardRedraws(HOMapView* view) {
 void HOPageLayoutView::Private::stopForwarding(HOMapView* view) {
     HORefPtr<HOMapView> kept;  // released after unbinding
     {
-        std::lock_guard<std::mutex> lock(mutex);
+        std::lock_guard<std::mutex> lock(q->Mutex());
         const auto it = std::find(forwarded.begin(), forwarded.end(), view);
         if (it == forwarded.end()) return;
         kept = *it;
@@ -145,7 +102,7 @@ void HOPageLayoutView::Private::onMapRedraw(void*, HOEvent*) {
     // The page and its elements are edited on their own thread; drawing them there too keeps a map's
     // render thread away from them. Redraws asked for meanwhile are one redraw.
     if (QThread::currentThread() == relay.thread()) {
-        fireRedraw();
+        q->FireRedraw();
         return;
     }
     if (redrawQueued.exchange(true)) return;
@@ -153,21 +110,17 @@ void HOPageLayoutView::Private::onMapRedraw(void*, HOEvent*) {
         &relay,
         [this] {
             redrawQueued = false;
-            fireRedraw();
+            q->FireRedraw();
         },
         Qt::QueuedConnection);
-}
-
-void HOPageLayoutView::Private::fireRedraw() {
-    HOEvent event;
-    q->RedrawSignal.fire(q, &event);
 }
 
 void HOPageLayoutView::Private::drawPage(QPainter& painter) {
     HODisplayTransform transform;
     HOSize size;
     {
-        std::lock_guard<std::mutex> lock(mutex);
+        std::lock_guard<std::mutex> lock(q->Mutex());
+        const HOViewport& viewport = q->LockedViewport();
         if (!viewport.IsDrawable()) return;
         transform = viewport.Transform();
         size = viewport.Size();
@@ -194,75 +147,15 @@ void HOPageLayoutView::Private::drawPage(QPainter& painter) {
     }
 }
 
-HOPageLayoutView::HOPageLayoutView() : d(std::make_unique<Private>(this)) {}
+HOPageLayoutView::HOPageLayoutView() : HOViewportView(pageWithDesk()), d(std::make_unique<Private>(this)) {}
 
 HOPageLayoutView::~HOPageLayoutView() {
     std::vector<HORefPtr<HOMapView>> forwarded;
     {
-        std::lock_guard<std::mutex> lock(d->mutex);
+        std::lock_guard<std::mutex> lock(Mutex());
         forwarded = d->forwarded;
     }
     for (const auto& view : forwarded) d->stopForwarding(view);
-    if (d->tool && d->tool->GetView() == this) d->tool->SetView(nullptr);
-}
-
-bool HOPageLayoutView::KeyDown(int key) {
-    HOTool* tool = GetCurrentTool();
-    return tool && tool->OnKeyDown(key);
-}
-
-void HOPageLayoutView::MouseDown(int button, int x, int y) {
-    if (button == kPanButton) {
-        std::lock_guard<std::mutex> lock(d->mutex);
-        d->panStart = QPoint(x, y);
-        d->panCentre = d->viewport.Center();
-        return;
-    }
-    if (HORefPtr<HOTool> tool = GetCurrentTool()) tool->OnMouseDown(button, x, y);
-}
-
-void HOPageLayoutView::MouseUp(int button, int x, int y) {
-    if (button == kPanButton) {
-        MouseMove(button, x, y);
-        return;
-    }
-    if (HORefPtr<HOTool> tool = GetCurrentTool()) tool->OnMouseUp(button, x, y);
-}
-
-void HOPageLayoutView::MouseMove(int button, int x, int y) {
-    if (button == kPanButton) {
-        // The page follows the mouse; it is cheap to draw, so it moves for real.
-        d->navigate([&](HOViewport& v) {
-            const double upp = v.UnitsPerPixel();
-            return v.SetCenter(HOPoint(d->panCentre.x - (x - d->panStart.x()) * upp,
-                                       d->panCentre.y + (y - d->panStart.y()) * upp));
-        });
-        return;
-    }
-    if (HORefPtr<HOTool> tool = GetCurrentTool()) tool->OnMouseMove(button, x, y);
-}
-
-void HOPageLayoutView::DoubleClick(int button, int x, int y) {
-    if (HORefPtr<HOTool> tool = GetCurrentTool()) tool->OnDoubleClick(button, x, y);
-}
-
-void HOPageLayoutView::Wheel(int, int delta, int x, int y) {
-    if (delta == 0) return;
-    const HOPoint at = GetDisplayTransform().ToMap(x, y);
-    ZoomByFactor(std::pow(kZoomStep, -delta / kWheelNotch), &at);
-}
-
-void HOPageLayoutView::SetSize(int width, int height) {
-    const double dpi = HOMapScale::ScreenDpi();
-    {
-        std::lock_guard<std::mutex> lock(d->mutex);
-        d->dpi = dpi;
-    }
-    d->navigate([&](HOViewport& v) {
-        if (v.Size() == HOSize(width, height)) return false;
-        v.SetSize(HOSize(width, height));
-        return true;
-    });
 }
 
 void HOPageLayoutView::DrawTo(HOGraphics* surface, int) {
@@ -272,19 +165,6 @@ void HOPageLayoutView::DrawTo(HOGraphics* surface, int) {
     surface->End();
 }
 
-void HOPageLayoutView::SetSize(const HOSize& size) {
-    SetSize(size.width, size.height);
-}
-
-HORect HOPageLayoutView::GetExtent() {
-    std::lock_guard<std::mutex> lock(d->mutex);
-    return d->viewport.Extent();
-}
-
-void HOPageLayoutView::SetExtent(const HORect& extent) {
-    d->navigate([&](HOViewport& v) { return v.Fit(extent); });
-}
-
 void HOPageLayoutView::RefreshView(bool all) {
     d->layoutFrames();
     if (all) {
@@ -292,7 +172,7 @@ void HOPageLayoutView::RefreshView(bool all) {
             if (HOMapView* view = frame->get_map_view()) view->RefreshMap(true, HORect());
         }
     }
-    d->fireRedraw();
+    FireRedraw();
 }
 
 void HOPageLayoutView::PauseRender() {
@@ -307,76 +187,30 @@ void HOPageLayoutView::ResumeRender() {
     }
 }
 
-HOPoint HOPageLayoutView::GetCenter() {
-    std::lock_guard<std::mutex> lock(d->mutex);
-    return d->viewport.Center();
-}
-
-double HOPageLayoutView::GetScale() {
-    std::lock_guard<std::mutex> lock(d->mutex);
-    if (!d->viewport.IsDrawable()) return 0.0;
-    return HOMapScale::Denominator(d->viewport.UnitsPerPixel(), kMetresPerPageUnit, d->dpi);
-}
-
-void HOPageLayoutView::SetScale(double denominator) {
-    const double dpi = [&] {
-        std::lock_guard<std::mutex> lock(d->mutex);
-        return d->dpi;
-    }();
-    const double unitsPerPixel = HOMapScale::UnitsPerPixel(denominator, kMetresPerPageUnit, dpi);
-    d->navigate([&](HOViewport& v) { return v.SetUnitsPerPixel(unitsPerPixel); });
-}
-
-void HOPageLayoutView::SetCurrentTool(HOTool* tool) {
-    HORefPtr<HOTool> old;
-    {
-        std::lock_guard<std::mutex> lock(d->mutex);
-        old = d->tool;
-        d->tool = tool;
-    }
-    if (old && old != tool && old->GetView() == this) old->SetView(nullptr);
-    if (tool) tool->SetView(this);
-}
-
-void HOPageLayoutView::ZoomIn() {
-    ZoomByFactor(1.0 / kZoomStep, nullptr);
-}
-
-void HOPageLayoutView::ZoomOut() {
-    ZoomByFactor(kZoomStep, nullptr);
-}
-
-void HOPageLayoutView::ZoomByFactor(double factor, const HOPoint* centre) {
-    d->navigate([&](HOViewport& v) { return v.ZoomByFactor(factor, centre ? *centre : v.Center()); });
-}
-
-HODisplay* HOPageLayoutView::GetScreenDisplay() {
-    return &d->display;
-}
-
-HODisplayTransform HOPageLayoutView::GetDisplayTransform() {
-    std::lock_guard<std::mutex> lock(d->mutex);
-    return d->viewport.Transform();
-}
-
-void HOPageLayoutView::SetToolBuddy(HOToolBuddy* buddy) {
-    std::lock_guard<std::mutex> lock(d->mutex);
-    d->buddy = buddy;
-}
-
 void HOPageLayoutView::ResizeRefresh(int) {
     d->layoutFrames();
-    d->fireRedraw();
+    FireRedraw();
 }
 
-HOTool* HOPageLayoutView::GetCurrentTool() const {
-    std::lock_guard<std::mutex> lock(d->mutex);
-    return d->tool.get();
+void HOPageLayoutView::OnNavigated(int) {
+    d->layoutFrames();
 }
 
-HOToolBuddy* HOPageLayoutView::GetToolBuddy() const {
-    std::lock_guard<std::mutex> lock(d->mutex);
-    return d->buddy;
+double HOPageLayoutView::MetresPerUnit() const {
+    return kMetresPerPageUnit;
+}
+
+void HOPageLayoutView::OnPanStarted() {
+    std::lock_guard<std::mutex> lock(Mutex());
+    d->panCentre = LockedViewport().Center();
+}
+
+void HOPageLayoutView::OnPanDragged(int dx, int dy, bool) {
+    // The page follows the mouse; it is cheap to draw, so it moves for real.
+    Navigate([&](HOViewport& v) {
+        const double upp = v.UnitsPerPixel();
+        return v.SetCenter(HOPoint(d->panCentre.x - dx * upp, d->panCentre.y + dy * upp));
+    });
 }
 
 void HOPageLayoutView::SwitchToLayoutView(HOMapView* view) {
@@ -399,17 +233,17 @@ void HOPageLayoutView::SwitchToLayoutView(HOMapView* view) {
     }
     set_operating_data_frame(frame);
     d->layoutFrames();
-    d->fireRedraw();
+    FireRedraw();
 }
 
 HORefPtr<HOPageLayoutBaseElement> HOPageLayoutView::get_operating_data_frame() const {
-    std::lock_guard<std::mutex> lock(d->mutex);
+    std::lock_guard<std::mutex> lock(Mutex());
     return d->operating;
 }
 
 void HOPageLayoutView::set_operating_data_frame(HOPageLayoutBaseElement* element) {
     {
-        std::lock_guard<std::mutex> lock(d->mutex);
+        std::lock_guard<std::mutex> lock(Mutex());
         if (d->operating.get() == element) return;
         d->operating = element;
     }

@@ -5,7 +5,7 @@
 // on the thread that created the layout (a data frame's map redraws arrive through its event loop).
 #include "HOGraphicsContainer.h"
 #include "HORefPtr.h"
-#include "HOView.h"
+#include "HOViewportView.h"
 
 #include <memory>
 
@@ -14,37 +14,16 @@ namespace HXObjects {
 class HOMapView;
 class HOFileFunc;
 
-class HOPageLayoutView : public HOView {
+class HOPageLayoutView : public HOViewportView {
 public:
     HOPageLayoutView();
 
-    bool KeyDown(int key) override;
-    void MouseDown(int button, int x, int y) override;
-    void MouseUp(int button, int x, int y) override;
-    void MouseMove(int button, int x, int y) override;
-    void DoubleClick(int button, int x, int y) override;
-    void Wheel(int reserved, int delta, int x, int y) override;
-    void SetSize(int width, int height) override;
+    // HOView, in table order, where a page differs from HOViewportView.
     void DrawTo(HOGraphics* surface, int reserved) override;
-    void SetSize(const HOSize& size) override;
-    HORect GetExtent() override;
-    void SetExtent(const HORect& extent) override;
     void RefreshView(bool all) override;
     void PauseRender() override;
     void ResumeRender() override;
-    HOPoint GetCenter() override;
-    double GetScale() override;
-    void SetScale(double denominator) override;
-    void SetCurrentTool(HOTool* tool) override;
-    void ZoomIn() override;
-    void ZoomOut() override;
-    void ZoomByFactor(double factor, const HOPoint* centre) override;
-    HODisplay* GetScreenDisplay() override;
-    HODisplayTransform GetDisplayTransform() override;
-    void SetToolBuddy(HOToolBuddy* buddy) override;
     void ResizeRefresh(int delayMs) override;
-    HOTool* GetCurrentTool() const override;
-    HOToolBuddy* GetToolBuddy() const override;
 
     // Puts the map view into the operating data frame (creating the frame when there is none).
     void SwitchToLayoutView(HOMapView* view);
@@ -61,6 +40,11 @@ protected:
     ~HOPageLayoutView() override;
 
 private:
+    void OnNavigated(int settleDelayMs) override;
+    double MetresPerUnit() const override;
+    void OnPanStarted() override;
+    void OnPanDragged(int dx, int dy, bool released) override;
+
     class Private;
     std::unique_ptr<Private> d;
 };

@@ -62,6 +62,7 @@ private slots:
         QFETCH(double, denominator);
         HORefPtr<HOPageLayoutView> layout(new HOPageLayoutView);
         HOSignalCounter scale(layout->ScaleChangedSignal);
+        QCOMPARE(layout->GetCenter(), HOPoint(148.5, 105));  // before a size too
         layout->SetSize(800, 600);
         layout->SetSize(800, 600);
         QCOMPARE(scale.count.load(), 1);
@@ -142,6 +143,24 @@ private slots:
         QVERIFY(qAbs(now.Center().x - extent.Center().x) < pixel &&
                 qAbs(now.Center().y - extent.Center().y) < pixel);
         QVERIFY(qAbs(now.Width() - extent.Width()) < 2 * pixel);
+    }
+
+    void middleButtonDragMovesThePage() {
+        HORefPtr<HOPageLayoutView> layout(new HOPageLayoutView);
+        layout->SetSize(800, 600);
+        HOSignalCounter scale(layout->ScaleChangedSignal);
+        const HOPoint start = layout->GetCenter();
+        const double upp = layout->GetDisplayTransform().unitsPerPixel;
+        layout->MouseUp(3, 40, 40);  // pressed elsewhere: nothing to finish
+        QCOMPARE(layout->GetCenter(), start);
+        layout->MouseDown(3, 10, 10);
+        layout->MouseMove(3, 30, 5);  // the page itself follows the mouse
+        QCOMPARE(layout->GetCenter(), HOPoint(start.x - 20 * upp, start.y - 5 * upp));
+        layout->MouseUp(3, 40, 10);
+        QCOMPARE(layout->GetCenter(), HOPoint(start.x - 30 * upp, start.y));
+        layout->MouseMove(3, 90, 90);  // released: no drag any more
+        QCOMPARE(layout->GetCenter(), HOPoint(start.x - 30 * upp, start.y));
+        QCOMPARE(scale.count.load(), 0);
     }
 
     void drawToDrawsDeskPageAndMap() {
