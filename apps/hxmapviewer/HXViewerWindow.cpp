@@ -15,6 +15,7 @@
 #include "HXLayerPanel.h"
 #include "HXLayerStyler.h"
 #include "HXMapCanvas.h"
+#include "HXMapWidget.h"
 #include "HXMessageBar.h"
 #include "HXRecentFiles.h"
 #include "HXViewerIcons.h"
@@ -240,9 +241,12 @@ bool HXViewerWindow::waitForRender(int timeoutMs) {
     }
     while (clock.elapsed() < timeoutMs) {
         QApplication::processEvents(QEventLoop::AllEvents, 50);
-        const bool finished = mRendersFinished.load() > before && view && !view->IsRendering();
-        // A resize schedules its render a moment later: let it start before trusting "finished".
-        if (finished && clock.elapsed() > 400) {
+        // Final only once the view has the drawing widget's size: a picture of an earlier size
+        // is followed by another render.
+        const HOSize drawn = view->GetScreenDisplay()->GetDeviceSize();
+        const QSize shown = mCanvas->findChild<HXMapWidget*>()->size();
+        const bool sized = drawn.width == shown.width() && drawn.height == shown.height();
+        if (sized && mRendersFinished.load() > before && !view->IsRendering()) {
             QApplication::processEvents();
             return true;
         }
