@@ -4,10 +4,10 @@
 
 #include <algorithm>
 
-#include "private/layerdata/HOFeatureHitTest.h"
-#include "private/layerdata/HOFeatureLayerPrivate.h"
-#include "private/layerdata/HOFeatureRenderer.h"
-#include "private/layerdata/HOFeatureStyleSet.h"
+#include "source/private/HOFeatureHitTest.h"
+#include "source/private/HOFeatureLayerPrivate.h"
+#include "render/private/HOFeatureRenderer.h"
+#include "render/private/HOFeatureStyleSet.h"
 
 namespace HXObjects {
 

@@ -5,9 +5,9 @@
 #include "HOCoordinateSystem.h"
 #include "HOFeatureLayer.h"
 #include "HORasterLayer.h"
-#include "private/layerdata/HOExtentProjector.h"
-#include "private/layerdata/HOFeatureLayerLoader.h"
-#include "private/layerdata/HORasterLayerLoader.h"
+#include "source/private/HOExtentProjector.h"
+#include "source/private/HOFeatureLayerLoader.h"
+#include "source/private/HORasterLayerLoader.h"
 
 namespace HXObjects {
 

@@ -5,8 +5,8 @@
 #include <QPainter>
 
 #include "HORenderContext.h"
-#include "private/layerdata/HOExtentProjector.h"
-#include "private/layerdata/HORasterLayerPrivate.h"
+#include "source/private/HOExtentProjector.h"
+#include "source/private/HORasterLayerPrivate.h"
 
 namespace HXObjects {
 

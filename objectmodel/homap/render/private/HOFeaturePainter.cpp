@@ -1,0 +1,136 @@
+#include "render/private/HOFeaturePainter.h"
+
+#include <QPainter>
+
+#include "HOStylePainter.h"
+
+namespace HXObjects {
+
+HOFeaturePainter::HOFeaturePainter(QPainter& painter, const HOFeatureStore& store,
+                                   const HODisplayTransform& transform)
+    : m_painter(painter),
+      m_store(store),
+      m_topology(store.Topology()),
+      m_path(transform),
+      m_blitter(painter),
+      m_rasterizer(HODirectTarget::Of(painter), painter.testRenderHint(QPainter::Antialiasing)),
+      m_antialias(painter.testRenderHint(QPainter::Antialiasing)) {}
+
+void HOFeaturePainter::Draw(uint32_t feature, const HOStyle& style, bool bulkStyle) {
+    const HOFeatureKind kind = m_topology.Kind(feature);
+    // Whatever is queued was drawn before this feature.
+    if (kind != HOFeatureKind::Point) m_blitter.Flush();
+    if (kind != HOFeatureKind::Line) m_rasterizer.Flush();
+    switch (kind) {
+        case HOFeatureKind::Polygon:
+            useStyle(style);
+            drawPolygon(feature);
+            break;
+        case HOFeatureKind::Line:
+            useStyle(style);
+            drawLine(feature);
+            break;
+        case HOFeatureKind::Point:
+            drawPoints(feature, style, bulkStyle);
+            break;
+        case HOFeatureKind::Empty:
+            break;
+    }
+}
+
+void HOFeaturePainter::useStyle(const HOStyle& style) {
+    if (m_current == &style) return;
+    m_current = &style;
+    m_pen = HOStylePainter::Pen(style);
+    m_brush = HOStylePainter::Brush(style);
+    m_mode = Mode::Unset;
+    m_rasterizeLines = HODirectTarget::Of(m_painter).IsValid() && HOLineRasterizer::Handles(m_pen);
+    if (m_rasterizeLines) m_rasterizer.SetColor(m_pen.color());
+}
+
+void HOFeaturePainter::stroke(const QPointF* points, int count, bool acrossImage) {
+    if (m_rasterizeLines) {
+        m_rasterizer.DrawPolyline(points, count, acrossImage);
+        return;
+    }
+    beginStroke();
+    m_painter.drawPolyline(points, count);
+}
+
+// Filling and stroking in separate calls is several times faster in the raster engine than one
+// call doing both. Under an outline the fill's own edge is hidden, so it is filled without
+// antialiasing, which costs half as much.
+void HOFeaturePainter::beginFill() {
+    if (m_mode == Mode::Fill) return;
+    m_mode = Mode::Fill;
+    m_painter.setPen(Qt::NoPen);
+    m_painter.setBrush(m_brush);
+    if (m_antialias) m_painter.setRenderHint(QPainter::Antialiasing, m_pen.style() == Qt::NoPen);
+}
+
+void HOFeaturePainter::beginStroke() {
+    if (m_mode == Mode::Stroke) return;
+    m_mode = Mode::Stroke;
+    m_painter.setPen(m_pen);
+    m_painter.setBrush(Qt::NoBrush);
+    if (m_antialias) m_painter.setRenderHint(QPainter::Antialiasing, true);
+}
+
+void HOFeaturePainter::drawPolygon(uint32_t feature) {
+    const uint32_t firstPart = m_topology.PartBegin(feature), endPart = m_topology.PartEnd(feature);
+    m_path.Clear();
+    QPointF start;
+    for (uint32_t part = firstPart; part < endPart; ++part) {
+        const int kept =
+            m_path.Append(vertex(m_topology.VertexBegin(part)), vertex(m_topology.VertexEnd(part)));
+        if (kept == 0) continue;
+        const QPointF first = m_path.Points()[m_path.Size() - kept];
+        // Each ring is closed and the path returns to the first ring's start, so the joins run
+        // forth and back over the same segment and cancel out in the odd-even fill.
+        m_path.AppendPoint(first);
+        if (m_path.Size() == kept + 1)
+            start = first;
+        else
+            m_path.AppendPoint(start);
+    }
+    // Smaller than a pixel: invisible at this scale.
+    if (m_path.Size() < 3 || (m_path.Width() < 1.0 && m_path.Height() < 1.0)) return;
+    if (m_brush.style() != Qt::NoBrush) {
+        beginFill();
+        m_painter.drawPolygon(m_path.Points(), m_path.Size(), Qt::OddEvenFill);
+    }
+    if (m_pen.style() == Qt::NoPen) return;
+    if (endPart - firstPart == 1) {
+        stroke(m_path.Points(), m_path.Size(), false);
+        return;
+    }
+    for (uint32_t part = firstPart; part < endPart; ++part) {
+        m_path.Clear();
+        if (m_path.Append(vertex(m_topology.VertexBegin(part)), vertex(m_topology.VertexEnd(part))) > 1)
+            stroke(m_path.Points(), m_path.Size(), false);
+    }
+}
+
+void HOFeaturePainter::drawLine(uint32_t feature) {
+    for (uint32_t part = m_topology.PartBegin(feature); part < m_topology.PartEnd(feature); ++part) {
+        m_path.Clear();
+        if (m_path.Append(vertex(m_topology.VertexBegin(part)), vertex(m_topology.VertexEnd(part))) < 2)
+            continue;
+        if (m_path.Width() < 1.0 && m_path.Height() < 1.0) continue;
+        stroke(m_path.Points(), m_path.Size(), true);
+    }
+}
+
+void HOFeaturePainter::drawPoints(uint32_t feature, const HOStyle& style, bool bulkStyle) {
+    if (&style != m_currentMarker) {
+        auto it = m_markers.find(&style);
+        if (it == m_markers.end()) it = m_markers.emplace(&style, HOStylePainter::MarkerImage(style)).first;
+        m_blitter.SetMarker(&it->second, bulkStyle);
+        m_currentMarker = &style;
+    }
+    const uint32_t first = m_topology.VertexBegin(m_topology.PartBegin(feature));
+    const uint32_t end = m_topology.VertexBegin(m_topology.PartEnd(feature));
+    for (uint32_t v = first; v < end; ++v) m_blitter.Stamp(m_path.ToDevice(*vertex(v)));
+}
+
+}  // namespace HXObjects

@@ -1,0 +1,54 @@
+#pragma once
+// HOFeaturePainter: draws features of one store through one painter — polygons filled and outlined,
+// lines stroked, points stamped from a marker image cached per style. One per painting thread; it
+// sets the painter's pen and brush only when the style changes.
+#include <QBrush>
+#include <QImage>
+#include <QPen>
+#include <map>
+
+#include "source/private/HOFeatureStore.h"
+#include "render/private/HOLineRasterizer.h"
+#include "render/private/HOMarkerBlitter.h"
+#include "render/private/HOPixelPath.h"
+#include "HOStyle.h"
+
+class QPainter;
+
+namespace HXObjects {
+
+class HOFeaturePainter {
+public:
+    HOFeaturePainter(QPainter& painter, const HOFeatureStore& store, const HODisplayTransform& transform);
+
+    // `bulkStyle` marks the style most features share: its markers skip pixels already stamped.
+    void Draw(uint32_t feature, const HOStyle& style, bool bulkStyle);
+
+private:
+    void useStyle(const HOStyle& style);
+    // Switches the painter between filling (no pen) and stroking (no brush) only when needed.
+    void beginFill();
+    void beginStroke();
+    void stroke(const QPointF* points, int count, bool acrossImage);
+    void drawPolygon(uint32_t feature);
+    void drawLine(uint32_t feature);
+    void drawPoints(uint32_t feature, const HOStyle& style, bool bulkStyle);
+    const HOVertex* vertex(uint32_t index) const { return m_store.Vertices().data() + index; }
+
+    QPainter& m_painter;
+    const HOFeatureStore& m_store;
+    const HOFeatureTopology& m_topology;
+    std::map<const HOStyle*, QImage> m_markers;  // before the blitter, which stamps them until it goes
+    HOPixelPath m_path;
+    HOMarkerBlitter m_blitter;
+    HOLineRasterizer m_rasterizer;  // after the path: flushes what it queued when it goes
+    bool m_rasterizeLines = false;  // the current pen is drawn by m_rasterizer
+    const HOStyle* m_current = nullptr;
+    QPen m_pen;
+    QBrush m_brush;
+    bool m_antialias;
+    enum class Mode { Unset, Fill, Stroke } m_mode = Mode::Unset;
+    const HOStyle* m_currentMarker = nullptr;
+};
+
+}  // namespace HXObjects

@@ -1,0 +1,33 @@
+#pragma once
+// HOFeatureRenderer: one render of a feature layer. Finds the features meeting the visible extent,
+// draws them in source order — split over two threads into two pictures composed in order when the
+// load is large and the target is a plain image — and then the selected ones, emphasised, on top.
+#include <vector>
+
+#include "source/private/HOFeatureStore.h"
+#include "render/private/HOFeatureStyleSet.h"
+#include "HORenderContext.h"
+
+namespace HXObjects {
+
+class HOFeatureRenderer {
+public:
+    HOFeatureRenderer(const HOFeatureStore& store, const HOFeatureStyleSet& styles,
+                      const HORenderContext& context);
+
+    void Render();
+
+private:
+    using Range = std::pair<const uint32_t*, const uint32_t*>;
+
+    bool draw(QPainter& painter, Range features, bool highlighted) const;
+    bool drawInTwo(Range features) const;
+    Range::first_type balancedMiddle(Range features) const;
+    bool canSplit(std::size_t count) const;
+
+    const HOFeatureStore& m_store;
+    const HOFeatureStyleSet& m_styles;
+    const HORenderContext& m_context;
+};
+
+}  // namespace HXObjects

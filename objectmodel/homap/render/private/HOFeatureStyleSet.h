@@ -1,0 +1,41 @@
+#pragma once
+// HOFeatureStyleSet: the styles one render of a feature layer uses, copied at its start so the GUI
+// thread may change the layer meanwhile: a style per geometry kind, the per-feature overrides, and
+// the styles by attribute value, and the selected ids with the emphasis they are drawn in.
+#include <map>
+#include <vector>
+
+#include "render/private/HOFeatureCategories.h"
+#include "source/private/HOFeatureTopology.h"
+#include "HOStyle.h"
+
+namespace HXObjects {
+
+class HOFeatureStyleSet {
+public:
+    // The built-in style of a kind (what a layer draws with until given one).
+    static HORefPtr<HOStyle> DefaultStyle(HOFeatureKind kind);
+    // The emphasis for selected features of a kind.
+    static HORefPtr<HOStyle> HighlightStyle(HOFeatureKind kind);
+    static HOStyle::StyleType StyleTypeOf(HOFeatureKind kind);
+
+    HOFeatureStyleSet(HORefPtr<HOStyle> layerStyle, std::map<int, HORefPtr<HOStyle>> overrides,
+                      std::vector<int64_t> selectedSorted,
+                      std::shared_ptr<const HOFeatureCategories> categories);
+
+    // The feature's override, else the style of its category, else the layer's style for the kind.
+    const HOStyle& StyleFor(HOFeatureKind kind, std::size_t feature, int64_t id) const;
+    const HOStyle& Highlight(HOFeatureKind kind) const { return *m_highlight[int(kind)]; }
+    const HOStyle& KindStyle(HOFeatureKind kind) const { return *m_byKind[int(kind)]; }
+    bool IsSelected(int64_t id) const;
+    bool HasSelection() const { return !m_selected.empty(); }
+
+private:
+    HORefPtr<HOStyle> m_byKind[4];
+    HORefPtr<HOStyle> m_highlight[4];
+    std::map<int, HORefPtr<HOStyle>> m_overrides;
+    std::vector<int64_t> m_selected;
+    std::shared_ptr<const HOFeatureCategories> m_categories;
+};
+
+}  // namespace HXObjects

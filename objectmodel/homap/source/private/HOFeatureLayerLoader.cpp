@@ -1,0 +1,92 @@
+#include "source/private/HOFeatureLayerLoader.h"
+
+#include "source/private/HOFeatureLayerPrivate.h"
+#include "render/private/HOFeatureStyleSet.h"
+#include "source/private/HOOgrGeometryReader.h"
+
+namespace HXObjects {
+
+HORefPtr<HOFeatureLayer> HOFeatureLayerLoader::Load(GDALDatasetUniquePtr dataset, const HOString& layerName,
+                                                    HOString* reason) {
+    OGRLayer* layer = layerName.isEmpty() ? dataset->GetLayer(0) : dataset->GetLayerByName(layerName.c_str());
+    if (!layer) {
+        if (layerName.isEmpty())
+            *reason = "it holds no vector layer";
+        else
+            reason->Format("it has no layer named '%s'", layerName.c_str());
+        return nullptr;
+    }
+    HOOgrGeometryReader reader;
+    CPLErrorReset();
+    reader.Read(layer);
+    if (reader.Topology().FeatureCount() == 0 && CPLGetLastErrorType() >= CE_Failure) {
+        *reason = CPLGetLastErrorMsg();
+        return nullptr;
+    }
+    const HOFeatureKind dominant = reader.DominantKind();
+    const OGRwkbGeometryType declared = wkbFlatten(layer->GetGeomType());
+    auto topology = std::make_shared<HOFeatureTopology>(std::move(reader.Topology()));
+    auto store = std::make_shared<const HOFeatureStore>(topology, std::move(reader.Vertices()),
+                                                        std::move(reader.Boxes()));
+
+    HORefPtr<HOFeatureLayer> result(new HOFeatureLayer);
+    auto system = HOCoordinateSystem::FromOgr(layer->GetSpatialRef());
+    result->d = std::make_unique<HOFeatureLayer::Private>(std::move(dataset), layer, system, store);
+    result->d->type = layerTypeOf(declared, dominant);
+    result->d->geometryType = geoTypeOf(declared, dominant);
+    const HOFeatureKind kind = result->d->type == HOLayer::PointLayer      ? HOFeatureKind::Point
+                               : result->d->type == HOLayer::PolylineLayer ? HOFeatureKind::Line
+                                                                           : HOFeatureKind::Polygon;
+    result->d->style = HOFeatureStyleSet::DefaultStyle(kind);
+    result->SetName(layer->GetName());
+    return result;
+}
+
+HOLayer::LayerType HOFeatureLayerLoader::layerTypeOf(OGRwkbGeometryType type, HOFeatureKind dominant) {
+    switch (geoTypeOf(type, dominant)) {
+        case HOGeometry::GeoPoint:
+        case HOGeometry::GeoMultiPoint:
+            return HOLayer::PointLayer;
+        case HOGeometry::GeoLineString:
+        case HOGeometry::GeoMultiLineString:
+            return HOLayer::PolylineLayer;
+        case HOGeometry::GeoPolygon:
+        case HOGeometry::GeoMultiPolygon:
+            return HOLayer::PolygonLayer;
+        default:
+            return HOLayer::UnknownLayer;
+    }
+}
+
+HOGeometry::GeoType HOFeatureLayerLoader::geoTypeOf(OGRwkbGeometryType type, HOFeatureKind dominant) {
+    switch (OGR_GT_GetLinear(type)) {
+        case wkbPoint:
+            return HOGeometry::GeoPoint;
+        case wkbMultiPoint:
+            return HOGeometry::GeoMultiPoint;
+        case wkbLineString:
+            return HOGeometry::GeoLineString;
+        case wkbMultiLineString:
+            return HOGeometry::GeoMultiLineString;
+        case wkbPolygon:
+            return HOGeometry::GeoPolygon;
+        case wkbMultiPolygon:
+            return HOGeometry::GeoMultiPolygon;
+        default:
+            break;
+    }
+    // A layer of mixed or undeclared type is named after what most of its features are.
+    switch (dominant) {
+        case HOFeatureKind::Point:
+            return HOGeometry::GeoPoint;
+        case HOFeatureKind::Line:
+            return HOGeometry::GeoLineString;
+        case HOFeatureKind::Polygon:
+            return HOGeometry::GeoPolygon;
+        case HOFeatureKind::Empty:
+            break;
+    }
+    return HOGeometry::GeoUnknown;
+}
+
+}  // namespace HXObjects

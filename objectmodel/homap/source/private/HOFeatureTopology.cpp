@@ -1,0 +1,53 @@
+#include "source/private/HOFeatureTopology.h"
+
+#include <algorithm>
+
+namespace HXObjects {
+
+void HOFeatureTopology::EndFeature(HOFeatureKind kind, int64_t id) {
+    m_featureStart.push_back(uint32_t(PartCount()));
+    if (m_kinds.empty()) m_firstId = id;
+    const int64_t expected = m_firstId + int64_t(m_kinds.size());
+    if (m_ids.empty() && id != expected) {
+        m_ids.reserve(m_kinds.capacity());
+        for (int64_t i = m_firstId; i < expected; ++i) m_ids.push_back(i);
+    }
+    if (!m_ids.empty()) m_ids.push_back(id);
+    m_kinds.push_back(kind);
+}
+
+void HOFeatureTopology::Compact() {
+    const std::size_t n = m_kinds.size();
+    m_singlePoints = n > 0 && m_partStart.size() == n + 1 &&
+                     std::all_of(m_kinds.begin(), m_kinds.end(),
+                                 [](HOFeatureKind k) { return k == HOFeatureKind::Point; });
+    if (m_singlePoints) {
+        for (std::size_t i = 0; i <= n && m_singlePoints; ++i)
+            m_singlePoints = m_partStart[i] == i && m_featureStart[i] == i;
+    }
+    if (m_singlePoints) {
+        std::vector<uint32_t>().swap(m_partStart);
+        std::vector<uint32_t>().swap(m_featureStart);
+    } else {
+        m_partStart.shrink_to_fit();
+        m_featureStart.shrink_to_fit();
+    }
+    m_kinds.shrink_to_fit();
+    m_ids.shrink_to_fit();
+}
+
+long HOFeatureTopology::IndexOf(int64_t id) const {
+    if (m_ids.empty()) {
+        const int64_t i = id - m_firstId;
+        return i >= 0 && i < int64_t(m_kinds.size()) ? long(i) : -1;
+    }
+    const auto it = std::find(m_ids.begin(), m_ids.end(), id);
+    return it == m_ids.end() ? -1 : long(it - m_ids.begin());
+}
+
+std::size_t HOFeatureTopology::Bytes() const {
+    return (m_partStart.size() + m_featureStart.size()) * sizeof(uint32_t) + m_kinds.size() +
+           m_ids.size() * sizeof(int64_t);
+}
+
+}  // namespace HXObjects

@@ -1,0 +1,137 @@
+#include "source/private/HOOgrGeometryReader.h"
+
+#include <ogrsf_frmts.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace HXObjects {
+
+namespace {
+
+// Skips every attribute field while reading and restores them on leaving.
+class IgnoreAttributes {
+public:
+    explicit IgnoreAttributes(OGRLayer* layer) : m_layer(layer) {
+        CPLStringList names;
+        OGRFeatureDefn* defn = layer->GetLayerDefn();
+        for (int i = 0; i < defn->GetFieldCount(); ++i) names.AddString(defn->GetFieldDefn(i)->GetNameRef());
+        names.AddString("OGR_STYLE");
+        layer->SetIgnoredFields(const_cast<const char**>(names.List()));
+    }
+    ~IgnoreAttributes() { m_layer->SetIgnoredFields(nullptr); }
+
+private:
+    OGRLayer* m_layer;
+};
+
+HOFeatureKind kindOf(OGRwkbGeometryType type) {
+    switch (wkbFlatten(type)) {
+        case wkbPoint:
+        case wkbMultiPoint:
+            return HOFeatureKind::Point;
+        case wkbLineString:
+        case wkbMultiLineString:
+            return HOFeatureKind::Line;
+        case wkbPolygon:
+        case wkbMultiPolygon:
+            return HOFeatureKind::Polygon;
+        default:
+            return HOFeatureKind::Empty;
+    }
+}
+
+bool finite(const HOVertex& v) {
+    return std::isfinite(v.x) && std::isfinite(v.y);
+}
+
+}  // namespace
+
+void HOOgrGeometryReader::Read(OGRLayer* layer) {
+    IgnoreAttributes ignore(layer);
+    layer->SetSpatialFilter(nullptr);
+    layer->SetAttributeFilter(nullptr);
+    layer->ResetReading();
+    const GIntBig expected = layer->GetFeatureCount(FALSE);
+    if (expected > 0) {
+        m_topology.Reserve(std::size_t(expected));
+        m_boxes.reserve(std::size_t(expected));
+    }
+    std::size_t count = 0;
+    while (OGRFeatureUniquePtr feature{layer->GetNextFeature()}) {
+        const OGRGeometry* geometry = feature->GetGeometryRef();
+        const HOFeatureKind kind = geometry ? append(geometry) : HOFeatureKind::Empty;
+        m_topology.EndFeature(kind, feature->GetFID());
+        m_boxes.push_back(m_box);
+        m_box = HOBox();
+        ++m_kindCounts[int(kind)];
+        if (++count == 1024 && expected > 0) reserveFor(std::size_t(expected), count);
+    }
+    m_topology.Compact();
+    // Copying the array is only worth it when much of it would stand empty.
+    if (m_vertices.capacity() > m_vertices.size() + m_vertices.size() / 8) m_vertices.shrink_to_fit();
+}
+
+void HOOgrGeometryReader::reserveFor(std::size_t features, std::size_t read) {
+    // The first features tell the size of the rest closely enough for data sets of similar features;
+    // a little headroom saves the copy a final small overflow would cost.
+    const double perFeature = double(m_vertices.size()) / double(read);
+    m_vertices.reserve(std::size_t(perFeature * double(features) * 1.04) + 64);
+}
+
+HOFeatureKind HOOgrGeometryReader::DominantKind() const {
+    const auto best = std::max_element(std::begin(m_kindCounts) + 1, std::end(m_kindCounts));
+    return *best == 0 ? HOFeatureKind::Empty : HOFeatureKind(best - std::begin(m_kindCounts));
+}
+
+HOFeatureKind HOOgrGeometryReader::append(const OGRGeometry* geometry) {
+    const OGRwkbGeometryType type = wkbFlatten(geometry->getGeometryType());
+    if (OGR_GT_IsNonLinear(type)) {
+        std::unique_ptr<OGRGeometry> linear(geometry->getLinearGeometry());
+        return linear ? append(linear.get()) : HOFeatureKind::Empty;
+    }
+    switch (type) {
+        case wkbPoint: {
+            const auto* point = geometry->toPoint();
+            const HOVertex v{point->getX(), point->getY()};
+            if (point->IsEmpty() || !finite(v)) return HOFeatureKind::Empty;
+            m_vertices.push_back(v);
+            m_box.Add(v);
+            m_topology.EndPart(uint32_t(m_vertices.size()));
+            return HOFeatureKind::Point;
+        }
+        case wkbLineString:
+        case wkbLinearRing:
+            appendCurve(geometry->toSimpleCurve());
+            return HOFeatureKind::Line;
+        case wkbPolygon:
+            for (const OGRLinearRing* ring : *geometry->toPolygon()) appendCurve(ring);
+            return HOFeatureKind::Polygon;
+        default:
+            break;
+    }
+    if (!OGR_GT_IsSubClassOf(type, wkbGeometryCollection)) return HOFeatureKind::Empty;
+    HOFeatureKind kind = kindOf(type);
+    for (const OGRGeometry* member : *geometry->toGeometryCollection()) {
+        const HOFeatureKind memberKind = append(member);
+        if (kind == HOFeatureKind::Empty) kind = memberKind;
+    }
+    return kind;
+}
+
+void HOOgrGeometryReader::appendCurve(const OGRSimpleCurve* curve) {
+    // Through a reused buffer that stays in cache, so the layer's array is written once, finite
+    // vertices only.
+    m_scratch.resize(std::size_t(curve->getNumPoints()));
+    static_assert(sizeof(OGRRawPoint) == sizeof(HOVertex), "vertices are copied as OGR raw points");
+    curve->getPoints(reinterpret_cast<OGRRawPoint*>(m_scratch.data()));
+    const std::size_t first = m_vertices.size();
+    if (std::all_of(m_scratch.begin(), m_scratch.end(), finite))
+        m_vertices.insert(m_vertices.end(), m_scratch.begin(), m_scratch.end());
+    else
+        std::copy_if(m_scratch.begin(), m_scratch.end(), std::back_inserter(m_vertices), finite);
+    for (std::size_t i = first; i < m_vertices.size(); ++i) m_box.Add(m_vertices[i]);
+    m_topology.EndPart(uint32_t(m_vertices.size()));
+}
+
+}  // namespace HXObjects

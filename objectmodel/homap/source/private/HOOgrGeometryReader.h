@@ -1,0 +1,38 @@
+#pragma once
+// HOOgrGeometryReader: reads every geometry of an OGR layer into flat storage. All OGR calls for
+// vector geometry happen here. The whole layer is read without a spatial filter (a filter makes some
+// drivers slower and can drop features on its edge), attribute fields are skipped, coordinates are
+// copied in bulk per ring or path, and vertices that are not finite numbers are dropped.
+#include "source/private/HOFeatureTopology.h"
+
+class OGRLayer;
+class OGRGeometry;
+class OGRSimpleCurve;
+
+namespace HXObjects {
+
+class HOOgrGeometryReader {
+public:
+    void Read(OGRLayer* layer);
+
+    HOFeatureTopology& Topology() { return m_topology; }
+    std::vector<HOVertex>& Vertices() { return m_vertices; }
+    // One box per feature, made while reading.
+    std::vector<HOBox>& Boxes() { return m_boxes; }
+    // The kind most features have (Empty for a layer without geometry).
+    HOFeatureKind DominantKind() const;
+
+private:
+    HOFeatureKind append(const OGRGeometry* geometry);
+    void appendCurve(const OGRSimpleCurve* curve);
+    void reserveFor(std::size_t features, std::size_t read);
+
+    HOFeatureTopology m_topology;
+    std::vector<HOVertex> m_vertices;
+    std::vector<HOVertex> m_scratch;  // one ring or path at a time
+    std::vector<HOBox> m_boxes;
+    HOBox m_box;  // of the feature being read
+    std::size_t m_kindCounts[4] = {0, 0, 0, 0};
+};
+
+}  // namespace HXObjects
