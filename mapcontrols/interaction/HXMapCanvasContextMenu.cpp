@@ -4,12 +4,15 @@
 #include <QCursor>
 #include <QInputDialog>
 #include <QMenu>
+#include <QPointer>
 #include <memory>
 
 #include "HOCMDPool.h"
 #include "HOFeatureLayer.h"
 #include "HOMap.h"
 #include "HXMapCanvas.h"
+#include "HxInputDMSDialog.h"
+#include "HxInputDataDialog.h"
 
 using namespace HXObjects;
 
@@ -45,6 +48,18 @@ void AskLineWidth(QWidget* parent, HOTool* tool) {
                                                   HXMapCanvas::tr("Please input line width(m):"), width, 0.1,
                                                   2147483647, 1, &ok, Qt::Dialog | Qt::WindowCloseButtonHint);
     if (ok) tool->SetParameter("LineWidth", HOString(QString::number(chosen, 'g', 6)));
+}
+
+// Asks for a point with the dialog D and hands it as typed to the canvas's current tool. The tool is
+// read after the dialog closes: it may have changed, or the canvas gone, while the dialog was up.
+template <class D>
+void AddTypedPoint(HXMapCanvas* canvas) {
+    QPointer<HXMapCanvas> alive(canvas);
+    D dialog(nullptr);
+    if (dialog.exec() != QDialog::Accepted || !alive || !canvas->getMapTool()) return;
+    HOPoint point;
+    dialog.getValue(point.x, point.y);
+    canvas->getMapTool()->AddPoint(point);
 }
 
 }  // namespace
@@ -117,7 +132,19 @@ void HXMapCanvas::StartNewPath(QAction* action) {
 
 void HXMapCanvas::AddPointWithInput(QAction* action) {
     if (!action || !mMapTool) return;
-    if (action->data().toInt() == 2) mMapTool->CancelPoint();
+    switch (action->data().toInt()) {
+        case 0:
+            AddTypedPoint<HxInputDataDialog>(this);
+            break;
+        case 1:
+            // Longitude and latitude go to the tool as typed, in degrees: a tool working in a
+            // projected map converts them itself.
+            AddTypedPoint<HxInputDMSDialog>(this);
+            break;
+        case 2:
+            mMapTool->CancelPoint();
+            break;
+    }
 }
 
 void HXMapCanvas::DeleteElement() {
