@@ -57,6 +57,20 @@ void Finish(QDialog* dialog, const QString& how, QWidget* typedInto) {
     if (how == "close") dialog->close();
 }
 
+// A map canvas whose current tool is a control-point tool recording the points it gets.
+struct PointInputCanvas {
+    PointInputCanvas() { fixture.canvas.setMapTool(tool); }
+    // Chooses `entry` in the tool's context menu and answers the dialog it opens; false when none did.
+    bool choose(const QString& entry, std::function<void(QDialog*)> answer) {
+        HXModalAnswer<QDialog> modal(std::move(answer));
+        HXPopupAnswer menu(entry);
+        fixture.canvas.OnContextMenu(10, 10);
+        return modal.answered;
+    }
+    HXInputCanvas fixture{HXMapCanvas::MapViewMode};
+    HORefPtr<HOPointTool> tool = new HOPointTool;
+};
+
 }  // namespace
 
 class TestDialogPointInput : public QObject {
@@ -86,13 +100,11 @@ private slots:
         QFETCH(QString, title);
         QFETCH(QStringList, labels);
         QFETCH(QStringList, edits);
-        HXInputCanvas fixture(HXMapCanvas::MapViewMode);
-        HORefPtr<HOPointTool> tool = new HOPointTool;
-        fixture.canvas.setMapTool(tool);
+        PointInputCanvas s;
         QString seenTitle, seenLabels, seenEdits, seenButtons;
         Qt::WindowFlags flags;
         bool modal = false, parentless = false;
-        HXModalAnswer<QDialog> answer([&](QDialog* dialog) {
+        const bool asked = s.choose(entry, [&](QDialog* dialog) {
             seenTitle = dialog->windowTitle();
             flags = HXWindowButtonFlags(dialog);
             modal = dialog->isModal();
@@ -111,9 +123,7 @@ private slots:
             if (buttons && buttons->orientation() == Qt::Horizontal)
                 seenButtons = QString::number(buttons->standardButtons(), 16);
         });
-        HXPopupAnswer menu(entry);
-        fixture.canvas.OnContextMenu(10, 10);
-        QVERIFY2(answer.answered, qPrintable("no dialog; came up instead: " + answer.stranger));
+        QVERIFY(asked);
         QCOMPARE(seenTitle, title);
         QCOMPARE(flags, Qt::Dialog | Qt::WindowCloseButtonHint);
         QVERIFY(modal);
@@ -121,7 +131,7 @@ private slots:
         QCOMPARE(seenLabels, labels.join('\n'));
         QCOMPARE(seenEdits, edits.join(' '));  // in form order, empty, accepting any text
         QCOMPARE(seenButtons, QString::number(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, 16));
-        QVERIFY(tool->points.isEmpty());
+        QVERIFY(s.tool->points.isEmpty());
     }
 
     // The point that reaches the tool. DMS rows give the packed D.MMSS value the dialog must hand to
@@ -178,21 +188,16 @@ private slots:
         QFETCH(QString, finish);
         QFETCH(bool, added);
         QFETCH(HOPoint, point);
-        HXInputCanvas fixture(HXMapCanvas::MapViewMode);
-        HORefPtr<HOPointTool> tool = new HOPointTool;
-        fixture.canvas.setMapTool(tool);
-        HXModalAnswer<QDialog> answer([&](QDialog* dialog) {
+        PointInputCanvas s;
+        QVERIFY(s.choose(entry, [&](QDialog* dialog) {
             QWidget* typedInto = Type(dialog, typed);
-            if (finish.startsWith("remove tool")) fixture.canvas.setMapTool(nullptr);
+            if (finish.startsWith("remove tool")) s.fixture.canvas.setMapTool(nullptr);
             Finish(dialog, finish.section(", ", -1), typedInto);
-        });
-        HXPopupAnswer menu(entry);
-        fixture.canvas.OnContextMenu(10, 10);
-        QVERIFY2(answer.answered, qPrintable("no dialog; came up instead: " + answer.stranger));
-        QCOMPARE(tool->points.size(), added ? 1 : 0);
+        }));
+        QCOMPARE(s.tool->points.size(), added ? 1 : 0);
         if (added) {
-            QCOMPARE(tool->points[0].x, point.x);
-            QCOMPARE(tool->points[0].y, point.y);
+            QCOMPARE(s.tool->points[0].x, point.x);
+            QCOMPARE(s.tool->points[0].y, point.y);
         }
     }
 
