@@ -101,9 +101,11 @@ bool HORasterOverviewBuilder::build(const QString& folder) {
 int CPL_STDCALL HORasterOverviewBuilder::advance(double done, const char*, void* data) {
     auto* builder = static_cast<HORasterOverviewBuilder*>(data);
     // Reported in whole percents: often enough for a progress bar, rarely enough to cost nothing.
-    if (int(done * 100) != int(builder->m_progress.load() * 100)) {
-        builder->m_progress.store(done);
-        builder->m_onProgress(done);
+    // 1 means the overviews are in use, which is only once the copy is in place.
+    const double progress = std::min(done, 0.99);
+    if (int(progress * 100) != int(builder->m_progress.load() * 100)) {
+        builder->m_progress.store(progress);
+        builder->m_onProgress(progress);
     }
     return !builder->m_cancel.load();
 }

@@ -28,8 +28,9 @@ bool HORasterStatistics::RobustStretch(GDALRasterBand* band, const HOTrackCancel
     for (int pass = 0; pass < passes && high > low; ++pass) {
         // Values outside [low, high] count in the end buckets, so the ranks stay those of the band.
         std::vector<GUIntBig> counts(buckets, 0);
-        if (band->GetHistogram(low, high, buckets, counts.data(), TRUE, TRUE, HOGdalCancel,
-                               HOGdalCancelData(cancel)) != CE_None)
+        // The plain computation: a driver's own (PAM) would save each histogram beside the file.
+        if (band->GDALRasterBand::GetHistogram(low, high, buckets, counts.data(), TRUE, TRUE, HOGdalCancel,
+                                               HOGdalCancelData(cancel)) != CE_None)
             return false;
         GUIntBig total = 0;
         for (GUIntBig c : counts) total += c;
