@@ -21,7 +21,8 @@ Q_DECLARE_METATYPE(PixelValue)
 
 namespace {
 
-const QRgb red = qRgb(255, 0, 0), yellow = qRgb(255, 255, 0), cyan = qRgb(0, 255, 255), blue = qRgb(0, 0, 255);
+const QRgb red = qRgb(255, 0, 0), yellow = qRgb(255, 255, 0), cyan = qRgb(0, 255, 255),
+           blue = qRgb(0, 0, 255);
 
 // Four quadrants of a 10 x 10 RGB raster: yellow, cyan / red, blue (top row first).
 double quadrants(int band, int x, int y) {
@@ -67,7 +68,8 @@ bool writeSparse(const QString& path, int width, int height, int bands, int writ
 
 QStringList filesUnder(const QString& folder) {
     QStringList files;
-    for (QDirIterator it(folder, QDir::Files, QDirIterator::Subdirectories); it.hasNext();) files << it.next();
+    for (QDirIterator it(folder, QDir::Files, QDirIterator::Subdirectories); it.hasNext();)
+        files << it.next();
     return files;
 }
 
@@ -88,14 +90,14 @@ private slots:
         QTest::addColumn<QVector<double>>("geo");  // empty: none written
         QTest::addColumn<QString>("reason");       // empty: opens
         QTest::addColumn<HORect>("extent");
-        QTest::addColumn<QRgb>("topLeft");      // device pixel (25, 25)
-        QTest::addColumn<QRgb>("bottomLeft");   // device pixel (25, 75)
+        QTest::addColumn<QRgb>("topLeft");     // device pixel (25, 25)
+        QTest::addColumn<QRgb>("bottomLeft");  // device pixel (25, 75)
         const HORect square(0, 10, 0, 10);
         QTest::newRow("north-up") << QVector<double>{0, 1, 0, 10, 0, -1} << "" << square << yellow << red;
         // Columns run north, rows east: the image's top-right corner is the map's top left.
         QTest::newRow("rotated a quarter turn")
             << QVector<double>{0, 0, 1, 0, 1, 0} << "" << square << cyan << yellow;
-        QTest::newRow("none: pixel units, upright")
+        QTest::newRow("none, pixel units upright")
             << QVector<double>() << "" << HORect(0, 10, -10, 0) << yellow << red;
         QTest::newRow("NaN origin") << QVector<double>{NAN, 1, 0, 10, 0, -1} << "not a finite number"
                                     << HORect() << QRgb() << QRgb();
@@ -114,7 +116,8 @@ private slots:
         HORefPtr<HORasterLayer> layer = HODynamicCast<HORasterLayer>(OpenLayer(HOString(path), &error));
         if (!reason.isEmpty()) {
             QVERIFY(!layer);
-            QVERIFY2(QString(error.c_str()).contains(path) && QString(error.c_str()).contains(reason), error.c_str());
+            QVERIFY2(QString(error.c_str()).contains(path) && QString(error.c_str()).contains(reason),
+                     error.c_str());
             return;
         }
         QVERIFY2(layer, error.c_str());
@@ -130,16 +133,17 @@ private slots:
         QTest::addColumn<bool>("paletted");  // 1 -> (10, 200, 30), 2 -> (250, 120, 0)
         QTest::addColumn<QRgb>("colour");    // at column 5
         QTest::addColumn<int>("tolerance");
-        QTest::newRow("colour table") << int(GDT_Byte) << PixelValue([](int, int x, int) { return x < 5 ? 1 : 2; })
-                                      << true << qRgb(250, 120, 0) << 0;
+        QTest::newRow("colour table")
+            << int(GDT_Byte) << PixelValue([](int, int x, int) { return x < 5 ? 1 : 2; }) << true
+            << qRgb(250, 120, 0) << 0;
         // Values 0..9 and one far outlier: the 2-98 % stretch puts 5 near the middle.
         QTest::newRow("float with an outlier")
-            << int(GDT_Float32) << PixelValue([](int, int x, int y) { return x == 9 && y == 9 ? 1e6 : x; }) << false
-            << qRgb(141, 141, 141) << 15;
-        QTest::newRow("constant float") << int(GDT_Float32) << PixelValue([](int, int, int) { return 7.5; }) << false
-                                        << qRgb(128, 128, 128) << 1;
-        QTest::newRow("constant byte") << int(GDT_Byte) << PixelValue([](int, int, int) { return 0; }) << false
-                                       << qRgb(128, 128, 128) << 1;
+            << int(GDT_Float32) << PixelValue([](int, int x, int y) { return x == 9 && y == 9 ? 1e6 : x; })
+            << false << qRgb(141, 141, 141) << 15;
+        QTest::newRow("constant float") << int(GDT_Float32) << PixelValue([](int, int, int) { return 7.5; })
+                                        << false << qRgb(128, 128, 128) << 1;
+        QTest::newRow("constant byte") << int(GDT_Byte) << PixelValue([](int, int, int) { return 0; })
+                                       << false << qRgb(128, 128, 128) << 1;
     }
 
     void valuesToColours() {
@@ -150,7 +154,8 @@ private slots:
         const double geo[6] = {0, 1, 0, 10, 0, -1};
         QVERIFY(HOLayerFixture::WriteRaster(path, 10, 10, 1, GDALDataType(type), 4509, geo, value));
         if (paletted) {
-            GDALDatasetUniquePtr ds(GDALDataset::Open(path.toUtf8().constData(), GDAL_OF_RASTER | GDAL_OF_UPDATE));
+            GDALDatasetUniquePtr ds(
+                GDALDataset::Open(path.toUtf8().constData(), GDAL_OF_RASTER | GDAL_OF_UPDATE));
             GDALColorTable table;
             const GDALColorEntry green = {10, 200, 30, 255}, orange = {250, 120, 0, 255};
             table.SetColorEntry(1, &green);
@@ -162,7 +167,8 @@ private slots:
         const QRgb actual = render(layer, HORect(0, 10, 0, 10)).pixel(55, 50);
         QFETCH(QRgb, colour);
         QFETCH(int, tolerance);
-        QVERIFY2(near(actual, colour, tolerance), qPrintable(QColor(actual).name() + " vs " + QColor(colour).name()));
+        QVERIFY2(near(actual, colour, tolerance),
+                 qPrintable(QColor(actual).name() + " vs " + QColor(colour).name()));
         layer = nullptr;
         QCOMPARE(QDir(m_dir.filePath("data")).entryList(QDir::Files), QStringList{"values.tif"});
     }
@@ -182,7 +188,9 @@ private slots:
         // 100-120E, 20-40N, drawn in a polar system where that box is a slanted, curved wedge.
         const double degrees[6] = {100, 0.2, 0, 40, 0, -0.2};
         const QString path = m_dir.filePath(QString("wedge%1.tif").arg(bands));
-        const auto value = [&](int band, int, int) { return bands == 1 ? 3.0 : band == 1 ? 20 : band == 2 ? 160 : 60; };
+        const auto value = [&](int band, int, int) {
+            return bands == 1 ? 3.0 : band == 1 ? 20 : band == 2 ? 160 : 60;
+        };
         QVERIFY(HOLayerFixture::WriteRaster(path, 100, 100, bands, GDALDataType(type), 4326, degrees, value));
         HORefPtr<HOLayer> layer = OpenLayer(HOString(path));
         QVERIFY(layer);

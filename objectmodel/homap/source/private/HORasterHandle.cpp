@@ -56,9 +56,9 @@ GDALDatasetUniquePtr HORasterHandle::warp(const HORasterInfo& info, const HOCoor
     const std::string wkt = target ? target->ToWkt().toStdString() : std::string();
     // Palette indices and classes must not be blended.
     const GDALResampleAlg resampling = info.palette.empty() ? GRA_Bilinear : GRA_NearestNeighbour;
-    GDALDatasetH view = GDALAutoCreateWarpedVRTEx(GDALDataset::ToHandle(m_dataset.get()), nullptr,
-                                                  target ? wkt.c_str() : nullptr, resampling, 0.125,
-                                                  options, nullptr);
+    GDALDatasetH view =
+        GDALAutoCreateWarpedVRTEx(GDALDataset::ToHandle(m_dataset.get()), nullptr,
+                                  target ? wkt.c_str() : nullptr, resampling, 0.125, options, nullptr);
     GDALDestroyWarpOptions(options);
     return GDALDatasetUniquePtr(GDALDataset::FromHandle(view));
 }

@@ -26,7 +26,8 @@ HORasterHandlePool::Lease HORasterHandlePool::Borrow() {
     // Opening reads the file's header; the list stays free meanwhile.
     GDALDatasetUniquePtr dataset(GDALDataset::Open(path.c_str(), GDAL_OF_RASTER | GDAL_OF_READONLY));
     if (!dataset) return Lease(nullptr, [](HORasterHandle*) {});
-    return Lease(new HORasterHandle(std::move(dataset), generation), [this](HORasterHandle* h) { giveBack(h); });
+    return Lease(new HORasterHandle(std::move(dataset), generation),
+                 [this](HORasterHandle* h) { giveBack(h); });
 }
 
 void HORasterHandlePool::SwitchTo(const std::string& path) {

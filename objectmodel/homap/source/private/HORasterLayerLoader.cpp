@@ -29,7 +29,8 @@ HORefPtr<HORasterLayer> HORasterLayerLoader::Load(GDALDatasetUniquePtr dataset, 
     const std::string cached = HORasterOverviewBuilder::Cached(info.path);
     if (!cached.empty()) dataset.reset();
     const std::string readPath = cached.empty() ? info.path : cached;
-    layer->d = std::make_unique<HORasterLayer::Private>(layer.get(), std::move(info), std::move(dataset), readPath);
+    layer->d =
+        std::make_unique<HORasterLayer::Private>(layer.get(), std::move(info), std::move(dataset), readPath);
     return layer;
 }
 

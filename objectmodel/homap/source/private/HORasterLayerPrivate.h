@@ -19,7 +19,8 @@ class HORasterLayer::Private {
     HORasterStretch m_stretch;
 
 public:
-    Private(HORasterLayer* layer, HORasterInfo metadata, GDALDatasetUniquePtr dataset, const std::string& readPath);
+    Private(HORasterLayer* layer, HORasterInfo metadata, GDALDatasetUniquePtr dataset,
+            const std::string& readPath);
 
     // The grey stretch, computed through `dataset` the first time; false when that was cancelled.
     bool Stretch(GDALDataset* dataset, const HOTrackCancel* cancel, HORasterStretch* stretch);

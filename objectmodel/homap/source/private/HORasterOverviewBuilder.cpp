@@ -15,7 +15,7 @@ namespace HXObjects {
 namespace {
 
 const char* const copyName = "raster.vrt";  // its overviews go into raster.vrt.ovr next to it
-constexpr int smallestSide = 256;            // the coarsest overview is at most this wide
+constexpr int smallestSide = 256;           // the coarsest overview is at most this wide
 
 // Overview options for this thread only: compressed and sparse, so empty areas cost nothing.
 class OverviewOptions {
@@ -88,7 +88,8 @@ bool HORasterOverviewBuilder::build(const QString& folder) {
     GDALDriver* vrt = GetGDALDriverManager()->GetDriverByName("VRT");
     if (!source || !vrt) return false;
     const std::string copyPath = QDir(folder).filePath(copyName).toStdString();
-    GDALDatasetUniquePtr copy(vrt->CreateCopy(copyPath.c_str(), source.get(), FALSE, nullptr, nullptr, nullptr));
+    GDALDatasetUniquePtr copy(
+        vrt->CreateCopy(copyPath.c_str(), source.get(), FALSE, nullptr, nullptr, nullptr));
     if (!copy) return false;
     std::vector<int> levels;
     const int side = std::max(copy->GetRasterXSize(), copy->GetRasterYSize());

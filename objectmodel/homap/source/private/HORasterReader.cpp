@@ -76,7 +76,8 @@ QImage HORasterReader::Read(const HORect& extent, const HODisplayTransform& tran
     QImage image(width, height, QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < height; ++y) {
         auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
-        for (int x = 0; x < width; ++x) line[x] = colour(channels, std::size_t(y) * std::size_t(width) + std::size_t(x));
+        for (int x = 0; x < width; ++x)
+            line[x] = colour(channels, std::size_t(y) * std::size_t(width) + std::size_t(x));
     }
     return image;
 }
