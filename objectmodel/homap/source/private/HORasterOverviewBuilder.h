@@ -1,16 +1,14 @@
 #pragma once
-// HORasterOverviewBuilder: builds overviews of a raster on its own thread, into the application's
-// cache folder (never beside the user's file): a virtual copy of the raster with its overview file,
-// named after the file's path, size and time, so a later session finds it and a changed file gets
-// new ones. Progress is reported as it goes; destroying the builder cancels and waits for the thread.
-#include <cpl_port.h>
-
-#include <QString>
+// HORasterOverviewBuilder: builds overviews of a raster on a background thread, into the
+// application's cache folder (never beside the user's file): a virtual copy of the raster with its
+// overview file, named after the file's path, size and time, so a later session finds it and a
+// changed file gets new ones. Progress is reported as it goes. Destroying the builder cancels the
+// build without waiting for it: the thread finishes on its own and calls back no more.
 #include <atomic>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <string>
-#include <thread>
 
 namespace HXObjects {
 
@@ -29,23 +27,13 @@ public:
     static std::string Cached(const std::string& source);
     // Starts the build the first time; later calls do nothing.
     void Start();
-    // -1 before the build starts (or when it failed), then 0..1.
-    double Progress() const { return m_progress.load(); }
+    // -1 before the build starts (or when it failed), 0..1 while it runs, 1 once the copy is ready.
+    double Progress() const;
 
 private:
-    static QString cacheFolder(const std::string& source);
-    static int CPL_STDCALL advance(double done, const char*, void* builder);
-    bool build(const QString& folder);
-    void run();
-
-    const std::string m_source;
-    const bool m_nearest;
-    ProgressCallback m_onProgress;
-    DoneCallback m_onDone;
-    std::atomic<bool> m_cancel{false};
-    std::atomic<double> m_progress{-1};
+    class Job;
+    std::shared_ptr<Job> m_job;  // shared with the building thread, which may outlive the builder
     std::once_flag m_started;
-    std::thread m_thread;
 };
 
 }  // namespace HXObjects
