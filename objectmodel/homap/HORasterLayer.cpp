@@ -1,60 +1,65 @@
 #include "HORasterLayer.h"
 
-#include <gdalwarper.h>
-
 #include <QPainter>
 
 #include "HORenderContext.h"
-#include "source/private/HOExtentProjector.h"
 #include "source/private/HORasterLayerPrivate.h"
+#include "source/private/HORasterStatistics.h"
 
 namespace HXObjects {
 
-GDALDataset* HORasterLayer::Private::DatasetFor(const HOCoordinateSystem* target) {
-    if (HOExtentProjector::IsIdentity(system.get(), target)) return dataset.get();
-    for (const auto& view : warped)
-        if (view.first.get() == target || view.first->IsSame(target)) return view.second.get();
-    const std::string wkt = target->ToWkt().toStdString();
-    CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
-    GDALDatasetH view = GDALAutoCreateWarpedVRT(GDALDataset::ToHandle(dataset.get()), nullptr, wkt.c_str(),
-                                                GRA_Bilinear, 0.125, nullptr);
-    warped.emplace_back(HORefPtr<const HOCoordinateSystem>(target),
-                        GDALDatasetUniquePtr(GDALDataset::FromHandle(view)));
-    return warped.back().second.get();
+HORasterLayer::Private::Private(HORasterLayer* layer, HORasterInfo metadata, GDALDatasetUniquePtr dataset,
+                                const std::string& readPath)
+    : info(std::move(metadata)),
+      handles(std::move(dataset), readPath),
+      overviews(
+          info.path, !info.palette.empty(),
+          [layer](double) { layer->OverviewProgressSignal.fire(layer, nullptr); },
+          [this, layer](const std::string& copy) {
+              handles.SwitchTo(copy);
+              layer->OverviewProgressSignal.fire(layer, nullptr);
+          }) {}
+
+bool HORasterLayer::Private::Stretch(GDALDataset* dataset, const HOTrackCancel* cancel,
+                                     HORasterStretch* stretch) {
+    if (info.rgb || !info.palette.empty()) return true;
+    std::lock_guard<std::mutex> lock(m_stretchMutex);
+    if (!m_stretchKnown)
+        m_stretchKnown = HORasterStatistics::RobustStretch(dataset->GetRasterBand(1), cancel, &m_stretch);
+    *stretch = m_stretch;
+    return m_stretchKnown;
 }
 
-HORasterLayer::HORasterLayer() : d(std::make_unique<Private>()) {}
+HORasterLayer::HORasterLayer() = default;
 
-HORasterLayer::~HORasterLayer() {
-    // Warped views read through the source dataset; close them first.
-    d->warped.clear();
-}
+HORasterLayer::~HORasterLayer() = default;
 
 HOLayer::LayerType HORasterLayer::GetLayerType() const {
     return RasterLayer;
 }
 
 HORefPtr<HOCoordinateSystem> HORasterLayer::GetSpatialReference() const {
-    return d->system;
+    return d->info.system;
 }
 
 HORect HORasterLayer::GetExtent() const {
-    std::lock_guard<std::mutex> lock(d->mutex);
-    return HORasterReader(d->dataset.get(), d->stretch).Extent();
+    return d->info.extent;
 }
 
 void HORasterLayer::Render(const HORenderContext& context) {
     if (!context.painter || context.IsCancelled()) return;
+    // A damaged block fails the read, which draws nothing; GDAL need not report it each time.
+    CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
+    HORasterHandlePool::Lease handle = d->handles.Borrow();
+    HORasterView view;
+    HORasterStretch stretch;
+    if (!handle || !handle->ViewFor(d->info, context.mapSystem, &view) ||
+        !d->Stretch(handle->Dataset(), context.cancel, &stretch))
+        return;
+    HORasterReader reader(view, d->info, stretch, context.cancel);
     QRectF target;
-    QImage image;
-    {
-        std::lock_guard<std::mutex> lock(d->mutex);
-        // A damaged block fails the read, which draws nothing; GDAL need not report it each time.
-        CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
-        GDALDataset* dataset = d->DatasetFor(context.mapSystem);
-        if (!dataset) return;  // no transformation into the map's system
-        image = HORasterReader(dataset, d->stretch).Read(context.extent, context.transform, &target);
-    }
+    const QImage image = reader.Read(context.extent, context.transform, &target);
+    if (reader.NeedsOverviews()) d->overviews.Start();
     if (image.isNull() || context.IsCancelled()) return;
     context.painter->save();
     context.painter->setRenderHint(QPainter::SmoothPixmapTransform, false);
@@ -63,15 +68,19 @@ void HORasterLayer::Render(const HORenderContext& context) {
 }
 
 int HORasterLayer::GetRasterWidth() const {
-    return d->dataset->GetRasterXSize();
+    return d->info.width;
 }
 
 int HORasterLayer::GetRasterHeight() const {
-    return d->dataset->GetRasterYSize();
+    return d->info.height;
 }
 
 int HORasterLayer::GetBandCount() const {
-    return d->dataset->GetRasterCount();
+    return d->info.bands;
+}
+
+double HORasterLayer::GetOverviewProgress() const {
+    return d->overviews.Progress();
 }
 
 }  // namespace HXObjects

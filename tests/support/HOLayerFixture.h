@@ -53,7 +53,8 @@ public:
         return true;
     }
 
-    // A north-up GeoTIFF of `bands` Byte or Float32 bands, each pixel from value(band, x, y).
+    // A GeoTIFF of `bands` Byte or Float32 bands, each pixel from value(band, x, y); a null
+    // geotransform writes no georeferencing.
     template <class Value>
     static bool WriteRaster(const QString& path, int width, int height, int bands, GDALDataType type,
                             int epsg, const double geoTransform[6], Value value, double noData = NAN) {
@@ -61,7 +62,7 @@ public:
         GDALDriver* d = GetGDALDriverManager()->GetDriverByName("GTiff");
         GDALDatasetUniquePtr ds(d->Create(path.toUtf8().constData(), width, height, bands, type, nullptr));
         if (!ds) return false;
-        ds->SetGeoTransform(const_cast<double*>(geoTransform));
+        if (geoTransform) ds->SetGeoTransform(const_cast<double*>(geoTransform));
         OGRSpatialReference srs;
         if (epsg && srs.importFromEPSG(epsg) == OGRERR_NONE) ds->SetSpatialRef(&srs);
         std::vector<double> row(std::size_t(width), 0.0);

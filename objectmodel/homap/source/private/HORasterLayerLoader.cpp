@@ -11,14 +11,11 @@ HORefPtr<HORasterLayer> HORasterLayerLoader::Load(GDALDatasetUniquePtr dataset, 
         *reason = "it holds no raster band";
         return nullptr;
     }
-    double geo[6];
-    if (dataset->GetGeoTransform(geo) != CE_None || !(geo[1] > 0) || !(geo[5] < 0)) {
-        *reason = "the raster is not georeferenced north-up";
-        return nullptr;
-    }
+    HORasterInfo info;
+    if (!HORasterInfo::Inspect(dataset.get(), &info, reason)) return nullptr;
     GDALRasterBand* first = dataset->GetRasterBand(1);
-    // A truncated file may still have a sound header: read one pixel of the whole band (from the
-    // smallest overview when there is one) to know the pixels can be read at all.
+    // A truncated file may still have a sound header: read one pixel of the whole band (one block,
+    // or the smallest overview) to know the pixels can be read at all.
     float sample = 0;
     CPLErrorReset();
     if (first->RasterIO(GF_Read, 0, 0, first->GetXSize(), first->GetYSize(), &sample, 1, 1, GDT_Float32, 0,
@@ -26,17 +23,14 @@ HORefPtr<HORasterLayer> HORasterLayerLoader::Load(GDALDatasetUniquePtr dataset, 
         reason->Format("its pixels cannot be read: %s", CPLGetLastErrorMsg());
         return nullptr;
     }
-    HORasterStretch stretch;
-    double range[2] = {0, 255};
-    // Grey bands stretch between their minimum and maximum; an approximate scan reads overviews
-    // when present and writes nothing next to the data.
-    if (dataset->GetRasterCount() < 3 && first->ComputeRasterMinMax(TRUE, range) == CE_None)
-        stretch = {range[0], range[1]};
     HORefPtr<HORasterLayer> layer(new HORasterLayer);
-    layer->d->system = HOCoordinateSystem::FromOgr(dataset->GetSpatialRef());
-    layer->d->stretch = stretch;
-    layer->SetName(QFileInfo(QString::fromUtf8(dataset->GetDescription())).completeBaseName());
-    layer->d->dataset = std::move(dataset);
+    layer->SetName(QFileInfo(QString::fromStdString(info.path)).completeBaseName());
+    // Overviews built in an earlier session are read from the cache instead of the file itself.
+    const std::string cached = HORasterOverviewBuilder::Cached(info.path);
+    if (!cached.empty()) dataset.reset();
+    const std::string readPath = cached.empty() ? info.path : cached;
+    layer->d =
+        std::make_unique<HORasterLayer::Private>(layer.get(), std::move(info), std::move(dataset), readPath);
     return layer;
 }
 
