@@ -24,6 +24,7 @@ namespace {
 
 constexpr QSize kSymbolIconSize(56, 40);
 constexpr QSize kPreviewSize(180, 110);
+constexpr QSize kGridCell(112, 92);  // room for a name of two lines under each symbol
 
 QColor toQColor(const HOColor& color) {
     return QColor(color.getR(), color.getG(), color.getB());
@@ -80,11 +81,12 @@ void HXStylePickerDialog::buildForm() {
     mSymbolList->setObjectName("mSymbolList");
     mSymbolList->setViewMode(QListView::IconMode);
     mSymbolList->setIconSize(kSymbolIconSize);
-    mSymbolList->setGridSize(QSize(96, 76));
+    mSymbolList->setGridSize(kGridCell);
     mSymbolList->setResizeMode(QListView::Adjust);
     mSymbolList->setMovement(QListView::Static);
     mSymbolList->setWordWrap(true);
-    mSymbolList->setMinimumSize(4 * 96 + 24, 3 * 76 + 8);
+    mSymbolList->setTextElideMode(Qt::ElideNone);
+    mSymbolList->setMinimumSize(4 * kGridCell.width() + 24, 3 * kGridCell.height() + 8);
 
     auto* properties = new QGroupBox(tr("Properties"), this);
     auto* form = new QFormLayout(properties);
