@@ -144,13 +144,13 @@ void HxRulerAndGridSettingsDialog::loadKMGridSettings(bool drawRuler, bool drawG
                                                       double tickMarkWidth, int fontHeight, int fontWidth,
                                                       const QColor& tickMarkColor, const QColor& labelFontColor,
                                                       const QColor& gridColor) {
-    mSettings.drawKMGridRuler = drawRuler;
-    mSettings.drawKMGrid = drawGrid;
-    mSettings.manuallySetKMGridSpacing = manualSpacing;
-    mSettings.kmGridSpacingType = spacingType;
-    mSettings.kmGridRulerTickMarkColor = tickMarkColor;
-    mSettings.kmGridRulerLabelFontColor = labelFontColor;
-    mSettings.kmGridColor = gridColor;
+    mSettings.km.drawRuler = drawRuler;
+    mSettings.km.drawGrid = drawGrid;
+    mSettings.km.manualSpacing = manualSpacing;
+    mSettings.kmSpacingType = spacingType;
+    mSettings.km.tickMarkColor = tickMarkColor;
+    mSettings.km.labelFontColor = labelFontColor;
+    mSettings.km.gridColor = gridColor;
     // A false flag leaves the form's unchecked default.
     if (drawRuler) ui->mCheckBoxDrawKMGridRuler->setChecked(true);
     if (drawGrid) ui->mCheckBoxDrawKMGrid->setChecked(true);
@@ -178,16 +178,16 @@ void HxRulerAndGridSettingsDialog::loadBLGridSettings(bool drawRuler, bool drawG
                                                       double convertScale, double lineWidth, double tickMarkWidth,
                                                       int fontHeight, int fontWidth, const QColor& tickMarkColor,
                                                       const QColor& labelFontColor, const QColor& gridColor) {
-    mSettings.drawBLGridRuler = drawRuler;
-    mSettings.drawBLGrid = drawGrid;
-    mSettings.manuallySetBLGridSpacing = manualSpacing;
-    mSettings.blGridXStartPosition = longitudeStart;
-    mSettings.blGridYStartPosition = latitudeStart;
-    mSettings.blGridXDistance = longitudeDistance;
-    mSettings.blGridYDistance = latitudeDistance;
-    mSettings.blGridRulerTickMarkColor = tickMarkColor;
-    mSettings.blGridRulerLabelFontColor = labelFontColor;
-    mSettings.blGridColor = gridColor;
+    mSettings.bl.drawRuler = drawRuler;
+    mSettings.bl.drawGrid = drawGrid;
+    mSettings.bl.manualSpacing = manualSpacing;
+    mSettings.bl.xStart = longitudeStart;
+    mSettings.bl.yStart = latitudeStart;
+    mSettings.bl.xDistance = longitudeDistance;
+    mSettings.bl.yDistance = latitudeDistance;
+    mSettings.bl.tickMarkColor = tickMarkColor;
+    mSettings.bl.labelFontColor = labelFontColor;
+    mSettings.bl.gridColor = gridColor;
     if (drawRuler) ui->mCheckBoxDrawBLGridRuler->setChecked(true);
     if (drawGrid) ui->mCheckBoxDrawBLGrid->setChecked(true);
     if (manualSpacing) ui->mCheckBoxManuallySetBLGridSpacing->setChecked(true);
@@ -215,26 +215,26 @@ void HxRulerAndGridSettingsDialog::loadBLGridSettings(bool drawRuler, bool drawG
 }
 
 void HxRulerAndGridSettingsDialog::accept() {
-    mSettings.blGridXStartPosition =
+    mSettings.bl.xStart =
         readAngle({ui->mLineEditBLGridLongitudeStartPositionDegreesValue,
                    ui->mLineEditBLGridLongitudeStartPositionMinutesValue,
                    ui->mLineEditBLGridLongitudeStartPositionSecondsValue});
-    mSettings.blGridYStartPosition =
+    mSettings.bl.yStart =
         readAngle({ui->mLineEditBLGridLatitudeStartPositionDegreesValue,
                    ui->mLineEditBLGridLatitudeStartPositionMinutesValue,
                    ui->mLineEditBLGridLatitudeStartPositionSecondsValue});
-    mSettings.blGridXDistance =
+    mSettings.bl.xDistance =
         readAngle({ui->mLineEditBLGridLongitudeDistancesDegreesValue, ui->mLineEditBLGridLongitudeDistancesMinutesValue,
                    ui->mLineEditBLGridLongitudeDistancesSecondsValue});
-    mSettings.blGridYDistance =
+    mSettings.bl.yDistance =
         readAngle({ui->mLineEditBLGridLatitudeDistancesDegreesValue, ui->mLineEditBLGridLatitudeDistancesMinutesValue,
                    ui->mLineEditBLGridLatitudeDistancesSecondsValue});
-    mSettings.kmGridColor = colorOf(ui->mToolButtonKMGridColor);
-    mSettings.kmGridRulerTickMarkColor = colorOf(ui->mToolButtonKMGridRulerTickMarkColor);
-    mSettings.kmGridRulerLabelFontColor = colorOf(ui->mToolButtonKMGridRulerLabelFontColor);
-    mSettings.blGridColor = colorOf(ui->mToolButtonBLGridColor);
-    mSettings.blGridRulerTickMarkColor = colorOf(ui->mToolButtonBLGridRulerTickMarkColor);
-    mSettings.blGridRulerLabelFontColor = colorOf(ui->mToolButtonBLGridRulerLabelFontColor);
+    mSettings.km.gridColor = colorOf(ui->mToolButtonKMGridColor);
+    mSettings.km.tickMarkColor = colorOf(ui->mToolButtonKMGridRulerTickMarkColor);
+    mSettings.km.labelFontColor = colorOf(ui->mToolButtonKMGridRulerLabelFontColor);
+    mSettings.bl.gridColor = colorOf(ui->mToolButtonBLGridColor);
+    mSettings.bl.tickMarkColor = colorOf(ui->mToolButtonBLGridRulerTickMarkColor);
+    mSettings.bl.labelFontColor = colorOf(ui->mToolButtonBLGridRulerLabelFontColor);
     QDialog::accept();
 }
 
@@ -256,98 +256,92 @@ void HxRulerAndGridSettingsDialog::enableBLGridSpacing(bool manual) {
               manual);
 }
 
-void HxRulerAndGridSettingsDialog::coupleFontHeight(QLineEdit* height, QLineEdit* width, int& storedHeight,
-                                                    int& storedWidth) {
-    storedHeight = height->text().toInt();
-    storedWidth = storedHeight / 2;
+void HxRulerAndGridSettingsDialog::coupleFontHeight(QLineEdit* height, QLineEdit* width, Grid& grid) {
+    grid.fontHeight = height->text().toInt();
+    grid.fontWidth = grid.fontHeight / 2;
     // Writing the width calls its slot, which writes the height back; that ends when the text
     // stays the same (an odd height becomes the even one below it).
-    width->setText(QString::number(storedWidth));
+    width->setText(QString::number(grid.fontWidth));
 }
 
-void HxRulerAndGridSettingsDialog::coupleFontWidth(QLineEdit* width, QLineEdit* height, int& storedHeight,
-                                                   int& storedWidth) {
-    storedWidth = width->text().toInt();
-    storedHeight = storedWidth * 2;
-    height->setText(QString::number(storedHeight));
+void HxRulerAndGridSettingsDialog::coupleFontWidth(QLineEdit* width, QLineEdit* height, Grid& grid) {
+    grid.fontWidth = width->text().toInt();
+    grid.fontHeight = grid.fontWidth * 2;
+    height->setText(QString::number(grid.fontHeight));
 }
 
 void HxRulerAndGridSettingsDialog::onClickedCheckBoxDrawKMGridRuler() {
-    mSettings.drawKMGridRuler = ui->mCheckBoxDrawKMGridRuler->checkState() == Qt::Checked;
+    mSettings.km.drawRuler = ui->mCheckBoxDrawKMGridRuler->checkState() == Qt::Checked;
 }
 
 void HxRulerAndGridSettingsDialog::onClickedCheckBoxDrawBLGridRuler() {
-    mSettings.drawBLGridRuler = ui->mCheckBoxDrawBLGridRuler->checkState() == Qt::Checked;
+    mSettings.bl.drawRuler = ui->mCheckBoxDrawBLGridRuler->checkState() == Qt::Checked;
 }
 
 void HxRulerAndGridSettingsDialog::onClickedCheckBoxDrawKMGrid() {
-    mSettings.drawKMGrid = ui->mCheckBoxDrawKMGrid->checkState() == Qt::Checked;
+    mSettings.km.drawGrid = ui->mCheckBoxDrawKMGrid->checkState() == Qt::Checked;
 }
 
 void HxRulerAndGridSettingsDialog::onClickedCheckBoxDrawBLGrid() {
-    mSettings.drawBLGrid = ui->mCheckBoxDrawBLGrid->checkState() == Qt::Checked;
+    mSettings.bl.drawGrid = ui->mCheckBoxDrawBLGrid->checkState() == Qt::Checked;
 }
 
 void HxRulerAndGridSettingsDialog::onClickedCheckBoxManuallySetKMGridSpacing() {
-    mSettings.manuallySetKMGridSpacing = ui->mCheckBoxManuallySetKMGridSpacing->checkState() == Qt::Checked;
-    enableKMGridSpacing(mSettings.manuallySetKMGridSpacing);
+    mSettings.km.manualSpacing = ui->mCheckBoxManuallySetKMGridSpacing->checkState() == Qt::Checked;
+    enableKMGridSpacing(mSettings.km.manualSpacing);
 }
 
 void HxRulerAndGridSettingsDialog::onClickedCheckBoxManuallySetBLGridSpacing() {
-    mSettings.manuallySetBLGridSpacing = ui->mCheckBoxManuallySetBLGridSpacing->checkState() == Qt::Checked;
-    enableBLGridSpacing(mSettings.manuallySetBLGridSpacing);
+    mSettings.bl.manualSpacing = ui->mCheckBoxManuallySetBLGridSpacing->checkState() == Qt::Checked;
+    enableBLGridSpacing(mSettings.bl.manualSpacing);
 }
 
 void HxRulerAndGridSettingsDialog::onTextChangedLineEditKMGridRulerTickMarkWidth() {
-    mSettings.kmGridRulerTickMarkWidth = ui->mLineEditKMGridRulerTickMarkWidth->text().toDouble();
+    mSettings.km.tickMarkWidth = ui->mLineEditKMGridRulerTickMarkWidth->text().toDouble();
 }
 
 void HxRulerAndGridSettingsDialog::onTextChangedLineEditKMGridRulerLabelFontHeight() {
-    coupleFontHeight(ui->mLineEditKMGridRulerLabelFontHeight, ui->mLineEditKMGridRulerLabelFontWidth,
-                     mSettings.kmGridRulerLabelFontHeight, mSettings.kmGridRulerLabelFontWidth);
+    coupleFontHeight(ui->mLineEditKMGridRulerLabelFontHeight, ui->mLineEditKMGridRulerLabelFontWidth, mSettings.km);
 }
 
 void HxRulerAndGridSettingsDialog::onTextChangedLineEditKMGridRulerLabelFontWidth() {
-    coupleFontWidth(ui->mLineEditKMGridRulerLabelFontWidth, ui->mLineEditKMGridRulerLabelFontHeight,
-                    mSettings.kmGridRulerLabelFontHeight, mSettings.kmGridRulerLabelFontWidth);
+    coupleFontWidth(ui->mLineEditKMGridRulerLabelFontWidth, ui->mLineEditKMGridRulerLabelFontHeight, mSettings.km);
 }
 
 void HxRulerAndGridSettingsDialog::onTextChangedLineEditKMGridLineWidth() {
-    mSettings.kmGridLineWidth = ui->mLineEditKMGridLineWidth->text().toDouble();
+    mSettings.km.lineWidth = ui->mLineEditKMGridLineWidth->text().toDouble();
 }
 
 void HxRulerAndGridSettingsDialog::onTextChangedLineEditBLGridRulerTickMarkWidth() {
-    mSettings.blGridRulerTickMarkWidth = ui->mLineEditBLGridRulerTickMarkWidth->text().toDouble();
+    mSettings.bl.tickMarkWidth = ui->mLineEditBLGridRulerTickMarkWidth->text().toDouble();
 }
 
 void HxRulerAndGridSettingsDialog::onTextChangedLineEditBLGridRulerLabelFontHeight() {
-    coupleFontHeight(ui->mLineEditBLGridRulerLabelFontHeight, ui->mLineEditBLGridRulerLabelFontWidth,
-                     mSettings.blGridRulerLabelFontHeight, mSettings.blGridRulerLabelFontWidth);
+    coupleFontHeight(ui->mLineEditBLGridRulerLabelFontHeight, ui->mLineEditBLGridRulerLabelFontWidth, mSettings.bl);
 }
 
 void HxRulerAndGridSettingsDialog::onTextChangedLineEditBLGridRulerLabelFontWidth() {
-    coupleFontWidth(ui->mLineEditBLGridRulerLabelFontWidth, ui->mLineEditBLGridRulerLabelFontHeight,
-                    mSettings.blGridRulerLabelFontHeight, mSettings.blGridRulerLabelFontWidth);
+    coupleFontWidth(ui->mLineEditBLGridRulerLabelFontWidth, ui->mLineEditBLGridRulerLabelFontHeight, mSettings.bl);
 }
 
 void HxRulerAndGridSettingsDialog::onTextChangedLineEditBLGridLineWidth() {
-    mSettings.blGridLineWidth = ui->mLineEditBLGridLineWidth->text().toDouble();
+    mSettings.bl.lineWidth = ui->mLineEditBLGridLineWidth->text().toDouble();
 }
 
 void HxRulerAndGridSettingsDialog::onTextChangedLineEditKMGridXStartPosition() {
-    mSettings.kmGridXStartPosition = ui->mLineEditKMGridXStartPosition->text().toDouble();
+    mSettings.km.xStart = ui->mLineEditKMGridXStartPosition->text().toDouble();
 }
 
 void HxRulerAndGridSettingsDialog::onTextChangedLineEditKMGridYStartPosition() {
-    mSettings.kmGridYStartPosition = ui->mLineEditKMGridYStartPosition->text().toDouble();
+    mSettings.km.yStart = ui->mLineEditKMGridYStartPosition->text().toDouble();
 }
 
 void HxRulerAndGridSettingsDialog::onTextChangedLineEditKMGridXDistances() {
-    mSettings.kmGridXDistance = ui->mLineEditKMGridXDistances->text().toDouble();
+    mSettings.km.xDistance = ui->mLineEditKMGridXDistances->text().toDouble();
 }
 
 void HxRulerAndGridSettingsDialog::onTextChangedLineEditKMGridYDistances() {
-    mSettings.kmGridYDistance = ui->mLineEditKMGridYDistances->text().toDouble();
+    mSettings.km.yDistance = ui->mLineEditKMGridYDistances->text().toDouble();
 }
 
 void HxRulerAndGridSettingsDialog::onTextChangedLineEditConvertMapScaleDenominator() {
@@ -356,7 +350,7 @@ void HxRulerAndGridSettingsDialog::onTextChangedLineEditConvertMapScaleDenominat
 
 void HxRulerAndGridSettingsDialog::onButtonClickedButtonGroupAutoCalcKMGridSpacingType() {
     if (ui->mRadioButtonAutoCalcKMGridSpacingByMapScale->isChecked())
-        mSettings.kmGridSpacingType = 0;
+        mSettings.kmSpacingType = 0;
     else if (ui->mRadioButtonAutoCalcKMGridSpacingByScaleUnit->isChecked())
-        mSettings.kmGridSpacingType = 1;
+        mSettings.kmSpacingType = 1;
 }

@@ -22,39 +22,29 @@ class HxRulerAndGridSettingsDialog;
 class HXMAPCONTROLS_EXPORT HxRulerAndGridSettingsDialog : public QDialog {
     Q_OBJECT
 public:
-    // The values as edited; BL positions and distances in arc seconds.
+    // The values of one grid and its ruler as edited. Positions and distances are in map units for
+    // the KM grid and in arc seconds for the BL grid.
+    struct Grid {
+        bool drawRuler = false;
+        bool drawGrid = false;
+        bool manualSpacing = false;
+        double xStart = 0;
+        double yStart = 0;
+        double xDistance = 0;
+        double yDistance = 0;
+        double lineWidth = 0;
+        double tickMarkWidth = 0;
+        int fontHeight = 0;
+        int fontWidth = 0;
+        QColor tickMarkColor;
+        QColor labelFontColor;
+        QColor gridColor;
+    };
     struct Settings {
-        bool drawKMGridRuler = false;
-        bool drawKMGrid = false;
-        bool manuallySetKMGridSpacing = false;
-        double kmGridXStartPosition = 0;
-        double kmGridYStartPosition = 0;
-        double kmGridXDistance = 0;
-        double kmGridYDistance = 0;
-        int kmGridSpacingType = 0;  // 0: by map scale, 1: by scale unit
-        double kmGridLineWidth = 0;
-        double kmGridRulerTickMarkWidth = 0;
-        int kmGridRulerLabelFontHeight = 0;
-        int kmGridRulerLabelFontWidth = 0;
-        QColor kmGridRulerTickMarkColor;
-        QColor kmGridRulerLabelFontColor;
-        QColor kmGridColor;
-
-        bool drawBLGridRuler = false;
-        bool drawBLGrid = false;
-        bool manuallySetBLGridSpacing = false;
-        double blGridXStartPosition = 0;
-        double blGridYStartPosition = 0;
-        double blGridXDistance = 0;
-        double blGridYDistance = 0;
+        Grid km;
+        Grid bl;
+        int kmSpacingType = 0;  // 0: by map scale, 1: by scale unit
         double convertScale = 0;
-        double blGridLineWidth = 0;
-        double blGridRulerTickMarkWidth = 0;
-        int blGridRulerLabelFontHeight = 0;
-        int blGridRulerLabelFontWidth = 0;
-        QColor blGridRulerTickMarkColor;
-        QColor blGridRulerLabelFontColor;
-        QColor blGridColor;
     };
 
     HxRulerAndGridSettingsDialog(bool geographic, QWidget* parent);
@@ -104,8 +94,8 @@ private:
     void enableKMGridSpacing(bool manual);
     void enableBLGridSpacing(bool manual);
     // The coupled font fields: height is twice the width.
-    static void coupleFontHeight(QLineEdit* height, QLineEdit* width, int& storedHeight, int& storedWidth);
-    static void coupleFontWidth(QLineEdit* width, QLineEdit* height, int& storedHeight, int& storedWidth);
+    static void coupleFontHeight(QLineEdit* height, QLineEdit* width, Grid& grid);
+    static void coupleFontWidth(QLineEdit* width, QLineEdit* height, Grid& grid);
 
     Ui::HxRulerAndGridSettingsDialog* ui;
     QButtonGroup* mButtonGroupAutoCalcKMGridSpacingType;

@@ -17,6 +17,7 @@
 #include "HOMapView.h"
 #include "HXCustomRenderDialog.h"
 #include "HXMapCanvas.h"
+#include "HXDialogTesting.h"
 #include "HXModalDriver.h"
 #include "HXStylePickerDialog.h"
 
@@ -111,13 +112,6 @@ struct Scene {
     }
 };
 
-template <class T>
-T* child(QWidget* parent, const QString& name) {
-    T* widget = parent->findChild<T*>(name);
-    if (!widget) qWarning("no widget %s", qPrintable(name));
-    return widget;
-}
-
 bool hasColor(const QPixmap& pixmap, const QColor& color) {
     const QImage image = pixmap.toImage().convertToFormat(QImage::Format_ARGB32);
     for (int y = 0; y < image.height(); ++y)
@@ -136,11 +130,6 @@ void pickStyle(QDialog* dialog, const QString& kind, int row) {
     });
     QTest::mouseClick(child<QPushButton>(dialog, "pushButton_" + kind), Qt::LeftButton);
     QVERIFY2(picker.done(), "the style picker did not open");
-}
-
-void saveScreenshot(QWidget* widget, const QString& name) {
-    const QString dir = qEnvironmentVariable("HX_SCREENSHOT_DIR");
-    if (!dir.isEmpty()) widget->grab().save(dir + "/" + name + ".png");
 }
 
 }  // namespace

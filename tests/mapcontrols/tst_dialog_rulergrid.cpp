@@ -21,6 +21,7 @@
 #include "HOMapView.h"
 #include "HXColorBtn.h"
 #include "HXMapCanvas.h"
+#include "HXDialogTesting.h"
 #include "HXModalDriver.h"
 #include "HxRulerAndGridSettingsDialog.h"
 
@@ -37,13 +38,6 @@ public:
 protected:
     ~HORedrawRecordingView() override = default;
 };
-
-template <class T>
-T* child(QWidget* parent, const QString& name) {
-    T* widget = parent->findChild<T*>(name);
-    if (!widget) qWarning("no widget %s", qPrintable(name));
-    return widget;
-}
 
 QString dms(const QString& angle, const char* part) {
     return QString("mLineEditBLGrid%1%2Value").arg(angle, part);
@@ -62,28 +56,23 @@ void loadSample(HxRulerAndGridSettingsDialog& dialog, bool manualKM = false, boo
 
 // The record's numeric fields by name.
 const std::map<QString, std::function<double(const Settings&)>> kFields{
-    {"kmGridXStartPosition", [](const Settings& s) { return s.kmGridXStartPosition; }},
-    {"kmGridYStartPosition", [](const Settings& s) { return s.kmGridYStartPosition; }},
-    {"kmGridXDistance", [](const Settings& s) { return s.kmGridXDistance; }},
-    {"kmGridYDistance", [](const Settings& s) { return s.kmGridYDistance; }},
-    {"kmGridLineWidth", [](const Settings& s) { return s.kmGridLineWidth; }},
-    {"kmGridRulerTickMarkWidth", [](const Settings& s) { return s.kmGridRulerTickMarkWidth; }},
-    {"blGridLineWidth", [](const Settings& s) { return s.blGridLineWidth; }},
-    {"blGridRulerTickMarkWidth", [](const Settings& s) { return s.blGridRulerTickMarkWidth; }},
+    {"kmGridXStartPosition", [](const Settings& s) { return s.km.xStart; }},
+    {"kmGridYStartPosition", [](const Settings& s) { return s.km.yStart; }},
+    {"kmGridXDistance", [](const Settings& s) { return s.km.xDistance; }},
+    {"kmGridYDistance", [](const Settings& s) { return s.km.yDistance; }},
+    {"kmGridLineWidth", [](const Settings& s) { return s.km.lineWidth; }},
+    {"kmGridRulerTickMarkWidth", [](const Settings& s) { return s.km.tickMarkWidth; }},
+    {"blGridLineWidth", [](const Settings& s) { return s.bl.lineWidth; }},
+    {"blGridRulerTickMarkWidth", [](const Settings& s) { return s.bl.tickMarkWidth; }},
     {"convertScale", [](const Settings& s) { return s.convertScale; }},
-    {"blGridXStartPosition", [](const Settings& s) { return s.blGridXStartPosition; }},
-    {"blGridYStartPosition", [](const Settings& s) { return s.blGridYStartPosition; }},
-    {"blGridXDistance", [](const Settings& s) { return s.blGridXDistance; }},
-    {"blGridYDistance", [](const Settings& s) { return s.blGridYDistance; }},
-    {"kmFont", [](const Settings& s) { return s.kmGridRulerLabelFontHeight * 1000 + s.kmGridRulerLabelFontWidth; }},
-    {"blFont", [](const Settings& s) { return s.blGridRulerLabelFontHeight * 1000 + s.blGridRulerLabelFontWidth; }},
-    {"kmGridSpacingType", [](const Settings& s) { return s.kmGridSpacingType; }},
+    {"blGridXStartPosition", [](const Settings& s) { return s.bl.xStart; }},
+    {"blGridYStartPosition", [](const Settings& s) { return s.bl.yStart; }},
+    {"blGridXDistance", [](const Settings& s) { return s.bl.xDistance; }},
+    {"blGridYDistance", [](const Settings& s) { return s.bl.yDistance; }},
+    {"kmFont", [](const Settings& s) { return s.km.fontHeight * 1000 + s.km.fontWidth; }},
+    {"blFont", [](const Settings& s) { return s.bl.fontHeight * 1000 + s.bl.fontWidth; }},
+    {"kmGridSpacingType", [](const Settings& s) { return s.kmSpacingType; }},
 };
-
-void saveScreenshot(QWidget* widget, const QString& name) {
-    const QString dir = qEnvironmentVariable("HX_SCREENSHOT_DIR");
-    if (!dir.isEmpty()) widget->grab().save(dir + "/" + name + ".png");
-}
 
 }  // namespace
 
@@ -310,8 +299,8 @@ private slots:
             QCOMPARE(child<QCheckBox>(&dialog, name)->isChecked(), draw);
         QCOMPARE(child<QCheckBox>(&dialog, "mCheckBoxManuallySetKMGridSpacing")->isChecked(), kmDistancesOn);
         QCOMPARE(child<QCheckBox>(&dialog, "mCheckBoxManuallySetBLGridSpacing")->isChecked(), blDistancesOn);
-        QCOMPARE(dialog.settings().manuallySetKMGridSpacing, kmDistancesOn);
-        QCOMPARE(dialog.settings().manuallySetBLGridSpacing, blDistancesOn);
+        QCOMPARE(dialog.settings().km.manualSpacing, kmDistancesOn);
+        QCOMPARE(dialog.settings().bl.manualSpacing, blDistancesOn);
         QStringList checked;
         if (child<QRadioButton>(&dialog, "mRadioButtonAutoCalcKMGridSpacingByMapScale")->isChecked()) checked << "scale";
         if (child<QRadioButton>(&dialog, "mRadioButtonAutoCalcKMGridSpacingByScaleUnit")->isChecked()) checked << "unit";
@@ -410,13 +399,13 @@ private slots:
         HxRulerAndGridSettingsDialog dialog(false, nullptr);
         dialog.show();
         loadSample(dialog, false, false, 7);
-        QCOMPARE(dialog.settings().kmGridSpacingType, 7);
+        QCOMPARE(dialog.settings().kmSpacingType, 7);
         QTest::mouseClick(child<QRadioButton>(&dialog, "mRadioButtonAutoCalcKMGridSpacingByScaleUnit"), Qt::LeftButton,
                           {}, QPoint(5, 5));
-        QCOMPARE(dialog.settings().kmGridSpacingType, 1);
+        QCOMPARE(dialog.settings().kmSpacingType, 1);
         QTest::mouseClick(child<QRadioButton>(&dialog, "mRadioButtonAutoCalcKMGridSpacingByMapScale"), Qt::LeftButton,
                           {}, QPoint(5, 5));
-        QCOMPARE(dialog.settings().kmGridSpacingType, 0);
+        QCOMPARE(dialog.settings().kmSpacingType, 0);
     }
 
     // One modal run through the canvas: the settings change on OK only, followed by one redraw.

@@ -14,6 +14,7 @@
 #include <QtTest>
 
 #include "HXColorBtn.h"
+#include "HXDialogTesting.h"
 #include "HXModalDriver.h"
 #include "HXStyleLibrary.h"
 #include "HXStyleManager.h"
@@ -69,22 +70,10 @@ QString describeJson(const QByteArray& text) {
     return describe(style.get());
 }
 
-template <class T>
-T* child(QWidget* parent, const char* name) {
-    T* widget = parent->findChild<T*>(name);
-    if (!widget) qWarning("no widget %s", name);
-    return widget;
-}
-
 void typeInto(QAbstractSpinBox* spin, const QString& text) {
     spin->selectAll();
     QTest::keyClicks(spin, text);
     QTest::keyClick(spin, Qt::Key_Enter);
-}
-
-void saveScreenshot(QWidget* widget, const QString& name) {
-    const QString dir = qEnvironmentVariable("HX_SCREENSHOT_DIR");
-    if (!dir.isEmpty()) widget->grab().save(dir + "/" + name + ".png");
 }
 
 }  // namespace
