@@ -78,8 +78,8 @@ HORefPtr<HOStyle> HXCustomRenderDialog::firstCustomStyle(HOFeatureLayer* layer) 
 
 void HXCustomRenderDialog::showPreview(QLabel* label, HOStyle* style, const QSize& basis) {
     if (!style) return;
-    label->setPixmap(
-        HXSymbolUtils::symbolPreviewPixmap(style, QSize(int(basis.width() * 0.8), int(basis.height() * 0.8))));
+    label->setPixmap(HXSymbolUtils::symbolPreviewPixmap(
+        style, QSize(int(basis.width() * 0.8), int(basis.height() * 0.8))));
     label->setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
 }
 

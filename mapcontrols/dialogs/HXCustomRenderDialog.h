@@ -45,7 +45,8 @@ private:
     static HXObjects::HORefPtr<HXObjects::HOStyle> firstCustomStyle(HXObjects::HOFeatureLayer* layer);
     // Shows the style in the label at 0.8 of `basis`.
     static void showPreview(QLabel* label, HXObjects::HOStyle* style, const QSize& basis);
-    void chooseStyle(HXObjects::HOStyle::StyleType type, QLabel* label, HXObjects::HORefPtr<HXObjects::HOStyle>& slot);
+    void chooseStyle(HXObjects::HOStyle::StyleType type, QLabel* label,
+                     HXObjects::HORefPtr<HXObjects::HOStyle>& slot);
     void applyStyles();
     HXObjects::HOStyle* styleFor(HXObjects::HOLayer::LayerType type) const;
 

@@ -54,17 +54,19 @@ void HXMapCanvas::SetMapGridAndRuler() {
     HxRulerAndGridSettingsDialog dialog(system->IsGeographic(), nullptr);
     dialog.loadKMGridSettings(
         grid->get_draw_km_grid_ruler(), grid->get_draw_km_grid(), grid->get_manually_set_km_grid_distanse(),
-        grid->get_km_grid_x_start_position(), grid->get_km_grid_y_start_position(), grid->get_km_grid_x_distance(),
-        grid->get_km_grid_y_distance(), grid->get_calc_km_grid_dis_style(), grid->get_km_grid_line_width(),
-        grid->get_km_grid_ruler_tick_mark_width(), grid->get_km_grid_ruler_label_font_height(),
-        grid->get_km_grid_ruler_label_font_width(), toQColor(grid->get_km_grid_ruler_tick_mark_color()),
+        grid->get_km_grid_x_start_position(), grid->get_km_grid_y_start_position(),
+        grid->get_km_grid_x_distance(), grid->get_km_grid_y_distance(), grid->get_calc_km_grid_dis_style(),
+        grid->get_km_grid_line_width(), grid->get_km_grid_ruler_tick_mark_width(),
+        grid->get_km_grid_ruler_label_font_height(), grid->get_km_grid_ruler_label_font_width(),
+        toQColor(grid->get_km_grid_ruler_tick_mark_color()),
         toQColor(grid->get_km_grid_ruler_label_font_color()), toQColor(grid->get_km_grid_color()));
     dialog.loadBLGridSettings(
         grid->get_draw_bl_grid_ruler(), grid->get_draw_bl_grid(), grid->get_manually_set_bl_grid_distanse(),
-        grid->get_bl_grid_x_start_position(), grid->get_bl_grid_y_start_position(), grid->get_bl_grid_x_distance(),
-        grid->get_bl_grid_y_distance(), grid->get_convert_scale(), grid->get_bl_grid_line_width(),
-        grid->get_bl_grid_ruler_tick_mark_width(), grid->get_bl_grid_ruler_label_font_height(),
-        grid->get_bl_grid_ruler_label_font_width(), toQColor(grid->get_bl_grid_ruler_tick_mark_color()),
+        grid->get_bl_grid_x_start_position(), grid->get_bl_grid_y_start_position(),
+        grid->get_bl_grid_x_distance(), grid->get_bl_grid_y_distance(), grid->get_convert_scale(),
+        grid->get_bl_grid_line_width(), grid->get_bl_grid_ruler_tick_mark_width(),
+        grid->get_bl_grid_ruler_label_font_height(), grid->get_bl_grid_ruler_label_font_width(),
+        toQColor(grid->get_bl_grid_ruler_tick_mark_color()),
         toQColor(grid->get_bl_grid_ruler_label_font_color()), toQColor(grid->get_bl_grid_color()));
     if (dialog.exec() != QDialog::Accepted) return;
 

@@ -28,7 +28,8 @@ void showAngle(const Angle& edits, double seconds) {
 }
 
 double readAngle(const Angle& edits) {
-    return edits[0]->text().toDouble() * 3600 + edits[1]->text().toDouble() * 60 + edits[2]->text().toDouble();
+    return edits[0]->text().toDouble() * 3600 + edits[1]->text().toDouble() * 60 +
+           edits[2]->text().toDouble();
 }
 
 void setDecimalValidator(const std::initializer_list<QLineEdit*>& edits, double top, QObject* parent) {
@@ -77,27 +78,31 @@ HxRulerAndGridSettingsDialog::~HxRulerAndGridSettingsDialog() {
 }
 
 void HxRulerAndGridSettingsDialog::setValidators() {
-    setDecimalValidator({ui->mLineEditKMGridXStartPosition, ui->mLineEditKMGridYStartPosition,
-                         ui->mLineEditKMGridXDistances, ui->mLineEditKMGridYDistances,
-                         ui->mLineEditConvertMapScaleDenominator},
-                        1026, this);
+    setDecimalValidator(
+        {ui->mLineEditKMGridXStartPosition, ui->mLineEditKMGridYStartPosition, ui->mLineEditKMGridXDistances,
+         ui->mLineEditKMGridYDistances, ui->mLineEditConvertMapScaleDenominator},
+        1026, this);
     setDecimalValidator({ui->mLineEditKMGridRulerTickMarkWidth, ui->mLineEditKMGridLineWidth,
                          ui->mLineEditBLGridRulerTickMarkWidth, ui->mLineEditBLGridLineWidth},
                         100, this);
-    setIntValidator({ui->mLineEditKMGridRulerLabelFontHeight, ui->mLineEditBLGridRulerLabelFontHeight}, 100, this);
-    setIntValidator({ui->mLineEditKMGridRulerLabelFontWidth, ui->mLineEditBLGridRulerLabelFontWidth}, 50, this);
+    setIntValidator({ui->mLineEditKMGridRulerLabelFontHeight, ui->mLineEditBLGridRulerLabelFontHeight}, 100,
+                    this);
+    setIntValidator({ui->mLineEditKMGridRulerLabelFontWidth, ui->mLineEditBLGridRulerLabelFontWidth}, 50,
+                    this);
     // Latitude takes the same 0 to 180 as longitude.
-    setIntValidator({ui->mLineEditBLGridLongitudeStartPositionDegreesValue,
-                     ui->mLineEditBLGridLatitudeStartPositionDegreesValue,
-                     ui->mLineEditBLGridLongitudeDistancesDegreesValue, ui->mLineEditBLGridLatitudeDistancesDegreesValue},
-                    180, this);
-    setIntValidator({ui->mLineEditBLGridLongitudeStartPositionMinutesValue,
-                     ui->mLineEditBLGridLongitudeStartPositionSecondsValue,
-                     ui->mLineEditBLGridLatitudeStartPositionMinutesValue,
-                     ui->mLineEditBLGridLatitudeStartPositionSecondsValue,
-                     ui->mLineEditBLGridLongitudeDistancesMinutesValue, ui->mLineEditBLGridLongitudeDistancesSecondsValue,
-                     ui->mLineEditBLGridLatitudeDistancesMinutesValue, ui->mLineEditBLGridLatitudeDistancesSecondsValue},
-                    59, this);
+    setIntValidator(
+        {ui->mLineEditBLGridLongitudeStartPositionDegreesValue,
+         ui->mLineEditBLGridLatitudeStartPositionDegreesValue,
+         ui->mLineEditBLGridLongitudeDistancesDegreesValue, ui->mLineEditBLGridLatitudeDistancesDegreesValue},
+        180, this);
+    setIntValidator(
+        {ui->mLineEditBLGridLongitudeStartPositionMinutesValue,
+         ui->mLineEditBLGridLongitudeStartPositionSecondsValue,
+         ui->mLineEditBLGridLatitudeStartPositionMinutesValue,
+         ui->mLineEditBLGridLatitudeStartPositionSecondsValue,
+         ui->mLineEditBLGridLongitudeDistancesMinutesValue, ui->mLineEditBLGridLongitudeDistancesSecondsValue,
+         ui->mLineEditBLGridLatitudeDistancesMinutesValue, ui->mLineEditBLGridLatitudeDistancesSecondsValue},
+        59, this);
 }
 
 void HxRulerAndGridSettingsDialog::showLayout(bool geographic) {
@@ -110,8 +115,10 @@ void HxRulerAndGridSettingsDialog::showLayout(bool geographic) {
 void HxRulerAndGridSettingsDialog::connectSlots() {
     connect(ui->mButtonBox, SIGNAL(accepted()), this, SLOT(accept()));
     connect(ui->mButtonBox, SIGNAL(rejected()), this, SLOT(reject()));
-    connect(ui->mCheckBoxDrawKMGridRuler, SIGNAL(clicked(bool)), this, SLOT(onClickedCheckBoxDrawKMGridRuler()));
-    connect(ui->mCheckBoxDrawBLGridRuler, SIGNAL(clicked(bool)), this, SLOT(onClickedCheckBoxDrawBLGridRuler()));
+    connect(ui->mCheckBoxDrawKMGridRuler, SIGNAL(clicked(bool)), this,
+            SLOT(onClickedCheckBoxDrawKMGridRuler()));
+    connect(ui->mCheckBoxDrawBLGridRuler, SIGNAL(clicked(bool)), this,
+            SLOT(onClickedCheckBoxDrawBLGridRuler()));
     connect(ui->mCheckBoxDrawKMGrid, SIGNAL(clicked(bool)), this, SLOT(onClickedCheckBoxDrawKMGrid()));
     connect(ui->mCheckBoxDrawBLGrid, SIGNAL(clicked(bool)), this, SLOT(onClickedCheckBoxDrawBLGrid()));
     connect(ui->mCheckBoxManuallySetKMGridSpacing, SIGNAL(clicked(bool)), this,
@@ -142,8 +149,8 @@ void HxRulerAndGridSettingsDialog::loadKMGridSettings(bool drawRuler, bool drawG
                                                       double xStart, double yStart, double xDistance,
                                                       double yDistance, int spacingType, double lineWidth,
                                                       double tickMarkWidth, int fontHeight, int fontWidth,
-                                                      const QColor& tickMarkColor, const QColor& labelFontColor,
-                                                      const QColor& gridColor) {
+                                                      const QColor& tickMarkColor,
+                                                      const QColor& labelFontColor, const QColor& gridColor) {
     mSettings.km.drawRuler = drawRuler;
     mSettings.km.drawGrid = drawGrid;
     mSettings.km.manualSpacing = manualSpacing;
@@ -175,8 +182,9 @@ void HxRulerAndGridSettingsDialog::loadKMGridSettings(bool drawRuler, bool drawG
 void HxRulerAndGridSettingsDialog::loadBLGridSettings(bool drawRuler, bool drawGrid, bool manualSpacing,
                                                       double longitudeStart, double latitudeStart,
                                                       double longitudeDistance, double latitudeDistance,
-                                                      double convertScale, double lineWidth, double tickMarkWidth,
-                                                      int fontHeight, int fontWidth, const QColor& tickMarkColor,
+                                                      double convertScale, double lineWidth,
+                                                      double tickMarkWidth, int fontHeight, int fontWidth,
+                                                      const QColor& tickMarkColor,
                                                       const QColor& labelFontColor, const QColor& gridColor) {
     mSettings.bl.drawRuler = drawRuler;
     mSettings.bl.drawGrid = drawGrid;
@@ -191,18 +199,22 @@ void HxRulerAndGridSettingsDialog::loadBLGridSettings(bool drawRuler, bool drawG
     if (drawRuler) ui->mCheckBoxDrawBLGridRuler->setChecked(true);
     if (drawGrid) ui->mCheckBoxDrawBLGrid->setChecked(true);
     if (manualSpacing) ui->mCheckBoxManuallySetBLGridSpacing->setChecked(true);
-    showAngle({ui->mLineEditBLGridLongitudeStartPositionDegreesValue, ui->mLineEditBLGridLongitudeStartPositionMinutesValue,
+    showAngle({ui->mLineEditBLGridLongitudeStartPositionDegreesValue,
+               ui->mLineEditBLGridLongitudeStartPositionMinutesValue,
                ui->mLineEditBLGridLongitudeStartPositionSecondsValue},
               longitudeStart);
-    showAngle({ui->mLineEditBLGridLatitudeStartPositionDegreesValue, ui->mLineEditBLGridLatitudeStartPositionMinutesValue,
+    showAngle({ui->mLineEditBLGridLatitudeStartPositionDegreesValue,
+               ui->mLineEditBLGridLatitudeStartPositionMinutesValue,
                ui->mLineEditBLGridLatitudeStartPositionSecondsValue},
               latitudeStart);
-    showAngle({ui->mLineEditBLGridLongitudeDistancesDegreesValue, ui->mLineEditBLGridLongitudeDistancesMinutesValue,
-               ui->mLineEditBLGridLongitudeDistancesSecondsValue},
-              longitudeDistance);
-    showAngle({ui->mLineEditBLGridLatitudeDistancesDegreesValue, ui->mLineEditBLGridLatitudeDistancesMinutesValue,
-               ui->mLineEditBLGridLatitudeDistancesSecondsValue},
-              latitudeDistance);
+    showAngle(
+        {ui->mLineEditBLGridLongitudeDistancesDegreesValue, ui->mLineEditBLGridLongitudeDistancesMinutesValue,
+         ui->mLineEditBLGridLongitudeDistancesSecondsValue},
+        longitudeDistance);
+    showAngle(
+        {ui->mLineEditBLGridLatitudeDistancesDegreesValue, ui->mLineEditBLGridLatitudeDistancesMinutesValue,
+         ui->mLineEditBLGridLatitudeDistancesSecondsValue},
+        latitudeDistance);
     ui->mLineEditConvertMapScaleDenominator->setText(general(convertScale));
     ui->mLineEditBLGridLineWidth->setText(general(lineWidth));
     ui->mLineEditBLGridRulerTickMarkWidth->setText(general(tickMarkWidth));
@@ -215,20 +227,18 @@ void HxRulerAndGridSettingsDialog::loadBLGridSettings(bool drawRuler, bool drawG
 }
 
 void HxRulerAndGridSettingsDialog::accept() {
-    mSettings.bl.xStart =
-        readAngle({ui->mLineEditBLGridLongitudeStartPositionDegreesValue,
-                   ui->mLineEditBLGridLongitudeStartPositionMinutesValue,
-                   ui->mLineEditBLGridLongitudeStartPositionSecondsValue});
-    mSettings.bl.yStart =
-        readAngle({ui->mLineEditBLGridLatitudeStartPositionDegreesValue,
-                   ui->mLineEditBLGridLatitudeStartPositionMinutesValue,
-                   ui->mLineEditBLGridLatitudeStartPositionSecondsValue});
-    mSettings.bl.xDistance =
-        readAngle({ui->mLineEditBLGridLongitudeDistancesDegreesValue, ui->mLineEditBLGridLongitudeDistancesMinutesValue,
-                   ui->mLineEditBLGridLongitudeDistancesSecondsValue});
-    mSettings.bl.yDistance =
-        readAngle({ui->mLineEditBLGridLatitudeDistancesDegreesValue, ui->mLineEditBLGridLatitudeDistancesMinutesValue,
-                   ui->mLineEditBLGridLatitudeDistancesSecondsValue});
+    mSettings.bl.xStart = readAngle({ui->mLineEditBLGridLongitudeStartPositionDegreesValue,
+                                     ui->mLineEditBLGridLongitudeStartPositionMinutesValue,
+                                     ui->mLineEditBLGridLongitudeStartPositionSecondsValue});
+    mSettings.bl.yStart = readAngle({ui->mLineEditBLGridLatitudeStartPositionDegreesValue,
+                                     ui->mLineEditBLGridLatitudeStartPositionMinutesValue,
+                                     ui->mLineEditBLGridLatitudeStartPositionSecondsValue});
+    mSettings.bl.xDistance = readAngle({ui->mLineEditBLGridLongitudeDistancesDegreesValue,
+                                        ui->mLineEditBLGridLongitudeDistancesMinutesValue,
+                                        ui->mLineEditBLGridLongitudeDistancesSecondsValue});
+    mSettings.bl.yDistance = readAngle({ui->mLineEditBLGridLatitudeDistancesDegreesValue,
+                                        ui->mLineEditBLGridLatitudeDistancesMinutesValue,
+                                        ui->mLineEditBLGridLatitudeDistancesSecondsValue});
     mSettings.km.gridColor = colorOf(ui->mToolButtonKMGridColor);
     mSettings.km.tickMarkColor = colorOf(ui->mToolButtonKMGridRulerTickMarkColor);
     mSettings.km.labelFontColor = colorOf(ui->mToolButtonKMGridRulerLabelFontColor);
@@ -246,14 +256,15 @@ void HxRulerAndGridSettingsDialog::enableKMGridSpacing(bool manual) {
 }
 
 void HxRulerAndGridSettingsDialog::enableBLGridSpacing(bool manual) {
-    enableAll({ui->mLabelBLGridLongitudeDistances, ui->mLabelBLGridLatitudeDistances,
-               ui->mLineEditBLGridLongitudeDistancesDegreesValue, ui->mLineEditBLGridLongitudeDistancesMinutesValue,
-               ui->mLineEditBLGridLongitudeDistancesSecondsValue, ui->mLineEditBLGridLatitudeDistancesDegreesValue,
-               ui->mLineEditBLGridLatitudeDistancesMinutesValue, ui->mLineEditBLGridLatitudeDistancesSecondsValue,
-               ui->mLabelBLGridLongitudeDistancesDegreesUnit, ui->mLabelBLGridLongitudeDistancesMinutesUnit,
-               ui->mLabelBLGridLongitudeDistancesSecondsUnit, ui->mLabelBLGridLatitudeDistancesDegreesUnit,
-               ui->mLabelBLGridLatitudeDistancesMinutesUnit, ui->mLabelBLGridLatitudeDistancesSecondsUnit},
-              manual);
+    enableAll(
+        {ui->mLabelBLGridLongitudeDistances, ui->mLabelBLGridLatitudeDistances,
+         ui->mLineEditBLGridLongitudeDistancesDegreesValue, ui->mLineEditBLGridLongitudeDistancesMinutesValue,
+         ui->mLineEditBLGridLongitudeDistancesSecondsValue, ui->mLineEditBLGridLatitudeDistancesDegreesValue,
+         ui->mLineEditBLGridLatitudeDistancesMinutesValue, ui->mLineEditBLGridLatitudeDistancesSecondsValue,
+         ui->mLabelBLGridLongitudeDistancesDegreesUnit, ui->mLabelBLGridLongitudeDistancesMinutesUnit,
+         ui->mLabelBLGridLongitudeDistancesSecondsUnit, ui->mLabelBLGridLatitudeDistancesDegreesUnit,
+         ui->mLabelBLGridLatitudeDistancesMinutesUnit, ui->mLabelBLGridLatitudeDistancesSecondsUnit},
+        manual);
 }
 
 void HxRulerAndGridSettingsDialog::coupleFontHeight(QLineEdit* height, QLineEdit* width, Grid& grid) {
@@ -301,11 +312,13 @@ void HxRulerAndGridSettingsDialog::onTextChangedLineEditKMGridRulerTickMarkWidth
 }
 
 void HxRulerAndGridSettingsDialog::onTextChangedLineEditKMGridRulerLabelFontHeight() {
-    coupleFontHeight(ui->mLineEditKMGridRulerLabelFontHeight, ui->mLineEditKMGridRulerLabelFontWidth, mSettings.km);
+    coupleFontHeight(ui->mLineEditKMGridRulerLabelFontHeight, ui->mLineEditKMGridRulerLabelFontWidth,
+                     mSettings.km);
 }
 
 void HxRulerAndGridSettingsDialog::onTextChangedLineEditKMGridRulerLabelFontWidth() {
-    coupleFontWidth(ui->mLineEditKMGridRulerLabelFontWidth, ui->mLineEditKMGridRulerLabelFontHeight, mSettings.km);
+    coupleFontWidth(ui->mLineEditKMGridRulerLabelFontWidth, ui->mLineEditKMGridRulerLabelFontHeight,
+                    mSettings.km);
 }
 
 void HxRulerAndGridSettingsDialog::onTextChangedLineEditKMGridLineWidth() {
@@ -317,11 +330,13 @@ void HxRulerAndGridSettingsDialog::onTextChangedLineEditBLGridRulerTickMarkWidth
 }
 
 void HxRulerAndGridSettingsDialog::onTextChangedLineEditBLGridRulerLabelFontHeight() {
-    coupleFontHeight(ui->mLineEditBLGridRulerLabelFontHeight, ui->mLineEditBLGridRulerLabelFontWidth, mSettings.bl);
+    coupleFontHeight(ui->mLineEditBLGridRulerLabelFontHeight, ui->mLineEditBLGridRulerLabelFontWidth,
+                     mSettings.bl);
 }
 
 void HxRulerAndGridSettingsDialog::onTextChangedLineEditBLGridRulerLabelFontWidth() {
-    coupleFontWidth(ui->mLineEditBLGridRulerLabelFontWidth, ui->mLineEditBLGridRulerLabelFontHeight, mSettings.bl);
+    coupleFontWidth(ui->mLineEditBLGridRulerLabelFontWidth, ui->mLineEditBLGridRulerLabelFontHeight,
+                    mSettings.bl);
 }
 
 void HxRulerAndGridSettingsDialog::onTextChangedLineEditBLGridLineWidth() {

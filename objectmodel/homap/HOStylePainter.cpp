@@ -109,7 +109,8 @@ QPen HOStylePainter::Pen(const HOStyle& style) {
 
 QPen HOStylePainter::CasingPen(const HOStyle& style) {
     if (style.GetStyleType() != HOStyle::LineStyle || style.GetCasingWidth() <= 0) return QPen(Qt::NoPen);
-    QPen pen(styleColor(style, style.GetOutlineColor()), std::max(1.0, style.GetWidth()) + 2 * style.GetCasingWidth());
+    QPen pen(styleColor(style, style.GetOutlineColor()),
+             std::max(1.0, style.GetWidth()) + 2 * style.GetCasingWidth());
     pen.setCapStyle(Qt::RoundCap);
     pen.setJoinStyle(Qt::RoundJoin);
     return pen;
@@ -126,7 +127,8 @@ void HOStylePainter::DrawMarker(QPainter& painter, const HOStyle& style, const Q
     painter.save();
     painter.translate(centre);
     const bool cross = style.GetMarkerShape() == HOStyle::Cross;
-    QPen pen = cross ? QPen(styleColor(style, style.GetColor()), std::max(1.0, style.GetWidth())) : Pen(style);
+    QPen pen =
+        cross ? QPen(styleColor(style, style.GetColor()), std::max(1.0, style.GetWidth())) : Pen(style);
     painter.setPen(pen);
     painter.setBrush(cross ? QBrush(Qt::NoBrush) : Brush(style));
     painter.drawPath(markerPath(style.GetMarkerShape(), style.GetSize()));

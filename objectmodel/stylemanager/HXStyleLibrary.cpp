@@ -16,8 +16,8 @@ namespace {
 const QStringList kKinds{"marker", "line", "fill"};
 const QStringList kShapes{"circle", "square", "triangle", "diamond", "cross", "star"};
 const QStringList kDashes{"solid", "dash", "dot", "dashdot"};
-const QStringList kPatterns{"solid", "none", "horizontal", "vertical", "cross", "fdiagonal", "bdiagonal",
-                            "diagonalcross"};
+const QStringList kPatterns{"solid", "none",      "horizontal", "vertical",
+                            "cross", "fdiagonal", "bdiagonal",  "diagonalcross"};
 
 // The index of the value's name in the list, or the fallback for a missing or unknown name.
 int nameIndex(const QStringList& names, const QJsonValue& value, int fallback) {
@@ -87,11 +87,13 @@ HORefPtr<HOStyle> HXStyleLibrary::styleFromJson(const QJsonObject& symbol) {
     HORefPtr<HOStyle> style(new HOStyle(HOStyle::StyleType(kind)));
     const bool line = style->GetStyleType() == HOStyle::LineStyle;
     style->SetColor(colorValue(symbol.value("color"), style->GetColor()));
-    style->SetOutlineColor(colorValue(symbol.value(line ? "casingColor" : "outline"), style->GetOutlineColor()));
+    style->SetOutlineColor(
+        colorValue(symbol.value(line ? "casingColor" : "outline"), style->GetOutlineColor()));
     style->SetWidth(symbol.value(line ? "width" : "outlineWidth").toDouble(style->GetWidth()));
     style->SetOpacity(symbol.value("opacity").toDouble(style->GetOpacity()));
     style->SetSize(symbol.value("size").toDouble(style->GetSize()));
-    style->SetMarkerShape(HOStyle::MarkerShape(nameIndex(kShapes, symbol.value("shape"), style->GetMarkerShape())));
+    style->SetMarkerShape(
+        HOStyle::MarkerShape(nameIndex(kShapes, symbol.value("shape"), style->GetMarkerShape())));
     style->SetDash(HOStyle::DashPattern(nameIndex(kDashes, symbol.value("dash"), style->GetDash())));
     style->SetFillPattern(
         HOStyle::FillPattern(nameIndex(kPatterns, symbol.value("pattern"), style->GetFillPattern())));

@@ -38,19 +38,23 @@ HOColor fromRgb(QRgb rgb) {
 QStringList patternNames(HOStyle::StyleType type) {
     switch (type) {
         case HOStyle::MarkerStyle:
-            return {HXStylePickerDialog::tr("Circle"), HXStylePickerDialog::tr("Square"),
+            return {HXStylePickerDialog::tr("Circle"),   HXStylePickerDialog::tr("Square"),
                     HXStylePickerDialog::tr("Triangle"), HXStylePickerDialog::tr("Diamond"),
-                    HXStylePickerDialog::tr("Cross"), HXStylePickerDialog::tr("Star")};
+                    HXStylePickerDialog::tr("Cross"),    HXStylePickerDialog::tr("Star")};
         case HOStyle::LineStyle:
             return {HXStylePickerDialog::tr("Solid"), HXStylePickerDialog::tr("Dashed"),
                     HXStylePickerDialog::tr("Dotted"), HXStylePickerDialog::tr("Dash-dot")};
         case HOStyle::FillStyle:
             break;
     }
-    return {HXStylePickerDialog::tr("Solid"), HXStylePickerDialog::tr("No fill"),
-            HXStylePickerDialog::tr("Horizontal hatch"), HXStylePickerDialog::tr("Vertical hatch"),
-            HXStylePickerDialog::tr("Cross hatch"), HXStylePickerDialog::tr("Diagonal hatch"),
-            HXStylePickerDialog::tr("Reverse diagonal hatch"), HXStylePickerDialog::tr("Diagonal cross hatch")};
+    return {HXStylePickerDialog::tr("Solid"),
+            HXStylePickerDialog::tr("No fill"),
+            HXStylePickerDialog::tr("Horizontal hatch"),
+            HXStylePickerDialog::tr("Vertical hatch"),
+            HXStylePickerDialog::tr("Cross hatch"),
+            HXStylePickerDialog::tr("Diagonal hatch"),
+            HXStylePickerDialog::tr("Reverse diagonal hatch"),
+            HXStylePickerDialog::tr("Diagonal cross hatch")};
 }
 
 QDoubleSpinBox* newSpin(double minimum, double maximum, QWidget* parent) {
@@ -159,14 +163,17 @@ void HXStylePickerDialog::buildForm() {
     connect(mColorButton, &HXColorBtn::colorChanged, this, &HXStylePickerDialog::readEditors);
     connect(mOutlineColorButton, &HXColorBtn::colorChanged, this, &HXStylePickerDialog::readEditors);
     for (QDoubleSpinBox* spin : {mSizeSpin, mOutlineWidthSpin})
-        connect(spin, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this, &HXStylePickerDialog::readEditors);
-    connect(mOpacitySpin, QOverload<int>::of(&QSpinBox::valueChanged), this, &HXStylePickerDialog::readEditors);
+        connect(spin, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
+                &HXStylePickerDialog::readEditors);
+    connect(mOpacitySpin, QOverload<int>::of(&QSpinBox::valueChanged), this,
+            &HXStylePickerDialog::readEditors);
 }
 
 void HXStylePickerDialog::fillSymbolList() {
     for (const HXStyleLibrary::Symbol& symbol : HXStyleLibrary::instance().symbols(mType)) {
         auto* item = new QListWidgetItem(
-            QIcon(HXSymbolUtils::symbolPreviewPixmap(symbol.style.get(), kSymbolIconSize)), symbol.name, mSymbolList);
+            QIcon(HXSymbolUtils::symbolPreviewPixmap(symbol.style.get(), kSymbolIconSize)), symbol.name,
+            mSymbolList);
         item->setToolTip(symbol.name);
     }
     mButtonBox->button(QDialogButtonBox::Ok)->setEnabled(mSymbolList->count() > 0);
@@ -182,8 +189,8 @@ void HXStylePickerDialog::chooseSymbol(int row) {
 
 void HXStylePickerDialog::showStyleValues() {
     // The editors show the style; their change signals would write it back half-read.
-    const QSignalBlocker blockers[] = {QSignalBlocker(mPatternCombo),    QSignalBlocker(mColorButton),
-                                       QSignalBlocker(mSizeSpin),        QSignalBlocker(mOutlineColorButton),
+    const QSignalBlocker blockers[] = {QSignalBlocker(mPatternCombo),     QSignalBlocker(mColorButton),
+                                       QSignalBlocker(mSizeSpin),         QSignalBlocker(mOutlineColorButton),
                                        QSignalBlocker(mOutlineWidthSpin), QSignalBlocker(mOpacitySpin)};
     const int patterns[] = {mStyle->GetMarkerShape(), mStyle->GetDash(), mStyle->GetFillPattern()};
     const bool line = mType == HOStyle::LineStyle;

@@ -57,11 +57,15 @@ private slots:
         QTest::addColumn<QPoint>("pixel");
         QTest::addColumn<QColor>("colour");
         QTest::newRow("cased line: the line") << "cased line" << QPoint(50, 49) << QColor(255, 0, 0);
-        QTest::newRow("cased line: the casing beside it") << "cased line" << QPoint(50, 45) << QColor(0, 0, 0);
-        QTest::newRow("cased line: clear beyond the casing") << "cased line" << QPoint(50, 41) << QColor(Qt::white);
+        QTest::newRow("cased line: the casing beside it")
+            << "cased line" << QPoint(50, 45) << QColor(0, 0, 0);
+        QTest::newRow("cased line: clear beyond the casing")
+            << "cased line" << QPoint(50, 41) << QColor(Qt::white);
         QTest::newRow("plain line: nothing beside it") << "plain line" << QPoint(50, 45) << QColor(Qt::white);
-        QTest::newRow("half-transparent line") << "half-transparent line" << QPoint(50, 49) << QColor(255, 128, 128);
-        QTest::newRow("half-transparent fill") << "half-transparent fill" << QPoint(50, 30) << QColor(128, 128, 255);
+        QTest::newRow("half-transparent line")
+            << "half-transparent line" << QPoint(50, 49) << QColor(255, 128, 128);
+        QTest::newRow("half-transparent fill")
+            << "half-transparent fill" << QPoint(50, 30) << QColor(128, 128, 255);
         QTest::newRow("empty fill") << "empty fill" << QPoint(50, 30) << QColor(Qt::white);
     }
     void pixels() {
@@ -77,7 +81,8 @@ private slots:
     // A hatch covers part of the area and leaves the rest as it was.
     void hatchLeavesGaps() {
         const QImage hatched = render("hatched fill");
-        const double blue = share(hatched, 50, qRgb(0, 0, 255)), white = share(hatched, 50, qRgb(255, 255, 255));
+        const double blue = share(hatched, 50, qRgb(0, 0, 255)),
+                     white = share(hatched, 50, qRgb(255, 255, 255));
         QVERIFY2(blue > 0.05 && blue < 0.5, qPrintable(QString::number(blue)));
         QCOMPARE(blue + white, 1.0);
         QCOMPARE(share(render("solid fill"), 50, qRgb(0, 0, 255)), 1.0);

@@ -16,8 +16,8 @@
 #include "HOMap.h"
 #include "HOMapView.h"
 #include "HXCustomRenderDialog.h"
-#include "HXMapCanvas.h"
 #include "HXDialogTesting.h"
+#include "HXMapCanvas.h"
 #include "HXModalDriver.h"
 #include "HXStylePickerDialog.h"
 
@@ -30,7 +30,10 @@ class HORedrawRecordingView : public HOMapView {
 public:
     QStringList calls;
     void Refresh(HOLayer* layer, HOMapCache::CacheType type, const HORect& area) override {
-        calls << QString("Refresh %1 %2%3").arg(layer->GetName().toQString()).arg(type).arg(area.IsEmpty() ? "" : " area");
+        calls << QString("Refresh %1 %2%3")
+                     .arg(layer->GetName().toQString())
+                     .arg(type)
+                     .arg(area.IsEmpty() ? "" : " area");
     }
     void RequestRedraw(bool all) override { calls << QString("RequestRedraw %1").arg(all); }
 
@@ -55,7 +58,8 @@ struct Scene {
         add("lines", wkbLineString, {"LINESTRING (0 0,1 1)", "LINESTRING (1 0,2 1)", "LINESTRING (2 0,3 1)"});
         for (const char* name : {"polysA", "polysB"})
             add(name, wkbPolygon,
-                {"POLYGON ((0 0,1 0,1 1,0 0))", "POLYGON ((1 0,2 0,2 1,1 0))", "POLYGON ((2 0,3 0,3 1,2 0))"});
+                {"POLYGON ((0 0,1 0,1 1,0 0))", "POLYGON ((1 0,2 0,2 1,1 0))",
+                 "POLYGON ((2 0,3 0,3 1,2 0))"});
         canvas.SetMapView(view);
         view->SetMap(map);
         view->calls.clear();
@@ -91,7 +95,8 @@ struct Scene {
             HOFeatureLayer* layer = layers.at(nameRest[0]);
             const HOLayer::LayerType type = layer->GetLayerType();
             layer->GetCustomFeatureRender()->SetFeatureStyle(
-                idColor[0].toInt(), type == HOLayer::PointLayer    ? HOStyle::NewMarker(HOStyle::Square, 20, color)
+                idColor[0].toInt(), type == HOLayer::PointLayer
+                                        ? HOStyle::NewMarker(HOStyle::Square, 20, color)
                                     : type == HOLayer::PolylineLayer ? HOStyle::NewLine(4, color)
                                                                      : HOStyle::NewFill(color, color, 1));
         }
@@ -124,9 +129,12 @@ bool hasColor(const QPixmap& pixmap, const QColor& color) {
 void pickStyle(QDialog* dialog, const QString& kind, int row) {
     HXModalDriver<HXStylePickerDialog> picker([row](HXStylePickerDialog* d) {
         auto* list = d->findChild<QListWidget*>("mSymbolList");
-        if (row >= 0) QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
+        if (row >= 0)
+            QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                              list->visualItemRect(list->item(row)).center());
         auto* buttons = d->findChild<QDialogButtonBox*>("mButtonBox");
-        QTest::mouseClick(buttons->button(row >= 0 ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel), Qt::LeftButton);
+        QTest::mouseClick(buttons->button(row >= 0 ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel),
+                          Qt::LeftButton);
     });
     QTest::mouseClick(child<QPushButton>(dialog, "pushButton_" + kind), Qt::LeftButton);
     QVERIFY2(picker.done(), "the style picker did not open");
@@ -141,11 +149,16 @@ private slots:
     void form_data() {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("text");  // a group box's title or a button's, label's or box's text
-        QTest::newRow("point group") << "groupBox_3" << "Point";
-        QTest::newRow("polyline group") << "groupBox_2" << "Polyline";
-        QTest::newRow("polygon group") << "groupBox" << "Polygon";
-        QTest::newRow("check box group") << "groupBox_4" << "";
-        QTest::newRow("check box") << "checkBox" << "Custom feature style";
+        QTest::newRow("point group") << "groupBox_3"
+                                     << "Point";
+        QTest::newRow("polyline group") << "groupBox_2"
+                                        << "Polyline";
+        QTest::newRow("polygon group") << "groupBox"
+                                       << "Polygon";
+        QTest::newRow("check box group") << "groupBox_4"
+                                         << "";
+        QTest::newRow("check box") << "checkBox"
+                                   << "Custom feature style";
         for (const char* kind : {"point", "polyline", "polygon"}) {
             QTest::addRow("%s button", kind) << QString("pushButton_%1").arg(kind) << "...";
             QTest::addRow("%s preview", kind) << QString("label_%1").arg(kind) << "";
@@ -170,10 +183,12 @@ private slots:
         QCOMPARE(dialog.windowTitle(), QString("Custom feature style"));
         // The form's size, unless the style's frames need more room for the 70-pixel previews.
         QCOMPARE(dialog.size(), QSize(392, 417).expandedTo(dialog.minimumSizeHint()));
-        QCOMPARE(dialog.windowFlags() & (Qt::WindowContextHelpButtonHint | Qt::WindowCloseButtonHint | Qt::Dialog),
-                 Qt::WindowCloseButtonHint | Qt::Dialog);
+        QCOMPARE(
+            dialog.windowFlags() & (Qt::WindowContextHelpButtonHint | Qt::WindowCloseButtonHint | Qt::Dialog),
+            Qt::WindowCloseButtonHint | Qt::Dialog);
         auto* buttons = child<QDialogButtonBox>(&dialog, "buttonBox");
-        QCOMPARE(buttons->standardButtons(), QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Apply);
+        QCOMPARE(buttons->standardButtons(),
+                 QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::Apply);
         QCOMPARE(buttons->orientation(), Qt::Horizontal);
         // The check box sits in the polygon group, under its label and button.
         QCOMPARE(child<QWidget>(&dialog, "groupBox_4")->parentWidget(), child<QWidget>(&dialog, "groupBox"));
@@ -186,18 +201,30 @@ private slots:
         QTest::addColumn<QString>("presets");
         QTest::addColumn<QString>("enabled");   // kinds whose "..." button is enabled
         QTest::addColumn<QString>("previews");  // kind=colour of each preview shown
-        QTest::newRow("points with custom styles: no preview")
-            << "points:1,2" << "points:3=red" << "point" << "";
-        QTest::newRow("lines: the first custom style, selected or not")
-            << "lines:1" << "lines:3=green lines:2=red" << "polyline" << "polyline=red";
-        QTest::newRow("two polygon layers, only the second styled")
-            << "polysA:1 polysB:2" << "polysB:3=blue" << "polygon" << "polygon=blue";
-        QTest::newRow("two polygon layers, the first in map order wins")
-            << "polysA:1 polysB:2" << "polysA:3=green polysB:1=blue" << "polygon" << "polygon=green";
-        QTest::newRow("a styled layer without selection is not asked")
-            << "polysB:1" << "polysA:1=green" << "polygon" << "";
-        QTest::newRow("every kind") << "points:1 lines:2 polysA:3" << "points:1=red lines:1=green polysA:1=blue"
-                                    << "point polyline polygon" << "polyline=green polygon=blue";
+        QTest::newRow("points with custom styles: no preview") << "points:1,2"
+                                                               << "points:3=red"
+                                                               << "point"
+                                                               << "";
+        QTest::newRow("lines: the first custom style, selected or not") << "lines:1"
+                                                                        << "lines:3=green lines:2=red"
+                                                                        << "polyline"
+                                                                        << "polyline=red";
+        QTest::newRow("two polygon layers, only the second styled") << "polysA:1 polysB:2"
+                                                                    << "polysB:3=blue"
+                                                                    << "polygon"
+                                                                    << "polygon=blue";
+        QTest::newRow("two polygon layers, the first in map order wins") << "polysA:1 polysB:2"
+                                                                         << "polysA:3=green polysB:1=blue"
+                                                                         << "polygon"
+                                                                         << "polygon=green";
+        QTest::newRow("a styled layer without selection is not asked") << "polysB:1"
+                                                                       << "polysA:1=green"
+                                                                       << "polygon"
+                                                                       << "";
+        QTest::newRow("every kind") << "points:1 lines:2 polysA:3"
+                                    << "points:1=red lines:1=green polysA:1=blue"
+                                    << "point polyline polygon"
+                                    << "polyline=green polygon=blue";
     }
     void construction() {
         QFETCH(QString, selection);
@@ -212,7 +239,8 @@ private slots:
         QVERIFY(child<QCheckBox>(&dialog, "checkBox")->isChecked());
         QStringList shown;
         for (const QString kind : {"point", "polyline", "polygon"}) {
-            QCOMPARE(child<QPushButton>(&dialog, "pushButton_" + kind)->isEnabled(), enabled.split(' ').contains(kind));
+            QCOMPARE(child<QPushButton>(&dialog, "pushButton_" + kind)->isEnabled(),
+                     enabled.split(' ').contains(kind));
             auto* label = child<QLabel>(&dialog, "label_" + kind);
             const QPixmap pixmap = label->pixmap(Qt::ReturnByValue);
             if (pixmap.isNull()) continue;
@@ -243,27 +271,50 @@ private slots:
         QTest::addColumn<QString>("styles");
         QTest::addColumn<QString>("redraws");
         QTest::newRow("points, OK without a style: nothing stored, one redraw per feature")
-            << "points:1,2" << "points:3=red" << "ok" << "points:3=#ff0000"
+            << "points:1,2"
+            << "points:3=red"
+            << "ok"
+            << "points:3=#ff0000"
             << "Refresh points 1; Refresh points 1";
-        QTest::newRow("a picked marker style, OK")
-            << "points:1,3" << "" << "pick point 0; ok" << "points:1=#d7191c,3=#d7191c"
-            << "Refresh points 1; Refresh points 1";
+        QTest::newRow("a picked marker style, OK") << "points:1,3"
+                                                   << ""
+                                                   << "pick point 0; ok"
+                                                   << "points:1=#d7191c,3=#d7191c"
+                                                   << "Refresh points 1; Refresh points 1";
         QTest::newRow("picker cancelled keeps the preloaded line style")
-            << "lines:1,2" << "lines:3=green" << "pick polyline -1; ok" << "lines:1=#00ff00,2=#00ff00,3=#00ff00"
+            << "lines:1,2"
+            << "lines:3=green"
+            << "pick polyline -1; ok"
+            << "lines:1=#00ff00,2=#00ff00,3=#00ff00"
             << "Refresh lines 1; Refresh lines 1";
         QTest::newRow("apply twice, then cancel: both applies stay")
-            << "lines:2" << "" << "pick polyline 2; apply; apply; cancel" << "lines:2=#2c7bb6"
+            << "lines:2"
+            << ""
+            << "pick polyline 2; apply; apply; cancel"
+            << "lines:2=#2c7bb6"
             << "Refresh lines 1; Refresh lines 1";
-        QTest::newRow("cancel alone changes nothing")
-            << "polysA:1" << "polysA:2=blue" << "pick polygon 0; cancel" << "polysA:2=#0000ff" << "";
+        QTest::newRow("cancel alone changes nothing") << "polysA:1"
+                                                      << "polysA:2=blue"
+                                                      << "pick polygon 0; cancel"
+                                                      << "polysA:2=#0000ff"
+                                                      << "";
         QTest::newRow("box cleared: every selected feature loses its style, no redraw")
-            << "points:1 lines:1 polysB:1,2" << "points:1=red lines:1=green lines:2=red polysB:1=blue polysB:3=blue"
-            << "uncheck; ok" << "lines:2=#ff0000 polysB:3=#0000ff" << "";
+            << "points:1 lines:1 polysB:1,2"
+            << "points:1=red lines:1=green lines:2=red polysB:1=blue polysB:3=blue"
+            << "uncheck; ok"
+            << "lines:2=#ff0000 polysB:3=#0000ff"
+            << "";
         QTest::newRow("selection read again at apply; unlisted layers untouched")
-            << "polysA:1" << "" << "pick polygon 0; select polysA:2,3 lines:1; ok" << "polysA:2=#a6cee3,3=#a6cee3"
+            << "polysA:1"
+            << ""
+            << "pick polygon 0; select polysA:2,3 lines:1; ok"
+            << "polysA:2=#a6cee3,3=#a6cee3"
             << "Refresh polysA 1; Refresh polysA 1";
         QTest::newRow("a listed layer whose selection went is skipped")
-            << "polysA:1 lines:1" << "" << "pick polygon 0; select lines:1; ok" << ""
+            << "polysA:1 lines:1"
+            << ""
+            << "pick polygon 0; select lines:1; ok"
+            << ""
             << "Refresh lines 1";
     }
     void run() {

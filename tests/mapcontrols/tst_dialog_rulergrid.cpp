@@ -20,8 +20,8 @@
 #include "HOMapRulerAndGrid.h"
 #include "HOMapView.h"
 #include "HXColorBtn.h"
-#include "HXMapCanvas.h"
 #include "HXDialogTesting.h"
+#include "HXMapCanvas.h"
 #include "HXModalDriver.h"
 #include "HxRulerAndGridSettingsDialog.h"
 
@@ -43,13 +43,14 @@ QString dms(const QString& angle, const char* part) {
     return QString("mLineEditBLGrid%1%2Value").arg(angle, part);
 }
 
-const QStringList kAngles{"LongitudeStartPosition", "LatitudeStartPosition", "LongitudeDistances", "LatitudeDistances"};
+const QStringList kAngles{"LongitudeStartPosition", "LatitudeStartPosition", "LongitudeDistances",
+                          "LatitudeDistances"};
 
 // Stored values that show every format: general with 6 digits, integers, D/M/S with a fraction.
 void loadSample(HxRulerAndGridSettingsDialog& dialog, bool manualKM = false, bool manualBL = false,
                 int spacingType = 1, bool drawFlags = true) {
-    dialog.loadKMGridSettings(drawFlags, drawFlags, manualKM, 500123.456, 3500000, 1000, 2500.25, spacingType, 0.5,
-                              1.25, 12, 6, QColor(255, 0, 0), QColor(0, 255, 0), QColor(0, 0, 255));
+    dialog.loadKMGridSettings(drawFlags, drawFlags, manualKM, 500123.456, 3500000, 1000, 2500.25, spacingType,
+                              0.5, 1.25, 12, 6, QColor(255, 0, 0), QColor(0, 255, 0), QColor(0, 0, 255));
     dialog.loadBLGridSettings(drawFlags, drawFlags, manualBL, 3725.5, 648000, 59.9, 1800, 50000, 2, 3, 16, 8,
                               QColor(1, 2, 3), QColor(4, 5, 6), QColor(7, 8, 9));
 }
@@ -89,7 +90,8 @@ private slots:
             {"mGroupBoxBLGrid", "Longitude and latitude grid"},
             {"mGroupBoxBLGridRuler", "Longitude and latitude grid ruler"},
             {"mGroupBoxSpecifyScale", "Specify map scale"},
-            {"mGroupBoxAutoSetttingOfKMGridSpacingType", "The type of grid spacing is automatically calculated"},
+            {"mGroupBoxAutoSetttingOfKMGridSpacingType",
+             "The type of grid spacing is automatically calculated"},
             {"mCheckBoxDrawKMGrid", "Draw grid"},
             {"mCheckBoxDrawKMGridRuler", "Draw ruler"},
             {"mCheckBoxManuallySetKMGridSpacing", "Manually set grid spacing"},
@@ -97,7 +99,8 @@ private slots:
             {"mCheckBoxDrawBLGridRuler", "Draw ruler"},
             {"mCheckBoxManuallySetBLGridSpacing", "Manually set grid spacing"},
             {"mRadioButtonAutoCalcKMGridSpacingByMapScale", "Calculate the spacing according to the scale"},
-            {"mRadioButtonAutoCalcKMGridSpacingByScaleUnit", "Calculate the spacing according to the scale unit"},
+            {"mRadioButtonAutoCalcKMGridSpacingByScaleUnit",
+             "Calculate the spacing according to the scale unit"},
             {"mLabelKMGridXStartPosition", "X start position:"},
             {"mLabelKMGridYStartPosition", "Y start position:"},
             {"mLabelKMGridXDistances", "X distances:"},
@@ -112,7 +115,8 @@ private slots:
             {"mLabelBLGridLatitudeDistances", "Latitude distances:"},
             {"mLabelConvertMapScale", "Map scale:"},
             {"mLabelConvertMapScaleNote",
-             "If the current map scale is greater than or equal to the specified scale, the latitude and longitude "
+             "If the current map scale is greater than or equal to the specified scale, the latitude and "
+             "longitude "
              "grid is automatically converted to the kilometer grid."},
         };
         for (const auto& row : rows) QTest::newRow(row.first) << row.first << row.second;
@@ -153,14 +157,15 @@ private slots:
         QTest::addColumn<QString>("name");
         QTest::addColumn<double>("top");
         QTest::addColumn<int>("decimals");  // -1: an integer validator
-        for (const char* name : {"mLineEditKMGridXStartPosition", "mLineEditKMGridYStartPosition",
-                                 "mLineEditKMGridXDistances", "mLineEditKMGridYDistances",
-                                 "mLineEditConvertMapScaleDenominator"})
+        for (const char* name :
+             {"mLineEditKMGridXStartPosition", "mLineEditKMGridYStartPosition", "mLineEditKMGridXDistances",
+              "mLineEditKMGridYDistances", "mLineEditConvertMapScaleDenominator"})
             QTest::newRow(name) << name << 1026.0 << 6;
         for (const char* name : {"mLineEditKMGridRulerTickMarkWidth", "mLineEditKMGridLineWidth",
                                  "mLineEditBLGridRulerTickMarkWidth", "mLineEditBLGridLineWidth"})
             QTest::newRow(name) << name << 100.0 << 6;
-        for (const char* name : {"mLineEditKMGridRulerLabelFontHeight", "mLineEditBLGridRulerLabelFontHeight"})
+        for (const char* name :
+             {"mLineEditKMGridRulerLabelFontHeight", "mLineEditBLGridRulerLabelFontHeight"})
             QTest::newRow(name) << name << 100.0 << -1;
         for (const char* name : {"mLineEditKMGridRulerLabelFontWidth", "mLineEditBLGridRulerLabelFontWidth"})
             QTest::newRow(name) << name << 50.0 << -1;
@@ -199,9 +204,11 @@ private slots:
         QFETCH(bool, geographic);
         HxRulerAndGridSettingsDialog dialog(geographic, nullptr);
         QCOMPARE(dialog.windowTitle(), QString("Map ruler and grid settings"));
-        QCOMPARE(dialog.windowFlags() & (Qt::WindowContextHelpButtonHint | Qt::WindowCloseButtonHint | Qt::Dialog),
-                 Qt::WindowCloseButtonHint | Qt::Dialog);
-        QCOMPARE(dialog.minimumSize() == QSize(450, 650) && dialog.maximumSize() == QSize(450, 650), geographic);
+        QCOMPARE(
+            dialog.windowFlags() & (Qt::WindowContextHelpButtonHint | Qt::WindowCloseButtonHint | Qt::Dialog),
+            Qt::WindowCloseButtonHint | Qt::Dialog);
+        QCOMPARE(dialog.minimumSize() == QSize(450, 650) && dialog.maximumSize() == QSize(450, 650),
+                 geographic);
         QCOMPARE(child<QWidget>(&dialog, "mGroupBoxKMGrid")->isHidden(), geographic);
         QCOMPARE(child<QWidget>(&dialog, "mGroupBoxKMGridRuler")->isHidden(), geographic);
         QCOMPARE(child<QWidget>(&dialog, "mGroupBoxSpecifyScale")->isHidden(), !geographic);
@@ -211,8 +218,8 @@ private slots:
         QCOMPARE(buttons->button(QDialogButtonBox::Ok)->text(), QString("OK"));
         QCOMPARE(buttons->button(QDialogButtonBox::Cancel)->text(), QString("Cancel"));
         // Before any loader: the manual KM distances are off.
-        for (const char* name : {"mLabelKMGridXDistances", "mLineEditKMGridXDistances", "mLabelKMGridYDistances",
-                                 "mLineEditKMGridYDistances"})
+        for (const char* name : {"mLabelKMGridXDistances", "mLineEditKMGridXDistances",
+                                 "mLabelKMGridYDistances", "mLineEditKMGridYDistances"})
             QVERIFY2(!child<QWidget>(&dialog, name)->isEnabled(), name);
         auto* byScale = child<QRadioButton>(&dialog, "mRadioButtonAutoCalcKMGridSpacingByMapScale");
         auto* byUnit = child<QRadioButton>(&dialog, "mRadioButtonAutoCalcKMGridSpacingByScaleUnit");
@@ -265,21 +272,28 @@ private slots:
         QTest::addColumn<bool>("manualKM");
         QTest::addColumn<bool>("manualBL");
         QTest::addColumn<int>("spacingType");
-        QTest::addColumn<QString>("click");  // a check box clicked after loading, or empty
+        QTest::addColumn<QString>("click");   // a check box clicked after loading, or empty
         QTest::addColumn<QString>("radios");  // checked radio buttons: "scale", "unit" or ""
         QTest::addColumn<bool>("kmDistancesOn");
         QTest::addColumn<bool>("blDistancesOn");
-        QTest::newRow("nothing drawn, automatic, by scale") << false << false << false << 0 << "" << "scale" << false << false;
-        QTest::newRow("drawn, manual KM, by unit") << true << true << false << 1 << "" << "unit" << true << false;
-        QTest::newRow("manual BL, unknown type") << true << false << true << 7 << "" << "" << false << true;
-        QTest::newRow("KM switched to manual") << false << false << false << 0 << "mCheckBoxManuallySetKMGridSpacing"
-                                               << "scale" << true << false;
+        QTest::newRow("nothing drawn, automatic, by scale") << false << false << false << 0 << ""
+                                                            << "scale" << false << false;
+        QTest::newRow("drawn, manual KM, by unit") << true << true << false << 1 << ""
+                                                   << "unit" << true << false;
+        QTest::newRow("manual BL, unknown type") << true << false << true << 7 << ""
+                                                 << "" << false << true;
+        QTest::newRow("KM switched to manual")
+            << false << false << false << 0 << "mCheckBoxManuallySetKMGridSpacing"
+            << "scale" << true << false;
         QTest::newRow("KM switched back to automatic")
-            << true << true << true << 1 << "mCheckBoxManuallySetKMGridSpacing" << "unit" << false << true;
+            << true << true << true << 1 << "mCheckBoxManuallySetKMGridSpacing"
+            << "unit" << false << true;
         QTest::newRow("BL switched to manual")
-            << false << false << false << 0 << "mCheckBoxManuallySetBLGridSpacing" << "scale" << false << true;
-        QTest::newRow("BL switched back") << false << false << true << 0 << "mCheckBoxManuallySetBLGridSpacing"
-                                          << "scale" << false << false;
+            << false << false << false << 0 << "mCheckBoxManuallySetBLGridSpacing"
+            << "scale" << false << true;
+        QTest::newRow("BL switched back")
+            << false << false << true << 0 << "mCheckBoxManuallySetBLGridSpacing"
+            << "scale" << false << false;
     }
     void flags() {
         QFETCH(bool, draw);
@@ -293,7 +307,8 @@ private slots:
         HxRulerAndGridSettingsDialog dialog(false, nullptr);
         dialog.show();
         loadSample(dialog, manualKM, manualBL, spacingType, draw);
-        if (!click.isEmpty()) QTest::mouseClick(child<QCheckBox>(&dialog, click), Qt::LeftButton, {}, QPoint(5, 5));
+        if (!click.isEmpty())
+            QTest::mouseClick(child<QCheckBox>(&dialog, click), Qt::LeftButton, {}, QPoint(5, 5));
         for (const char* name : {"mCheckBoxDrawKMGrid", "mCheckBoxDrawKMGridRuler", "mCheckBoxDrawBLGrid",
                                  "mCheckBoxDrawBLGridRuler"})
             QCOMPARE(child<QCheckBox>(&dialog, name)->isChecked(), draw);
@@ -302,13 +317,17 @@ private slots:
         QCOMPARE(dialog.settings().km.manualSpacing, kmDistancesOn);
         QCOMPARE(dialog.settings().bl.manualSpacing, blDistancesOn);
         QStringList checked;
-        if (child<QRadioButton>(&dialog, "mRadioButtonAutoCalcKMGridSpacingByMapScale")->isChecked()) checked << "scale";
-        if (child<QRadioButton>(&dialog, "mRadioButtonAutoCalcKMGridSpacingByScaleUnit")->isChecked()) checked << "unit";
+        if (child<QRadioButton>(&dialog, "mRadioButtonAutoCalcKMGridSpacingByMapScale")->isChecked())
+            checked << "scale";
+        if (child<QRadioButton>(&dialog, "mRadioButtonAutoCalcKMGridSpacingByScaleUnit")->isChecked())
+            checked << "unit";
         QCOMPARE(checked.join(' '), radios);
-        for (const char* name : {"mLabelKMGridXDistances", "mLineEditKMGridXDistances", "mLabelKMGridXDistancesUnit",
-                                 "mLabelKMGridYDistances", "mLineEditKMGridYDistances", "mLabelKMGridYDistancesUnit"})
+        for (const char* name :
+             {"mLabelKMGridXDistances", "mLineEditKMGridXDistances", "mLabelKMGridXDistancesUnit",
+              "mLabelKMGridYDistances", "mLineEditKMGridYDistances", "mLabelKMGridYDistancesUnit"})
             QVERIFY2(child<QWidget>(&dialog, name)->isEnabled() == kmDistancesOn, name);
-        QCOMPARE(child<QWidget>(&dialog, "mGroupBoxAutoSetttingOfKMGridSpacingType")->isEnabled(), !kmDistancesOn);
+        QCOMPARE(child<QWidget>(&dialog, "mGroupBoxAutoSetttingOfKMGridSpacingType")->isEnabled(),
+                 !kmDistancesOn);
         QStringList blDistances{"mLabelBLGridLongitudeDistances", "mLabelBLGridLatitudeDistances"};
         for (const QString angle : {"LongitudeDistances", "LatitudeDistances"})
             for (const char* part : {"Degrees", "Minutes", "Seconds"})
@@ -331,10 +350,22 @@ private slots:
         QTest::addColumn<QString>("height");
         QTest::addColumn<QString>("width");
         for (const char* grid : {"KM", "BL"}) {
-            QTest::addRow("%s height 12", grid) << grid << "Height" << "12" << "12" << "6";
-            QTest::addRow("%s odd height 15 settles at 14", grid) << grid << "Height" << "15" << "14" << "7";
-            QTest::addRow("%s width 9", grid) << grid << "Width" << "9" << "18" << "9";
-            QTest::addRow("%s unreadable height", grid) << grid << "Height" << "x" << "0" << "0";
+            QTest::addRow("%s height 12", grid) << grid << "Height"
+                                                << "12"
+                                                << "12"
+                                                << "6";
+            QTest::addRow("%s odd height 15 settles at 14", grid) << grid << "Height"
+                                                                  << "15"
+                                                                  << "14"
+                                                                  << "7";
+            QTest::addRow("%s width 9", grid) << grid << "Width"
+                                              << "9"
+                                              << "18"
+                                              << "9";
+            QTest::addRow("%s unreadable height", grid) << grid << "Height"
+                                                        << "x"
+                                                        << "0"
+                                                        << "0";
         }
     }
     void fontCoupling() {
@@ -347,9 +378,12 @@ private slots:
         loadSample(dialog);
         auto* edit = child<QLineEdit>(&dialog, QString("mLineEdit%1GridRulerLabelFont%2").arg(grid, edited));
         edit->setText(text);
-        QCOMPARE(child<QLineEdit>(&dialog, QString("mLineEdit%1GridRulerLabelFontHeight").arg(grid))->text(), height);
-        QCOMPARE(child<QLineEdit>(&dialog, QString("mLineEdit%1GridRulerLabelFontWidth").arg(grid))->text(), width);
-        QCOMPARE(kFields.at(grid.toLower() + "Font")(dialog.settings()), height.toInt() * 1000.0 + width.toInt());
+        QCOMPARE(child<QLineEdit>(&dialog, QString("mLineEdit%1GridRulerLabelFontHeight").arg(grid))->text(),
+                 height);
+        QCOMPARE(child<QLineEdit>(&dialog, QString("mLineEdit%1GridRulerLabelFontWidth").arg(grid))->text(),
+                 width);
+        QCOMPARE(kFields.at(grid.toLower() + "Font")(dialog.settings()),
+                 height.toInt() * 1000.0 + width.toInt());
     }
 
     // What OK stores for typed text: slots parse as the user types, accept() reads the angles.
@@ -357,28 +391,41 @@ private slots:
         QTest::addColumn<QStringList>("edits");  // name=text pairs
         QTest::addColumn<QString>("field");
         QTest::addColumn<double>("value");
-        QTest::newRow("untouched BL start drops the half second") << QStringList() << "blGridXStartPosition" << 3725.0;
-        QTest::newRow("untouched KM start keeps its shown digits") << QStringList() << "kmGridXStartPosition" << 500123.0;
-        QTest::newRow("KM x start") << QStringList{"mLineEditKMGridXStartPosition=12.5"} << "kmGridXStartPosition" << 12.5;
-        QTest::newRow("KM y start") << QStringList{"mLineEditKMGridYStartPosition=1026"} << "kmGridYStartPosition" << 1026.0;
-        QTest::newRow("KM x distance") << QStringList{"mLineEditKMGridXDistances=250"} << "kmGridXDistance" << 250.0;
-        QTest::newRow("KM y distance") << QStringList{"mLineEditKMGridYDistances=0.5"} << "kmGridYDistance" << 0.5;
-        QTest::newRow("KM line width") << QStringList{"mLineEditKMGridLineWidth=2.25"} << "kmGridLineWidth" << 2.25;
-        QTest::newRow("KM tick width") << QStringList{"mLineEditKMGridRulerTickMarkWidth=4"} << "kmGridRulerTickMarkWidth" << 4.0;
-        QTest::newRow("BL line width") << QStringList{"mLineEditBLGridLineWidth=7"} << "blGridLineWidth" << 7.0;
-        QTest::newRow("BL tick width") << QStringList{"mLineEditBLGridRulerTickMarkWidth=0.1"} << "blGridRulerTickMarkWidth" << 0.1;
-        QTest::newRow("scale") << QStringList{"mLineEditConvertMapScaleDenominator=25000"} << "convertScale" << 25000.0;
-        QTest::newRow("unreadable text is 0") << QStringList{"mLineEditKMGridLineWidth=abc"} << "kmGridLineWidth" << 0.0;
+        QTest::newRow("untouched BL start drops the half second")
+            << QStringList() << "blGridXStartPosition" << 3725.0;
+        QTest::newRow("untouched KM start keeps its shown digits")
+            << QStringList() << "kmGridXStartPosition" << 500123.0;
+        QTest::newRow("KM x start") << QStringList{"mLineEditKMGridXStartPosition=12.5"}
+                                    << "kmGridXStartPosition" << 12.5;
+        QTest::newRow("KM y start") << QStringList{"mLineEditKMGridYStartPosition=1026"}
+                                    << "kmGridYStartPosition" << 1026.0;
+        QTest::newRow("KM x distance")
+            << QStringList{"mLineEditKMGridXDistances=250"} << "kmGridXDistance" << 250.0;
+        QTest::newRow("KM y distance")
+            << QStringList{"mLineEditKMGridYDistances=0.5"} << "kmGridYDistance" << 0.5;
+        QTest::newRow("KM line width")
+            << QStringList{"mLineEditKMGridLineWidth=2.25"} << "kmGridLineWidth" << 2.25;
+        QTest::newRow("KM tick width")
+            << QStringList{"mLineEditKMGridRulerTickMarkWidth=4"} << "kmGridRulerTickMarkWidth" << 4.0;
+        QTest::newRow("BL line width")
+            << QStringList{"mLineEditBLGridLineWidth=7"} << "blGridLineWidth" << 7.0;
+        QTest::newRow("BL tick width")
+            << QStringList{"mLineEditBLGridRulerTickMarkWidth=0.1"} << "blGridRulerTickMarkWidth" << 0.1;
+        QTest::newRow("scale") << QStringList{"mLineEditConvertMapScaleDenominator=25000"} << "convertScale"
+                               << 25000.0;
+        QTest::newRow("unreadable text is 0")
+            << QStringList{"mLineEditKMGridLineWidth=abc"} << "kmGridLineWidth" << 0.0;
         QTest::newRow("longitude start with a fraction of a second")
-            << QStringList{dms("LongitudeStartPosition", "Degrees") + "=1", dms("LongitudeStartPosition", "Minutes") + "=2",
+            << QStringList{dms("LongitudeStartPosition", "Degrees") + "=1",
+                           dms("LongitudeStartPosition", "Minutes") + "=2",
                            dms("LongitudeStartPosition", "Seconds") + "=5.5"}
             << "blGridXStartPosition" << 3725.5;
         QTest::newRow("latitude start") << QStringList{dms("LatitudeStartPosition", "Degrees") + "=90"}
                                         << "blGridYStartPosition" << 324000.0;
-        QTest::newRow("longitude distance") << QStringList{dms("LongitudeDistances", "Minutes") + "=15"}
-                                            << "blGridXDistance" << 959.0;
-        QTest::newRow("latitude distance, empty degrees") << QStringList{dms("LatitudeDistances", "Degrees") + "="}
-                                                          << "blGridYDistance" << 1800.0;
+        QTest::newRow("longitude distance")
+            << QStringList{dms("LongitudeDistances", "Minutes") + "=15"} << "blGridXDistance" << 959.0;
+        QTest::newRow("latitude distance, empty degrees")
+            << QStringList{dms("LatitudeDistances", "Degrees") + "="} << "blGridYDistance" << 1800.0;
     }
     void storedOnAccept() {
         QFETCH(QStringList, edits);
@@ -400,11 +447,11 @@ private slots:
         dialog.show();
         loadSample(dialog, false, false, 7);
         QCOMPARE(dialog.settings().kmSpacingType, 7);
-        QTest::mouseClick(child<QRadioButton>(&dialog, "mRadioButtonAutoCalcKMGridSpacingByScaleUnit"), Qt::LeftButton,
-                          {}, QPoint(5, 5));
+        QTest::mouseClick(child<QRadioButton>(&dialog, "mRadioButtonAutoCalcKMGridSpacingByScaleUnit"),
+                          Qt::LeftButton, {}, QPoint(5, 5));
         QCOMPARE(dialog.settings().kmSpacingType, 1);
-        QTest::mouseClick(child<QRadioButton>(&dialog, "mRadioButtonAutoCalcKMGridSpacingByMapScale"), Qt::LeftButton,
-                          {}, QPoint(5, 5));
+        QTest::mouseClick(child<QRadioButton>(&dialog, "mRadioButtonAutoCalcKMGridSpacingByMapScale"),
+                          Qt::LeftButton, {}, QPoint(5, 5));
         QCOMPARE(dialog.settings().kmSpacingType, 0);
     }
 
@@ -425,7 +472,8 @@ private slots:
         HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
         HORefPtr<HORedrawRecordingView> view = new HORedrawRecordingView;
         HORefPtr<HOMap> map = new HOMap;
-        if (!system.isEmpty()) map->SetSpatialReference(HOCoordinateSystem::FromUserInput(system.toStdWString()));
+        if (!system.isEmpty())
+            map->SetSpatialReference(HOCoordinateSystem::FromUserInput(system.toStdWString()));
         map->SetMapDisplayUnit(HOUnitKilometer);
         canvas.SetMapView(view);
         view->SetMap(map);
@@ -437,18 +485,22 @@ private slots:
         grid->set_km_grid_ruler_label_font_width(10);
         grid->set_bl_grid_color(HOColor(10, 20, 30, 128));
 
-        HXModalDriver<HxRulerAndGridSettingsDialog> driver([&](HxRulerAndGridSettingsDialog* dialog) {
-            QTest::mouseClick(child<QCheckBox>(dialog, "mCheckBoxDrawBLGrid"), Qt::LeftButton, {}, QPoint(5, 5));
-            auto* denominator = child<QLineEdit>(dialog, "mLineEditConvertMapScaleDenominator");
-            denominator->selectAll();
-            QTest::keyClicks(denominator, "10000");
-            auto* kmWidth = child<QLineEdit>(dialog, "mLineEditKMGridRulerLabelFontWidth");
-            kmWidth->selectAll();
-            QTest::keyClicks(kmWidth, "7");
-            child<HXColorBtn>(dialog, "mToolButtonKMGridColor")->setColor(QColor(200, 100, 50));
-            auto* buttons = child<QDialogButtonBox>(dialog, "mButtonBox");
-            QTest::mouseClick(buttons->button(ok ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel), Qt::LeftButton);
-        }, dialogShown ? 10000 : 300);
+        HXModalDriver<HxRulerAndGridSettingsDialog> driver(
+            [&](HxRulerAndGridSettingsDialog* dialog) {
+                QTest::mouseClick(child<QCheckBox>(dialog, "mCheckBoxDrawBLGrid"), Qt::LeftButton, {},
+                                  QPoint(5, 5));
+                auto* denominator = child<QLineEdit>(dialog, "mLineEditConvertMapScaleDenominator");
+                denominator->selectAll();
+                QTest::keyClicks(denominator, "10000");
+                auto* kmWidth = child<QLineEdit>(dialog, "mLineEditKMGridRulerLabelFontWidth");
+                kmWidth->selectAll();
+                QTest::keyClicks(kmWidth, "7");
+                child<HXColorBtn>(dialog, "mToolButtonKMGridColor")->setColor(QColor(200, 100, 50));
+                auto* buttons = child<QDialogButtonBox>(dialog, "mButtonBox");
+                QTest::mouseClick(buttons->button(ok ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel),
+                                  Qt::LeftButton);
+            },
+            dialogShown ? 10000 : 300);
         canvas.SetMapGridAndRuler();
         QCOMPARE(driver.done(), dialogShown);
         const bool written = ok && dialogShown;

@@ -107,11 +107,18 @@ private slots:
     void styleFromJson_data() {
         QTest::addColumn<QByteArray>("text");
         QTest::addColumn<QString>("style");
-        QTest::newRow("marker") << json("{'kind':'marker','shape':'star','size':14,'color':'#ffbf00', 'outline':'#8a6500','outlineWidth':2,'opacity':0.5}")
+        QTest::newRow("marker") << json(
+                                       "{'kind':'marker','shape':'star','size':14,'color':'#ffbf00', "
+                                       "'outline':'#8a6500','outlineWidth':2,'opacity':0.5}")
                                 << "marker shape 5 size 14 #ffbf00 outline #8a6500 2 opacity 0.5";
-        QTest::newRow("cased dashed line") << json("{'kind':'line','width':3,'color':'#ff0000', 'dash':'DashDot','casingWidth':1.5,'casingColor':'#000000'}")
-                                           << "line dash 3 width 3 #ff0000 casing 1.5 #000000 opacity 1";
-        QTest::newRow("hatched fill") << json("{'kind':'fill','pattern':'diagonalcross', 'color':'#00ff00','outline':'#0000ff','outlineWidth':0}")
+        QTest::newRow("cased dashed line")
+            << json(
+                   "{'kind':'line','width':3,'color':'#ff0000', "
+                   "'dash':'DashDot','casingWidth':1.5,'casingColor':'#000000'}")
+            << "line dash 3 width 3 #ff0000 casing 1.5 #000000 opacity 1";
+        QTest::newRow("hatched fill") << json(
+                                             "{'kind':'fill','pattern':'diagonalcross', "
+                                             "'color':'#00ff00','outline':'#0000ff','outlineWidth':0}")
                                       << "fill pattern 7 #00ff00 outline #0000ff 0 opacity 1";
         QTest::newRow("missing values keep the defaults")
             << json("{'kind':'fill'}") << "fill pattern 0 #505050 outline #282828 1 opacity 1";
@@ -131,7 +138,12 @@ private slots:
         QTest::addColumn<bool>("ok");
         QTest::addColumn<int>("addedMarkers");
         QTest::addColumn<QString>("error");
-        QTest::newRow("two symbols") << json("{'symbols':[ {'kind':'marker','name':'Well','shape':'triangle','color':'#0000ff'}, {'kind':'fill','name':'Paddy','pattern':'horizontal'}, {'kind':'unknown','name':'skipped'}]}") << true << 1 << "";
+        QTest::newRow("two symbols")
+            << json(
+                   "{'symbols':[ {'kind':'marker','name':'Well','shape':'triangle','color':'#0000ff'}, "
+                   "{'kind':'fill','name':'Paddy','pattern':'horizontal'}, "
+                   "{'kind':'unknown','name':'skipped'}]}")
+            << true << 1 << "";
         QTest::newRow("not JSON") << QByteArray("symbols: well") << false << 0 << "cannot read";
         QTest::newRow("no list of symbols") << json("{'markers':[]}") << false << 0 << "no list of symbols";
         QTest::newRow("no file") << QByteArray() << false << 0 << "cannot open";
@@ -162,25 +174,37 @@ private slots:
     void pickThroughDialog_data() {
         QTest::addColumn<HOStyle::StyleType>("type");
         QTest::addColumn<int>("row");
-        QTest::addColumn<int>("pattern");    // -1: unchanged
-        QTest::addColumn<QString>("size");   // typed into the size or width box; empty: unchanged
+        QTest::addColumn<int>("pattern");   // -1: unchanged
+        QTest::addColumn<QString>("size");  // typed into the size or width box; empty: unchanged
         QTest::addColumn<QString>("outlineWidth");
         QTest::addColumn<QString>("opacity");
         QTest::addColumn<QString>("color");  // picked in the colour dialog; empty: unchanged
         QTest::addColumn<bool>("accept");
         QTest::addColumn<QString>("style");
-        QTest::newRow("marker as it is") << HOStyle::MarkerStyle << 0 << -1 << "" << "" << "" << "" << true
-                                         << "marker shape 0 size 8 #d7191c outline #7f0000 1 opacity 1";
+        QTest::newRow("marker as it is")
+            << HOStyle::MarkerStyle << 0 << -1 << ""
+            << ""
+            << ""
+            << "" << true << "marker shape 0 size 8 #d7191c outline #7f0000 1 opacity 1";
         QTest::newRow("marker edited")
-            << HOStyle::MarkerStyle << 2 << int(HOStyle::Star) << "20" << "2" << "50" << "#00ffff" << true
-            << "marker shape 5 size 20 #00ffff outline #0b4a1f 2 opacity 0.5";
+            << HOStyle::MarkerStyle << 2 << int(HOStyle::Star) << "20"
+            << "2"
+            << "50"
+            << "#00ffff" << true << "marker shape 5 size 20 #00ffff outline #0b4a1f 2 opacity 0.5";
         QTest::newRow("cased line, dashed and wider")
-            << HOStyle::LineStyle << 10 << int(HOStyle::Dash) << "6" << "2" << "" << "" << true
-            << "line dash 1 width 6 #fdae61 casing 2 #7f4a00 opacity 1";
+            << HOStyle::LineStyle << 10 << int(HOStyle::Dash) << "6"
+            << "2"
+            << ""
+            << "" << true << "line dash 1 width 6 #fdae61 casing 2 #7f4a00 opacity 1";
         QTest::newRow("fill hatched and translucent")
-            << HOStyle::FillStyle << 1 << int(HOStyle::CrossHatch) << "" << "0" << "30" << "#123456" << true
-            << "fill pattern 4 #123456 outline #33a02c 0 opacity 0.3";
-        QTest::newRow("cancelled") << HOStyle::FillStyle << 3 << 2 << "" << "" << "10" << "" << false << "null";
+            << HOStyle::FillStyle << 1 << int(HOStyle::CrossHatch) << ""
+            << "0"
+            << "30"
+            << "#123456" << true << "fill pattern 4 #123456 outline #33a02c 0 opacity 0.3";
+        QTest::newRow("cancelled") << HOStyle::FillStyle << 3 << 2 << ""
+                                   << ""
+                                   << "10"
+                                   << "" << false << "null";
     }
     void pickThroughDialog() {
         QFETCH(HOStyle::StyleType, type);
@@ -192,15 +216,18 @@ private slots:
         QFETCH(QString, color);
         QFETCH(bool, accept);
         QFETCH(QString, style);
-        const QString libraryBefore = describe(HXStyleLibrary::instance().symbols(type)[std::size_t(row)].style.get());
+        const QString libraryBefore =
+            describe(HXStyleLibrary::instance().symbols(type)[std::size_t(row)].style.get());
 
         HXModalDriver<HXStylePickerDialog> driver([&](HXStylePickerDialog* dialog) {
             auto* list = child<QListWidget>(dialog, "mSymbolList");
             list->scrollToItem(list->item(row));
-            QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row)).center());
+            QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                              list->visualItemRect(list->item(row)).center());
             if (pattern >= 0) child<QComboBox>(dialog, "mPatternCombo")->setCurrentIndex(pattern);
             if (!size.isEmpty()) typeInto(child<QDoubleSpinBox>(dialog, "mSizeSpin"), size);
-            if (!outlineWidth.isEmpty()) typeInto(child<QDoubleSpinBox>(dialog, "mOutlineWidthSpin"), outlineWidth);
+            if (!outlineWidth.isEmpty())
+                typeInto(child<QDoubleSpinBox>(dialog, "mOutlineWidthSpin"), outlineWidth);
             if (!opacity.isEmpty()) typeInto(child<QSpinBox>(dialog, "mOpacitySpin"), opacity);
             if (!color.isEmpty()) {
                 HXModalDriver<QColorDialog> colorDriver([&](QColorDialog* colors) {
@@ -212,13 +239,15 @@ private slots:
             }
             auto* buttons = child<QDialogButtonBox>(dialog, "mButtonBox");
             saveScreenshot(dialog, QString("stylepicker-%1").arg(type));
-            QTest::mouseClick(buttons->button(accept ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel), Qt::LeftButton);
+            QTest::mouseClick(buttons->button(accept ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel),
+                              Qt::LeftButton);
         });
         const HORefPtr<HOStyle> chosen(selectStyle(type));
         QVERIFY2(driver.done(), "the picker did not open");
         QCOMPARE(describe(chosen.get()), style);
         // The library's symbol is a template: editing the choice leaves it as it was.
-        QCOMPARE(describe(HXStyleLibrary::instance().symbols(type)[std::size_t(row)].style.get()), libraryBefore);
+        QCOMPARE(describe(HXStyleLibrary::instance().symbols(type)[std::size_t(row)].style.get()),
+                 libraryBefore);
     }
 
     void previewFollowsEdits_data() {
