@@ -146,13 +146,6 @@ private slots:
         QCOMPARE(widget->property(qobject_cast<QGroupBox*>(widget) ? "title" : "text").toString(), text);
     }
 
-    void colorButtons() {
-        HxRulerAndGridSettingsDialog dialog(false, nullptr);
-        for (const char* grid : {"KM", "BL"})
-            for (const char* name : {"GridColor", "GridRulerTickMarkColor", "GridRulerLabelFontColor"})
-                QVERIFY(child<HXColorBtn>(&dialog, QString("mToolButton%1%2").arg(grid, name)));
-    }
-
     void validators_data() {
         QTest::addColumn<QString>("name");
         QTest::addColumn<double>("top");
