@@ -50,7 +50,7 @@ public:
     // Re-renders an area (an empty rectangle: everything).
     void RefreshMap(bool all, const HORect& area);
     // Re-renders one layer's cached image only.
-    void Refresh(HOLayer* layer, HOMapCache::CacheType cacheType, const HORect& area);
+    virtual void Refresh(HOLayer* layer, HOMapCache::CacheType cacheType, const HORect& area);
     // Cancels the running render; with wait, returns after the render thread has stopped.
     void StopRender(bool wait);
     // Selects every feature of the visible feature layers.

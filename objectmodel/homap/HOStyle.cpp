@@ -26,4 +26,18 @@ HORefPtr<HOStyle> HOStyle::NewFill(const HOColor& fill, const HOColor& outline, 
     return style;
 }
 
+HOStyle* HOStyle::Clone() const {
+    auto* copy = new HOStyle(m_type);
+    copy->m_shape = m_shape;
+    copy->m_dash = m_dash;
+    copy->m_fillPattern = m_fillPattern;
+    copy->m_size = m_size;
+    copy->m_width = m_width;
+    copy->m_casingWidth = m_casingWidth;
+    copy->m_opacity = m_opacity;
+    copy->m_color = m_color;
+    copy->m_outline = m_outline;
+    return copy;
+}
+
 }  // namespace HXObjects

@@ -22,6 +22,35 @@ Qt::PenStyle penStyle(HOStyle::DashPattern dash) {
     return Qt::SolidLine;
 }
 
+Qt::BrushStyle brushStyle(HOStyle::FillPattern pattern) {
+    switch (pattern) {
+        case HOStyle::NoFill:
+            return Qt::NoBrush;
+        case HOStyle::HorizontalHatch:
+            return Qt::HorPattern;
+        case HOStyle::VerticalHatch:
+            return Qt::VerPattern;
+        case HOStyle::CrossHatch:
+            return Qt::CrossPattern;
+        case HOStyle::ForwardDiagonalHatch:
+            return Qt::FDiagPattern;
+        case HOStyle::BackwardDiagonalHatch:
+            return Qt::BDiagPattern;
+        case HOStyle::DiagonalCrossHatch:
+            return Qt::DiagCrossPattern;
+        case HOStyle::SolidFill:
+            break;
+    }
+    return Qt::SolidPattern;
+}
+
+// One of the style's colours with the style's opacity.
+QColor styleColor(const HOStyle& style, const HOColor& color) {
+    QColor c = color.toQColor();
+    c.setAlphaF(c.alphaF() * qBound(0.0, style.GetOpacity(), 1.0));
+    return c;
+}
+
 QPolygonF regularPolygon(int corners, double radius, double innerRadius, double startDegrees) {
     QPolygonF polygon;
     const int steps = innerRadius > 0 ? corners * 2 : corners;
@@ -69,7 +98,7 @@ QPainterPath markerPath(HOStyle::MarkerShape shape, double size) {
 QPen HOStylePainter::Pen(const HOStyle& style) {
     const bool line = style.GetStyleType() == HOStyle::LineStyle;
     if (style.GetWidth() <= 0 && !line) return QPen(Qt::NoPen);
-    QPen pen(line ? style.GetColor().toQColor() : style.GetOutlineColor().toQColor());
+    QPen pen(styleColor(style, line ? style.GetColor() : style.GetOutlineColor()));
     // Widths up to one pixel take the fast one-pixel path of the raster engine.
     pen.setWidthF(style.GetWidth() <= 1.0 ? 0.0 : style.GetWidth());
     pen.setStyle(line ? penStyle(style.GetDash()) : Qt::SolidLine);
@@ -78,16 +107,28 @@ QPen HOStylePainter::Pen(const HOStyle& style) {
     return pen;
 }
 
+QPen HOStylePainter::CasingPen(const HOStyle& style) {
+    if (style.GetStyleType() != HOStyle::LineStyle || style.GetCasingWidth() <= 0) return QPen(Qt::NoPen);
+    QPen pen(styleColor(style, style.GetOutlineColor()),
+             std::max(1.0, style.GetWidth()) + 2 * style.GetCasingWidth());
+    pen.setCapStyle(Qt::RoundCap);
+    pen.setJoinStyle(Qt::RoundJoin);
+    return pen;
+}
+
 QBrush HOStylePainter::Brush(const HOStyle& style) {
     if (style.GetStyleType() == HOStyle::LineStyle) return QBrush(Qt::NoBrush);
-    return QBrush(style.GetColor().toQColor());
+    const Qt::BrushStyle pattern =
+        style.GetStyleType() == HOStyle::FillStyle ? brushStyle(style.GetFillPattern()) : Qt::SolidPattern;
+    return QBrush(styleColor(style, style.GetColor()), pattern);
 }
 
 void HOStylePainter::DrawMarker(QPainter& painter, const HOStyle& style, const QPointF& centre) {
     painter.save();
     painter.translate(centre);
     const bool cross = style.GetMarkerShape() == HOStyle::Cross;
-    QPen pen = cross ? QPen(style.GetColor().toQColor(), std::max(1.0, style.GetWidth())) : Pen(style);
+    QPen pen =
+        cross ? QPen(styleColor(style, style.GetColor()), std::max(1.0, style.GetWidth())) : Pen(style);
     painter.setPen(pen);
     painter.setBrush(cross ? QBrush(Qt::NoBrush) : Brush(style));
     painter.drawPath(markerPath(style.GetMarkerShape(), style.GetSize()));
@@ -114,11 +155,14 @@ void HOStylePainter::DrawPreview(QPainter& painter, const HOStyle& style, const 
             DrawMarker(painter, style, rect.center());
             break;
         case HOStyle::LineStyle: {
-            painter.setPen(Pen(style));
             const QPointF zigzag[] = {
                 inner.bottomLeft(), QPointF(inner.left() + inner.width() / 3, inner.top()),
                 QPointF(inner.left() + inner.width() * 2 / 3, inner.bottom()), inner.topRight()};
-            painter.drawPolyline(zigzag, 4);
+            for (const QPen& pen : {CasingPen(style), Pen(style)}) {
+                if (pen.style() == Qt::NoPen) continue;
+                painter.setPen(pen);
+                painter.drawPolyline(zigzag, 4);
+            }
             break;
         }
         case HOStyle::FillStyle:

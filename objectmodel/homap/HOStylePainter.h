@@ -17,7 +17,9 @@ class HOStylePainter {
 public:
     // The line of a line style, or the outline of a fill or marker style (no pen for width 0).
     static QPen Pen(const HOStyle& style);
-    // The fill of a fill or marker style; no brush for a line style.
+    // The casing drawn beneath a line (no pen when the style has none).
+    static QPen CasingPen(const HOStyle& style);
+    // The fill of a fill or marker style, solid or hatched; no brush for a line style.
     static QBrush Brush(const HOStyle& style);
     // Draws a marker centred on the point with the current painter state replaced by the style's.
     static void DrawMarker(QPainter& painter, const HOStyle& style, const QPointF& centre);

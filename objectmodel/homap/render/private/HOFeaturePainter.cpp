@@ -42,9 +42,13 @@ void HOFeaturePainter::useStyle(const HOStyle& style) {
     if (m_current == &style) return;
     m_current = &style;
     m_pen = HOStylePainter::Pen(style);
+    m_casing = HOStylePainter::CasingPen(style);
     m_brush = HOStylePainter::Brush(style);
     m_mode = Mode::Unset;
-    m_rasterizeLines = HODirectTarget::Of(m_painter).IsValid() && HOLineRasterizer::Handles(m_pen);
+    // A cased line is drawn in two passes through the painter, so nothing may wait in the queue.
+    const bool cased = m_casing.style() != Qt::NoPen;
+    if (cased) m_rasterizer.Flush();
+    m_rasterizeLines = !cased && HODirectTarget::Of(m_painter).IsValid() && HOLineRasterizer::Handles(m_pen);
     if (m_rasterizeLines) m_rasterizer.SetColor(m_pen.color());
 }
 
@@ -117,6 +121,12 @@ void HOFeaturePainter::drawLine(uint32_t feature) {
         if (m_path.Append(vertex(m_topology.VertexBegin(part)), vertex(m_topology.VertexEnd(part))) < 2)
             continue;
         if (m_path.Width() < 1.0 && m_path.Height() < 1.0) continue;
+        if (m_casing.style() != Qt::NoPen) {
+            beginStroke();
+            m_painter.setPen(m_casing);
+            m_painter.drawPolyline(m_path.Points(), m_path.Size());
+            m_painter.setPen(m_pen);
+        }
         stroke(m_path.Points(), m_path.Size(), true);
     }
 }

@@ -45,6 +45,7 @@ private:
     bool m_rasterizeLines = false;  // the current pen is drawn by m_rasterizer
     const HOStyle* m_current = nullptr;
     QPen m_pen;
+    QPen m_casing;  // beneath the line pen; NoPen for most styles
     QBrush m_brush;
     bool m_antialias;
     enum class Mode { Unset, Fill, Stroke } m_mode = Mode::Unset;
