@@ -1,0 +1,148 @@
+#include "source/private/HOStoreReprojector.h"
+
+#include <cpl_error.h>
+#include <ogr_geometry.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "HOCoordinateSystem.h"
+#include "source/private/HOExtentProjector.h"
+#include "source/private/HOValidRegion.h"
+
+namespace HXObjects {
+
+namespace {
+
+constexpr double densifyStep = 1.0;  // degrees: the longest edge left as it is
+
+bool finite(const HOVertex& v) {
+    return std::isfinite(v.x) && std::isfinite(v.y);
+}
+
+}  // namespace
+
+std::shared_ptr<const HOFeatureStore> HOStoreReprojector::Project(const HOFeatureStore& source,
+                                                                  const HOCoordinateSystem* from,
+                                                                  const HOCoordinateSystem* to) {
+    CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);  // GEOS reports a failed cut through CPL
+    const HOValidRegion region(to);
+    const HOCoordinateSystem* degreesSystem = region.Geographic().get();
+    std::vector<HOVertex> vertices = source.Vertices();
+    if (!degreesSystem || !HOExtentProjector::Project(vertices, from, degreesSystem)) return nullptr;
+    const HOFeatureTopology& topology = source.Topology();
+    std::shared_ptr<const HOFeatureTopology> parts = source.SharedTopology();
+    const bool densify = !const_cast<HOCoordinateSystem*>(to)->IsGeographic();
+    if (topology.IsSinglePoints() || (region.IsWholeWorld() && !densify)) {
+        // Parts stay as they are: points outside are left out when drawn.
+        for (HOVertex& v : vertices)
+            if (!region.Contains(v)) v = {NAN, NAN};
+    } else {
+        HOStoreReprojector builder(region, densify);
+        builder.cutFeatures(topology, vertices);
+        vertices = std::move(builder.m_vertices);
+        parts = std::make_shared<const HOFeatureTopology>(std::move(builder.m_topology));
+    }
+    if (!HOExtentProjector::Project(vertices, degreesSystem, to)) return nullptr;
+    return std::make_shared<const HOFeatureStore>(std::move(parts), std::move(vertices));
+}
+
+HOStoreReprojector::HOStoreReprojector(const HOValidRegion& region, bool densify)
+    : m_region(region), m_densify(densify) {}
+
+void HOStoreReprojector::cutFeatures(const HOFeatureTopology& t, const std::vector<HOVertex>& degrees) {
+    m_topology.Reserve(t.FeatureCount());
+    m_vertices.reserve(degrees.size() + degrees.size() / 8);
+    const auto inside = [&](const HOVertex& v) { return m_region.Contains(v); };
+    for (std::size_t f = 0; f < t.FeatureCount(); ++f) {
+        for (uint32_t part = t.PartBegin(f); part < t.PartEnd(f); ++part) {
+            const HOVertex* first = degrees.data() + t.VertexBegin(part);
+            const HOVertex* last = degrees.data() + t.VertexEnd(part);
+            const HOFeatureKind kind = t.PartKind(f, part);
+            if (kind == HOFeatureKind::Point) {
+                std::copy_if(first, last, std::back_inserter(m_vertices), inside);
+                m_topology.EndPart(uint32_t(m_vertices.size()), kind);
+            } else if (std::all_of(first, last, inside)) {
+                appendPart(first, last, kind, 0.0);
+            } else {
+                cutPart(first, last, kind);
+            }
+        }
+        m_topology.EndFeature(t.Kind(f), t.Id(f));
+    }
+    m_topology.Compact();
+}
+
+void HOStoreReprojector::cutPart(const HOVertex* first, const HOVertex* last, HOFeatureKind kind) {
+    const bool area = kind == HOFeatureKind::Polygon;
+    std::unique_ptr<OGRSimpleCurve> curve(area ? static_cast<OGRSimpleCurve*>(new OGRLinearRing)
+                                               : new OGRLineString);
+    HOBox box;
+    for (const HOVertex* v = first; v != last; ++v) {
+        if (!finite(*v)) continue;
+        curve->addPoint(v->x, v->y);
+        box.Add(*v);
+    }
+    if (curve->getNumPoints() < (area ? 3 : 2)) return;
+    std::unique_ptr<OGRGeometry> geometry;
+    if (area) {
+        curve->closeRings();
+        auto polygon = std::make_unique<OGRPolygon>();
+        polygon->addRingDirectly(static_cast<OGRLinearRing*>(curve.release()));
+        geometry = std::move(polygon);
+    } else {
+        geometry = std::move(curve);
+    }
+    for (const HOValidRegion::Piece& piece : m_region.Pieces()) {
+        if (box.max.x < piece.west || box.min.x > piece.east) continue;
+        std::unique_ptr<OGRGeometry> cut(geometry->Intersection(piece.shape.get()));
+        if (!cut && area) {
+            // A ring that crosses itself: GEOS cuts its valid form instead.
+            std::unique_ptr<OGRGeometry> valid(geometry->MakeValid());
+            if (valid) cut.reset(valid->Intersection(piece.shape.get()));
+        }
+        if (cut) appendPieces(*cut, kind, piece.shift);
+    }
+}
+
+void HOStoreReprojector::appendPieces(const OGRGeometry& geometry, HOFeatureKind kind, double shift) {
+    const OGRwkbGeometryType type = wkbFlatten(geometry.getGeometryType());
+    if (OGR_GT_IsSubClassOf(type, wkbGeometryCollection)) {
+        for (const OGRGeometry* member : *geometry.toGeometryCollection()) appendPieces(*member, kind, shift);
+        return;
+    }
+    // A cut may leave bits of lower dimension where the part touches the edge: those are dropped.
+    if (kind == HOFeatureKind::Polygon && type == wkbPolygon) {
+        for (const OGRLinearRing* ring : *geometry.toPolygon()) appendCurve(*ring, kind, shift);
+    } else if (kind == HOFeatureKind::Line && type == wkbLineString) {
+        appendCurve(*geometry.toSimpleCurve(), kind, shift);
+    }
+}
+
+void HOStoreReprojector::appendCurve(const OGRSimpleCurve& curve, HOFeatureKind kind, double shift) {
+    m_scratch.resize(std::size_t(curve.getNumPoints()));
+    static_assert(sizeof(OGRRawPoint) == sizeof(HOVertex), "vertices are copied as OGR raw points");
+    curve.getPoints(reinterpret_cast<OGRRawPoint*>(m_scratch.data()));
+    appendPart(m_scratch.data(), m_scratch.data() + m_scratch.size(), kind, shift);
+}
+
+void HOStoreReprojector::appendPart(const HOVertex* first, const HOVertex* last, HOFeatureKind kind,
+                                    double shift) {
+    const HOVertex* previous = nullptr;
+    for (const HOVertex* v = first; v != last; ++v) {
+        if (!finite(*v)) continue;
+        const HOVertex here{v->x + shift, v->y};
+        if (m_densify && previous) {
+            const HOVertex from{previous->x + shift, previous->y};
+            const double span = std::max(std::fabs(here.x - from.x), std::fabs(here.y - from.y));
+            const int steps = int(std::ceil(span / densifyStep));
+            for (int i = 1; i < steps; ++i)
+                m_vertices.push_back({from.x + (here.x - from.x) * i / steps, from.y + (here.y - from.y) * i / steps});
+        }
+        m_vertices.push_back(here);
+        previous = v;
+    }
+    m_topology.EndPart(uint32_t(m_vertices.size()), kind);
+}
+
+}  // namespace HXObjects
