@@ -1,5 +1,5 @@
 // How unstyled vector layers look: each layer added to a map takes its own colour, features far below
-// a pixel still show, and each member of a geometry collection is drawn as what it is.
+// a pixel still show, and each member of a geometry collection is drawn (and picked) as what it is.
 #include <QTemporaryDir>
 #include <QtTest>
 #include <set>
@@ -105,6 +105,9 @@ private slots:
                  wkbGeometryCollection, {{wkt.toStdString()}});
         QVERIFY(layer);
         QTEST(!isBackground(render(layer).pixel(pixel)), "drawn");
+        // Picked where it is drawn, by the member's own shape.
+        const HOPoint centre(pixel.x() + 0.5, 100 - pixel.y() - 0.5);
+        QTEST(!layer->IdentifyAt(centre, 0.5).empty(), "drawn");
     }
 
 private:

@@ -57,6 +57,7 @@ HORect HOExtentProjector::Project(const HORect& rect, const HOCoordinateSystem* 
     // A single point's extent has no area but still has a place.
     const bool valid = rect.maxx >= rect.minx && rect.maxy >= rect.miny;
     if (!valid || IsIdentity(from, to)) return rect;
+    CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
     const HOValidRegion region(to);
     const HOCoordinateSystem* degrees = region.Geographic().get();
     if (!degrees) return HORect();
