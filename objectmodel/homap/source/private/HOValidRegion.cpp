@@ -70,6 +70,10 @@ HOValidRegion::HOValidRegion(const HOCoordinateSystem* system) {
     m_geographic = HOCoordinateSystem::FromOgr(base);
     if (base) base->Release();
     m_centre = srs.GetNormProjParm(SRS_PP_CENTRAL_MERIDIAN, 0.0);
+    // Azimuthal projections go on round the pole: no meridian is the world's edge.
+    m_seamless = methodIs(srs, "Orthographic") || methodIs(srs, "Polar_Stereographic") ||
+                 methodIs(srs, "Stereographic") || methodIs(srs, "Azimuthal") ||
+                 methodIs(srs, "Lambert_Azimuthal") || methodIs(srs, "Gnomonic");
     if (methodIs(srs, "Orthographic")) {
         setCap(srs.GetNormProjParm(SRS_PP_LATITUDE_OF_ORIGIN, 0.0), m_centre);
         return;
@@ -139,6 +143,10 @@ void HOValidRegion::setCap(double latitude, double longitude) {
 }
 
 void HOValidRegion::cutIntoTurns(const OGRGeometry& whole) {
+    if (m_seamless) {
+        m_pieces.push_back({-reach, reach, 0.0, std::shared_ptr<OGRGeometry>(whole.clone())});
+        return;
+    }
     for (double shift : {360.0, 0.0, -360.0}) {
         const double west = m_centre - 180.0 - shift, east = m_centre + 180.0 - shift;
         std::unique_ptr<OGRPolygon> turn(polygon(rectangle(west, -90.0, east, 90.0)));
@@ -155,7 +163,7 @@ HOVertex HOValidRegion::Home(const HOVertex& v) const {
 
 bool HOValidRegion::Contains(const HOVertex& v) const {
     if (m_wholeWorld) return std::isfinite(v.x) && std::isfinite(v.y);
-    if (!(std::fabs(v.x - m_centre) <= 180.0)) return false;
+    if (!m_seamless && !(std::fabs(v.x - m_centre) <= 180.0)) return false;
     if (m_cap) {
         const double lat = radians(v.y);
         const double cosAngle =

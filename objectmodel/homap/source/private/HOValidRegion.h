@@ -4,9 +4,10 @@
 // margin (projections hold well past the area they were made for, and a neighbour's data just beyond
 // it stays visible); Mercator stops at ±85.0511°, where its square world ends; an orthographic view
 // holds the hemisphere that faces it; a system without a recorded area takes the whole globe.
-// A projection's world ends at the meridian opposite its centre: what runs across that seam (or lies
-// a turn away, at longitudes past ±180) must be cut there and moved by whole turns to the side it is
-// drawn on. So the region comes as pieces, one per turn, each with the shift that brings it home.
+// A cylindrical or conic projection's world ends at the meridian opposite its centre: what runs across
+// that seam (or lies a turn away, at longitudes past ±180) must be cut there and moved by whole turns
+// to the side it is drawn on. So the region comes as pieces, one per turn, each with the shift that
+// brings it home; an azimuthal projection has no seam and its region is one piece.
 // Built once per projected copy of a layer; Contains() is cheap enough to ask per vertex.
 #include <memory>
 #include <vector>
@@ -50,6 +51,7 @@ private:
 
     HORefPtr<HOCoordinateSystem> m_geographic;
     bool m_wholeWorld = false;
+    bool m_seamless = false;  // azimuthal: no seam to cut at
     double m_centre = 0;  // the central meridian; the centre turn spans 180° either side
     // A rectangle (repeating in longitude) ...
     double m_west = -180, m_south = -90, m_east = 180, m_north = 90;
