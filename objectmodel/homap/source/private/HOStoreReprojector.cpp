@@ -75,34 +75,44 @@ void HOStoreReprojector::cutFeatures(const HOFeatureTopology& t, const std::vect
 
 void HOStoreReprojector::cutPart(const HOVertex* first, const HOVertex* last, HOFeatureKind kind) {
     const bool area = kind == HOFeatureKind::Polygon;
-    std::unique_ptr<OGRSimpleCurve> curve(area ? static_cast<OGRSimpleCurve*>(new OGRLinearRing)
-                                               : new OGRLineString);
+    m_scratch.clear();
+    std::copy_if(first, last, std::back_inserter(m_scratch), finite);
+    if (m_scratch.size() < (area ? 3u : 2u)) return;
     HOBox box;
-    for (const HOVertex* v = first; v != last; ++v) {
-        if (!finite(*v)) continue;
-        curve->addPoint(v->x, v->y);
-        box.Add(*v);
-    }
-    if (curve->getNumPoints() < (area ? 3 : 2)) return;
-    std::unique_ptr<OGRGeometry> geometry;
-    if (area) {
-        curve->closeRings();
-        auto polygon = std::make_unique<OGRPolygon>();
-        polygon->addRingDirectly(static_cast<OGRLinearRing*>(curve.release()));
-        geometry = std::move(polygon);
-    } else {
-        geometry = std::move(curve);
-    }
-    for (const HOValidRegion::Piece& piece : m_region.Pieces()) {
-        if (box.max.x < piece.west || box.min.x > piece.east) continue;
-        std::unique_ptr<OGRGeometry> cut(geometry->Intersection(piece.shape.get()));
+    for (const HOVertex& v : m_scratch) box.Add(v);
+    std::unique_ptr<OGRGeometry> geometry;  // made once the region is known to come near
+    for (const HOValidRegion::Turn& turn : m_region.Turns()) {
+        // The region near the part only (a degree around it), so a cut costs what the part does.
+        HOBox near;
+        near.min = {std::max(box.min.x - 1.0, turn.west), box.min.y - 1.0};
+        near.max = {std::min(box.max.x + 1.0, turn.east), box.max.y + 1.0};
+        const std::unique_ptr<OGRGeometry> shape = m_region.ShapeIn(near);
+        if (!shape) continue;
+        if (!geometry) geometry = toOgr(area);
+        std::unique_ptr<OGRGeometry> cut(geometry->Intersection(shape.get()));
         if (!cut && area) {
             // A ring that crosses itself: GEOS cuts its valid form instead.
             std::unique_ptr<OGRGeometry> valid(geometry->MakeValid());
-            if (valid) cut.reset(valid->Intersection(piece.shape.get()));
+            if (valid) cut.reset(valid->Intersection(shape.get()));
         }
-        if (cut) appendPieces(*cut, kind, piece.shift);
+        if (cut) appendPieces(*cut, kind, turn.shift);
     }
+}
+
+std::unique_ptr<OGRGeometry> HOStoreReprojector::toOgr(bool area) const {
+    static_assert(sizeof(OGRRawPoint) == sizeof(HOVertex), "vertices are copied as OGR raw points");
+    const auto* points = reinterpret_cast<const OGRRawPoint*>(m_scratch.data());
+    if (!area) {
+        auto line = std::make_unique<OGRLineString>();
+        line->setPoints(int(m_scratch.size()), points);
+        return line;
+    }
+    auto* ring = new OGRLinearRing;
+    ring->setPoints(int(m_scratch.size()), points);
+    ring->closeRings();
+    auto polygon = std::make_unique<OGRPolygon>();
+    polygon->addRingDirectly(ring);
+    return polygon;
 }
 
 void HOStoreReprojector::appendPieces(const OGRGeometry& geometry, HOFeatureKind kind, double shift) {
@@ -120,10 +130,9 @@ void HOStoreReprojector::appendPieces(const OGRGeometry& geometry, HOFeatureKind
 }
 
 void HOStoreReprojector::appendCurve(const OGRSimpleCurve& curve, HOFeatureKind kind, double shift) {
-    m_scratch.resize(std::size_t(curve.getNumPoints()));
-    static_assert(sizeof(OGRRawPoint) == sizeof(HOVertex), "vertices are copied as OGR raw points");
-    curve.getPoints(reinterpret_cast<OGRRawPoint*>(m_scratch.data()));
-    appendPart(m_scratch.data(), m_scratch.data() + m_scratch.size(), kind, shift);
+    m_piece.resize(std::size_t(curve.getNumPoints()));
+    curve.getPoints(reinterpret_cast<OGRRawPoint*>(m_piece.data()));
+    appendPart(m_piece.data(), m_piece.data() + m_piece.size(), kind, shift);
 }
 
 void HOStoreReprojector::appendPart(const HOVertex* first, const HOVertex* last, HOFeatureKind kind,

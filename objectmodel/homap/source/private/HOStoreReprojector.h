@@ -31,6 +31,8 @@ private:
 
     void cutFeatures(const HOFeatureTopology& topology, const std::vector<HOVertex>& degrees);
     void cutPart(const HOVertex* first, const HOVertex* last, HOFeatureKind kind);
+    // The part in m_scratch as an OGR polygon or line.
+    std::unique_ptr<OGRGeometry> toOgr(bool area) const;
     void appendPieces(const OGRGeometry& geometry, HOFeatureKind kind, double shift);
     void appendCurve(const OGRSimpleCurve& curve, HOFeatureKind kind, double shift);
     // Appends the finite vertices moved by `shift` degrees of longitude, densified, as one part.
@@ -40,7 +42,8 @@ private:
     bool m_densify;
     HOFeatureTopology m_topology;
     std::vector<HOVertex> m_vertices;
-    std::vector<HOVertex> m_scratch;  // one cut piece at a time
+    std::vector<HOVertex> m_scratch;  // the finite vertices of the part being cut
+    std::vector<HOVertex> m_piece;    // one cut piece at a time
 };
 
 }  // namespace HXObjects

@@ -16,8 +16,7 @@ namespace {
 constexpr double margin = 15.0;                     // degrees added around a recorded area
 constexpr double mercatorLimit = 85.0511287798066;  // latitude of Web Mercator's square edge
 constexpr double capRadius = 89.5;                  // degrees: the horizon itself projects unreliably
-constexpr double edgeStep = 1.0;                    // degrees between the region's edge vertices
-constexpr double reach = 720.0;                     // the region is built over -reach..reach
+constexpr double capStep = 0.25;                    // degrees between vertices of the cap's edge
 constexpr double pi = 3.14159265358979323846;
 
 double radians(double degrees) {
@@ -41,20 +40,16 @@ OGRPolygon* polygon(const std::vector<HOVertex>& points) {
     return result;
 }
 
-// Points from a to b, a included, b left out, at most edgeStep apart.
-void appendEdge(std::vector<HOVertex>& out, HOVertex a, HOVertex b) {
-    const double span = std::max(std::fabs(b.x - a.x), std::fabs(b.y - a.y));
-    const int n = std::max(1, int(std::ceil(span / edgeStep)));
-    for (int i = 0; i < n; ++i) out.push_back({a.x + (b.x - a.x) * i / n, a.y + (b.y - a.y) * i / n});
-}
-
-std::vector<HOVertex> rectangle(double west, double south, double east, double north) {
-    std::vector<HOVertex> ring;
-    appendEdge(ring, {west, south}, {east, south});
-    appendEdge(ring, {east, south}, {east, north});
-    appendEdge(ring, {east, north}, {west, north});
-    appendEdge(ring, {west, north}, {west, south});
-    return ring;
+// The outline of a rectangle with a vertex at least every degree (for the extent's samples).
+std::vector<HOVertex> outline(double west, double south, double east, double north) {
+    std::vector<HOVertex> points;
+    const HOVertex corners[] = {{west, south}, {east, south}, {east, north}, {west, north}};
+    for (int c = 0; c < 4; ++c) {
+        const HOVertex a = corners[c], b = corners[(c + 1) % 4];
+        const int n = std::max(1, int(std::ceil(std::max(std::fabs(b.x - a.x), std::fabs(b.y - a.y)))));
+        for (int i = 0; i < n; ++i) points.push_back({a.x + (b.x - a.x) * i / n, a.y + (b.y - a.y) * i / n});
+    }
+    return points;
 }
 
 }  // namespace
@@ -71,9 +66,14 @@ HOValidRegion::HOValidRegion(const HOCoordinateSystem* system) {
     if (base) base->Release();
     m_centre = srs.GetNormProjParm(SRS_PP_CENTRAL_MERIDIAN, 0.0);
     // Azimuthal projections go on round the pole: no meridian is the world's edge.
-    m_seamless = methodIs(srs, "Orthographic") || methodIs(srs, "Polar_Stereographic") ||
-                 methodIs(srs, "Stereographic") || methodIs(srs, "Azimuthal") ||
-                 methodIs(srs, "Lambert_Azimuthal") || methodIs(srs, "Gnomonic");
+    const bool seamless = methodIs(srs, "Orthographic") || methodIs(srs, "Polar_Stereographic") ||
+                          methodIs(srs, "Stereographic") || methodIs(srs, "Azimuthal") ||
+                          methodIs(srs, "Lambert_Azimuthal") || methodIs(srs, "Gnomonic");
+    if (seamless)
+        m_turns.push_back({-INFINITY, INFINITY, 0.0});
+    else
+        for (double shift : {360.0, 0.0, -360.0})
+            m_turns.push_back({m_centre - 180.0 - shift, m_centre + 180.0 - shift, shift});
     if (methodIs(srs, "Orthographic")) {
         setCap(srs.GetNormProjParm(SRS_PP_LATITUDE_OF_ORIGIN, 0.0), m_centre);
         return;
@@ -99,16 +99,10 @@ void HOValidRegion::setRectangle(double west, double south, double east, double 
     m_south = south;
     m_east = east;
     m_north = north;
-    OGRMultiPolygon whole;
-    if (east - west >= 360.0) {
-        whole.addGeometryDirectly(polygon(rectangle(-reach, south, reach, north)));
-        m_edge = rectangle(m_centre - 180.0, south, m_centre + 180.0, north);
-    } else {
-        for (double turn = -reach; turn <= reach; turn += 360.0)
-            whole.addGeometryDirectly(polygon(rectangle(west + turn, south, east + turn, north)));
-        m_edge = rectangle(west, south, east, north);
-    }
-    cutIntoTurns(whole);
+    if (east - west >= 360.0)
+        m_edge = outline(m_centre - 180.0, south, m_centre + 180.0, north);
+    else
+        m_edge = outline(west, south, east, north);
 }
 
 void HOValidRegion::setCap(double latitude, double longitude) {
@@ -118,41 +112,57 @@ void HOValidRegion::setCap(double latitude, double longitude) {
         return;
     }
     m_cap = true;
+    m_capSide = latitude > 0 ? 1.0 : -1.0;
     m_sinLat0 = std::sin(radians(latitude));
     m_cosLat0 = std::cos(radians(latitude));
     m_cosRadius = std::cos(radians(capRadius));
-    // The cap's edge as a latitude for each longitude: with A = |sin(lat0)|, B = cos(lat0) cos(dlon),
-    // points on it satisfy A sin(lat) + B cos(lat) = cos(radius); mirrored for a southern centre.
-    const double side = latitude > 0 ? 1.0 : -1.0;  // the cap holds this pole
-    const double a = std::fabs(m_sinLat0);
-    const auto edgeLatitude = [&](double lon) {
-        const double b = m_cosLat0 * std::cos(radians(lon - longitude));
-        const double lat = std::asin(std::min(1.0, m_cosRadius / std::hypot(a, b))) - std::atan2(b, a);
-        return side * std::clamp(lat * 180.0 / pi, -90.0, 90.0);
-    };
-    constexpr double fine = 0.25;  // the edge turns steeply where it passes the far side
-    std::vector<HOVertex> ring;
-    for (double lon = -reach; lon <= reach; lon += fine) {
-        ring.push_back({lon, edgeLatitude(lon)});
-        if (std::fabs(lon - m_centre) <= 180.0) m_edge.push_back(ring.back());
-    }
-    ring.push_back({reach, 90.0 * side});
-    ring.push_back({-reach, 90.0 * side});
-    std::unique_ptr<OGRPolygon> whole(polygon(ring));
-    cutIntoTurns(*whole);
+    for (double lon = longitude - 180.0; lon <= longitude + 180.0; lon += capStep)
+        m_edge.push_back({lon, capEdge(lon)});
 }
 
-void HOValidRegion::cutIntoTurns(const OGRGeometry& whole) {
-    if (m_seamless) {
-        m_pieces.push_back({-reach, reach, 0.0, std::shared_ptr<OGRGeometry>(whole.clone())});
-        return;
+double HOValidRegion::capEdge(double lon) const {
+    // With A = |sin(lat0)| and B = cos(lat0) cos(dlon), points on the edge satisfy
+    // A sin(lat) + B cos(lat) = cos(radius); mirrored for a southern centre.
+    const double a = std::fabs(m_sinLat0);
+    const double b = m_cosLat0 * std::cos(radians(lon - m_centre));
+    const double lat = std::asin(std::min(1.0, m_cosRadius / std::hypot(a, b))) - std::atan2(b, a);
+    return m_capSide * std::clamp(lat * 180.0 / pi, -90.0, 90.0);
+}
+
+std::unique_ptr<OGRGeometry> HOValidRegion::ShapeIn(const HOBox& box) const {
+    const double south = std::max(box.min.y, m_cap ? -90.0 : m_south);
+    const double north = std::min(box.max.y, m_cap ? 90.0 : m_north);
+    if (!(south < north && box.min.x < box.max.x)) return nullptr;
+    if (m_cap) {
+        // Between the edge and the cap's pole, from the box's side away from the pole: a polygon
+        // over the graph of the edge, simple whatever the edge does.
+        const double away = m_capSide > 0 ? south : north;
+        std::vector<HOVertex> ring;
+        bool meets = false;
+        const double steps = std::ceil((box.max.x - box.min.x) / capStep);
+        for (double i = 0; i <= steps; ++i) {
+            const double lon = box.min.x + (box.max.x - box.min.x) * i / steps;
+            const double edge = capEdge(lon);
+            meets = meets || (m_capSide > 0 ? edge < north : edge > south);
+            ring.push_back({lon, m_capSide > 0 ? std::max(edge, away) : std::min(edge, away)});
+        }
+        if (!meets) return nullptr;
+        ring.push_back({box.max.x, 90.0 * m_capSide});
+        ring.push_back({box.min.x, 90.0 * m_capSide});
+        return std::unique_ptr<OGRGeometry>(polygon(ring));
     }
-    for (double shift : {360.0, 0.0, -360.0}) {
-        const double west = m_centre - 180.0 - shift, east = m_centre + 180.0 - shift;
-        std::unique_ptr<OGRPolygon> turn(polygon(rectangle(west, -90.0, east, 90.0)));
-        std::shared_ptr<OGRGeometry> shape(whole.Intersection(turn.get()));
-        if (shape && !shape->IsEmpty()) m_pieces.push_back({west, east, shift, std::move(shape)});
+    // The rectangle's copies, one per turn, that meet the box.
+    auto shape = std::make_unique<OGRMultiPolygon>();
+    const bool allLongitudes = m_east - m_west >= 360.0;
+    const double first = allLongitudes ? 0.0 : std::floor((box.min.x - m_east) / 360.0) + 1.0;
+    const double last = allLongitudes ? 0.0 : std::floor((box.max.x - m_west) / 360.0);
+    for (double turn = first; turn <= last; ++turn) {
+        const double west = allLongitudes ? box.min.x : std::max(box.min.x, m_west + 360.0 * turn);
+        const double east = allLongitudes ? box.max.x : std::min(box.max.x, m_east + 360.0 * turn);
+        if (west < east) shape->addGeometryDirectly(polygon({{west, south}, {east, south}, {east, north}, {west, north}}));
     }
+    if (shape->IsEmpty()) return nullptr;
+    return shape;
 }
 
 HOVertex HOValidRegion::Home(const HOVertex& v) const {
@@ -163,7 +173,8 @@ HOVertex HOValidRegion::Home(const HOVertex& v) const {
 
 bool HOValidRegion::Contains(const HOVertex& v) const {
     if (m_wholeWorld) return std::isfinite(v.x) && std::isfinite(v.y);
-    if (!m_seamless && !(std::fabs(v.x - m_centre) <= 180.0)) return false;
+    const Turn& centre = m_turns.size() == 1 ? m_turns[0] : m_turns[1];
+    if (!(v.x >= centre.west && v.x <= centre.east)) return false;
     if (m_cap) {
         const double lat = radians(v.y);
         const double cosAngle =
