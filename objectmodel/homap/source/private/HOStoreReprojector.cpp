@@ -32,11 +32,10 @@ std::shared_ptr<const HOFeatureStore> HOStoreReprojector::Project(const HOFeatur
     if (!degreesSystem || !HOExtentProjector::Project(vertices, from, degreesSystem)) return nullptr;
     const HOFeatureTopology& topology = source.Topology();
     std::shared_ptr<const HOFeatureTopology> parts = source.SharedTopology();
-    const bool densify = !const_cast<HOCoordinateSystem*>(to)->IsGeographic();
+    const bool densify = !to->Ogr()->IsGeographic();
     if (topology.IsSinglePoints() || (region.IsWholeWorld() && !densify)) {
         // Parts stay as they are: points outside are left out when drawn.
-        for (HOVertex& v : vertices)
-            if (!region.Contains(v)) v = {NAN, NAN};
+        for (HOVertex& v : vertices) v = region.Contains(region.Home(v)) ? region.Home(v) : HOVertex{NAN, NAN};
     } else {
         HOStoreReprojector builder(region, densify);
         builder.cutFeatures(topology, vertices);
@@ -60,7 +59,8 @@ void HOStoreReprojector::cutFeatures(const HOFeatureTopology& t, const std::vect
             const HOVertex* last = degrees.data() + t.VertexEnd(part);
             const HOFeatureKind kind = t.PartKind(f, part);
             if (kind == HOFeatureKind::Point) {
-                std::copy_if(first, last, std::back_inserter(m_vertices), inside);
+                for (const HOVertex* v = first; v != last; ++v)
+                    if (inside(m_region.Home(*v))) m_vertices.push_back(m_region.Home(*v));
                 m_topology.EndPart(uint32_t(m_vertices.size()), kind);
             } else if (std::all_of(first, last, inside)) {
                 appendPart(first, last, kind, 0.0);
