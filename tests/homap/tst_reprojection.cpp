@@ -1,7 +1,8 @@
 // World data drawn in systems that cannot show all of it: Web Mercator, the polar stereographic
 // systems, an orthographic view, a UTM and a Gauss-Kruger zone. What cannot be shown is cut away,
 // the extent stays finite and sensible, the picture is neither a strip nor blank and carries no
-// smeared wedge, and nothing is printed. Also: the map keeps the system it took first.
+// smeared wedge, deep zooms still draw, and nothing is printed. Also: the map keeps the system it
+// took first.
 #include <unistd.h>
 
 #include <QTemporaryDir>
@@ -63,14 +64,13 @@ private slots:
         // Three continents, both polar caps and an island group across the antimeridian (written
         // with longitudes past 180). Edges run for tens of degrees: they must curve once projected.
         const QString path = m_dir.filePath("world.gpkg");
-        QVERIFY(HOLayerFixture::WriteVector(
-            path, "GPKG", 4326, wkbPolygon,
-            {{"POLYGON((-20 -30,40 -30,40 30,-20 30,-20 -30))"},
-             {"POLYGON((60 10,140 10,140 60,60 60,60 10))"},
-             {"POLYGON((-120 20,-70 20,-70 50,-120 50,-120 20))"},
-             {"POLYGON((-180 75,180 75,180 90,-180 90,-180 75))"},
-             {"POLYGON((-180 -90,180 -90,180 -70,-180 -70,-180 -90))"},
-             {"POLYGON((170 -20,190 -20,190 -10,170 -10,170 -20))"}}));
+        QVERIFY(HOLayerFixture::WriteVector(path, "GPKG", 4326, wkbPolygon,
+                                            {{"POLYGON((-20 -30,40 -30,40 30,-20 30,-20 -30))"},
+                                             {"POLYGON((60 10,140 10,140 60,60 60,60 10))"},
+                                             {"POLYGON((-120 20,-70 20,-70 50,-120 50,-120 20))"},
+                                             {"POLYGON((-180 75,180 75,180 90,-180 90,-180 75))"},
+                                             {"POLYGON((-180 -90,180 -90,180 -70,-180 -70,-180 -90))"},
+                                             {"POLYGON((170 -20,190 -20,190 -10,170 -10,170 -20))"}}));
         m_world = HODynamicCast<HOFeatureLayer>(OpenLayer(HOString(path)));
         QVERIFY(m_world);
     }
@@ -78,21 +78,24 @@ private slots:
     void worldInSystemsThatShowPartOfIt_data() {
         QTest::addColumn<QString>("system");
         QTest::addColumn<std::vector<Probe>>("probes");
-        QTest::newRow("Web Mercator") << "EPSG:3857"
-                                      << std::vector<Probe>{{10, 0, true},    {-40, 0, false},
-                                                            {100, 40, true},  {-95, 35, true},
-                                                            {0, 80, true},    {0, -75, true},
-                                                            {175, -15, true}, {-175, -15, true},
-                                                            {-160, 0, false}, {0, 60, false}};
+        QTest::newRow("Web Mercator")
+            << "EPSG:3857"
+            << std::vector<Probe>{{10, 0, true},    {-40, 0, false}, {100, 40, true},  {-95, 35, true},
+                                  {0, 80, true},    {0, -75, true},  {175, -15, true}, {-175, -15, true},
+                                  {-160, 0, false}, {0, 60, false}};
         QTest::newRow("Antarctic polar stereographic")
-            << "EPSG:3031" << std::vector<Probe>{{0, -80, true}, {120, -85, true}, {0, -60, false}, {90, -60, false}};
+            << "EPSG:3031"
+            << std::vector<Probe>{{0, -80, true}, {120, -85, true}, {0, -60, false}, {90, -60, false}};
         QTest::newRow("Arctic polar stereographic")
-            << "EPSG:3995" << std::vector<Probe>{{0, 80, true}, {120, 85, true}, {0, 65, false}, {-100, 55, false}};
+            << "EPSG:3995"
+            << std::vector<Probe>{{0, 80, true}, {120, 85, true}, {0, 65, false}, {-100, 55, false}};
         QTest::newRow("orthographic, no area of use")
             << "+proj=ortho +lat_0=40 +lon_0=10"
-            << std::vector<Probe>{{10, 0, true}, {-40, 0, false}, {100, 40, true}, {-95, 35, true}, {0, 80, true}};
+            << std::vector<Probe>{
+                   {10, 0, true}, {-40, 0, false}, {100, 40, true}, {-95, 35, true}, {0, 80, true}};
         QTest::newRow("UTM zone 33N")
-            << "EPSG:32633" << std::vector<Probe>{{15, 0, true}, {15, 45, false}, {15, 80, true}, {30, 40, false}};
+            << "EPSG:32633"
+            << std::vector<Probe>{{15, 0, true}, {15, 45, false}, {15, 80, true}, {30, 40, false}};
         QTest::newRow("Gauss-Kruger zone, 117E")
             << "EPSG:4509" << std::vector<Probe>{{117, 30, true}, {117, 63, false}, {105, 20, true}};
     }
@@ -109,7 +112,8 @@ private slots:
         const QByteArray printed = capture.Finish();
         QVERIFY2(printed.isEmpty(), printed.constData());
         for (const HORect& extent : {estimated, drawn}) {
-            QVERIFY2(std::isfinite(extent.Width()) && std::isfinite(extent.Height()), QTest::toString(extent));
+            QVERIFY2(std::isfinite(extent.Width()) && std::isfinite(extent.Height()),
+                     QTest::toString(extent));
             // Nothing thrown to the ends of the earth (Mercator's poles reach 2.4e8 m) or squashed flat.
             QVERIFY2(extent.Width() > 1e5 && extent.Width() < 4.1e7 && extent.Height() > 1e5 &&
                          extent.Height() < 4.1e7,
@@ -118,7 +122,8 @@ private slots:
                      QTest::toString(extent));
         }
         if (qEnvironmentVariableIsSet("HX_SAVE_RENDERS"))
-            image.save(QDir(qEnvironmentVariable("HX_SAVE_RENDERS")).filePath(QString(QTest::currentDataTag()) + ".png"));
+            image.save(QDir(qEnvironmentVariable("HX_SAVE_RENDERS"))
+                           .filePath(QString(QTest::currentDataTag()) + ".png"));
 
         // Drawn over much of the extent both ways: no strip, no line, not blank.
         const double unitsPerPixel = std::max(estimated.Width(), estimated.Height()) / image.width();
@@ -135,16 +140,24 @@ private slots:
         wgs84.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
         OGRSpatialReference there(*target->Ogr());
         there.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
-        std::unique_ptr<OGRCoordinateTransformation> transform(OGRCreateCoordinateTransformation(&wgs84, &there));
+        std::unique_ptr<OGRCoordinateTransformation> transform(
+            OGRCreateCoordinateTransformation(&wgs84, &there));
         QVERIFY(transform);
         for (const Probe& probe : probes) {
             double x = probe.lon, y = probe.lat;
             QVERIFY(transform->Transform(1, &x, &y));
-            const QPoint pixel(int((x - estimated.minx) / unitsPerPixel), int((estimated.maxy - y) / unitsPerPixel));
+            const QPoint pixel(int((x - estimated.minx) / unitsPerPixel),
+                               int((estimated.maxy - y) / unitsPerPixel));
             const QString where = QStringLiteral("(%1, %2) at pixel (%3, %4)")
-                                      .arg(probe.lon).arg(probe.lat).arg(pixel.x()).arg(pixel.y());
+                                      .arg(probe.lon)
+                                      .arg(probe.lat)
+                                      .arg(pixel.x())
+                                      .arg(pixel.y());
             QVERIFY2(image.rect().contains(pixel), qPrintable(where));
             QVERIFY2(isBackground(image.pixel(pixel)) != probe.drawn, qPrintable(where));
+            // A deep zoom (a few centimetres a pixel) shows it as well.
+            const HORect close(x - 2, x + 2, y - 2, y + 2);
+            QVERIFY2(isBackground(render(close, target).pixel(100, 100)) != probe.drawn, qPrintable(where));
         }
     }
 

@@ -49,7 +49,8 @@ private slots:
         QCOMPARE(fills.size(), std::size_t(4));
         QVERIFY(fills.count(qRgb(0, 0, 0)));  // the host's style stays
         // The same place in another map gives the same colour.
-        HORefPtr<HOFeatureLayer> again = open("again.gpkg", wkbPolygon, {{"POLYGON((10 10,90 10,90 90,10 90,10 10))"}});
+        HORefPtr<HOFeatureLayer> again =
+            open("again.gpkg", wkbPolygon, {{"POLYGON((10 10,90 10,90 90,10 90,10 10))"}});
         HORefPtr<HOMap> other(new HOMap);
         other->AddLayer(again);
         QCOMPARE(render(again).pixel(50, 50), render(layers[0]).pixel(50, 50));
@@ -67,10 +68,19 @@ private slots:
         std::vector<HOLayerFixture::Feature> features;
         for (int i = 0; i < 400; ++i) {
             const double x = (i % 20) * 5 + 2.5, y = (i / 20) * 5 + 2.5, d = 0.001;
-            features.push_back(
-                {type == wkbPolygon
-                     ? QStringLiteral("POLYGON((%1 %2,%3 %2,%3 %4,%1 %4,%1 %2))").arg(x).arg(y).arg(x + d).arg(y + d).toStdString()
-                     : QStringLiteral("LINESTRING(%1 %2,%3 %4)").arg(x).arg(y).arg(x + d).arg(y + d).toStdString()});
+            features.push_back({type == wkbPolygon
+                                    ? QStringLiteral("POLYGON((%1 %2,%3 %2,%3 %4,%1 %4,%1 %2))")
+                                          .arg(x)
+                                          .arg(y)
+                                          .arg(x + d)
+                                          .arg(y + d)
+                                          .toStdString()
+                                    : QStringLiteral("LINESTRING(%1 %2,%3 %4)")
+                                          .arg(x)
+                                          .arg(y)
+                                          .arg(x + d)
+                                          .arg(y + d)
+                                          .toStdString()});
         }
         HORefPtr<HOFeatureLayer> layer =
             open(QStringLiteral("tiny%1.gpkg").arg(type), OGRwkbGeometryType(type), features);
@@ -91,7 +101,8 @@ private slots:
         QTest::newRow("line after a point: along the line") << pointThenLine << QPoint(50, 49) << true;
         QTest::newRow("line after a point: the point") << pointThenLine << QPoint(20, 19) << true;
         // A polygon after a line is filled, not outlined.
-        const QString lineThenPolygon = "GEOMETRYCOLLECTION(LINESTRING(5 5.5,95 5.5),POLYGON((20 20,80 20,80 80,20 80,20 20)))";
+        const QString lineThenPolygon =
+            "GEOMETRYCOLLECTION(LINESTRING(5 5.5,95 5.5),POLYGON((20 20,80 20,80 80,20 80,20 20)))";
         QTest::newRow("polygon after a line: inside") << lineThenPolygon << QPoint(50, 50) << true;
         QTest::newRow("polygon after a line: the line") << lineThenPolygon << QPoint(50, 94) << true;
         QTest::newRow("polygon after a line: outside") << lineThenPolygon << QPoint(10, 50) << false;
@@ -101,7 +112,8 @@ private slots:
         QFETCH(QString, wkt);
         QFETCH(QPoint, pixel);
         HORefPtr<HOFeatureLayer> layer =
-            open(QStringLiteral("%1.gpkg").arg(QString(QTest::currentDataTag()).replace(QRegularExpression("\\W"), "_")),
+            open(QStringLiteral("%1.gpkg").arg(
+                     QString(QTest::currentDataTag()).replace(QRegularExpression("\\W"), "_")),
                  wkbGeometryCollection, {{wkt.toStdString()}});
         QVERIFY(layer);
         QTEST(!isBackground(render(layer).pixel(pixel)), "drawn");

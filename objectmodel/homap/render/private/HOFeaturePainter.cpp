@@ -142,7 +142,8 @@ void HOFeaturePainter::drawLine(uint32_t firstPart, uint32_t endPart) {
     }
 }
 
-void HOFeaturePainter::drawPoints(uint32_t firstPart, uint32_t endPart, const HOStyle& style, bool bulkStyle) {
+void HOFeaturePainter::drawPoints(uint32_t firstPart, uint32_t endPart, const HOStyle& style,
+                                  bool bulkStyle) {
     if (&style != m_currentMarker) {
         auto it = m_markers.find(&style);
         if (it == m_markers.end()) it = m_markers.emplace(&style, HOStylePainter::MarkerImage(style)).first;

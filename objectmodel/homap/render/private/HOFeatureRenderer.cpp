@@ -66,8 +66,8 @@ void HOFeatureRenderer::drawMembers(HOFeaturePainter& painter, uint32_t feature,
     for (uint32_t first = topology.PartBegin(feature), next; first < end; first = next) {
         const HOFeatureKind kind = topology.PartKind(feature, first);
         for (next = first + 1; next < end && topology.PartKind(feature, next) == kind;) ++next;
-        const HOStyle& style =
-            highlighted ? m_styles.Highlight(kind) : m_styles.MemberStyleFor(kind, feature, topology.Id(feature));
+        const int64_t id = topology.Id(feature);
+        const HOStyle& style = highlighted ? m_styles.Highlight(kind) : m_styles.MemberStyleFor(kind, feature, id);
         painter.Draw(kind, first, next, style, false);
     }
 }

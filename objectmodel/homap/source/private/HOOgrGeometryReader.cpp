@@ -105,7 +105,8 @@ HOFeatureKind HOOgrGeometryReader::append(const OGRGeometry* geometry) {
             appendCurve(geometry->toSimpleCurve(), HOFeatureKind::Line);
             return HOFeatureKind::Line;
         case wkbPolygon:
-            for (const OGRLinearRing* ring : *geometry->toPolygon()) appendCurve(ring, HOFeatureKind::Polygon);
+            for (const OGRLinearRing* ring : *geometry->toPolygon())
+                appendCurve(ring, HOFeatureKind::Polygon);
             return HOFeatureKind::Polygon;
         default:
             break;

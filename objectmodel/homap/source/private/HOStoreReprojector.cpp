@@ -35,7 +35,8 @@ std::shared_ptr<const HOFeatureStore> HOStoreReprojector::Project(const HOFeatur
     const bool densify = !to->Ogr()->IsGeographic();
     if (topology.IsSinglePoints() || (region.IsWholeWorld() && !densify)) {
         // Parts stay as they are: points outside are left out when drawn.
-        for (HOVertex& v : vertices) v = region.Contains(region.Home(v)) ? region.Home(v) : HOVertex{NAN, NAN};
+        for (HOVertex& v : vertices)
+            v = region.Contains(region.Home(v)) ? region.Home(v) : HOVertex{NAN, NAN};
     } else {
         HOStoreReprojector builder(region, densify);
         builder.cutFeatures(topology, vertices);
@@ -146,7 +147,8 @@ void HOStoreReprojector::appendPart(const HOVertex* first, const HOVertex* last,
             const double span = std::max(std::fabs(here.x - from.x), std::fabs(here.y - from.y));
             const int steps = int(std::ceil(span / densifyStep));
             for (int i = 1; i < steps; ++i)
-                m_vertices.push_back({from.x + (here.x - from.x) * i / steps, from.y + (here.y - from.y) * i / steps});
+                m_vertices.push_back(
+                    {from.x + (here.x - from.x) * i / steps, from.y + (here.y - from.y) * i / steps});
         }
         m_vertices.push_back(here);
         previous = v;

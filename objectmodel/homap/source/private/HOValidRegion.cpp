@@ -159,7 +159,8 @@ std::unique_ptr<OGRGeometry> HOValidRegion::ShapeIn(const HOBox& box) const {
     for (double turn = first; turn <= last; ++turn) {
         const double west = allLongitudes ? box.min.x : std::max(box.min.x, m_west + 360.0 * turn);
         const double east = allLongitudes ? box.max.x : std::min(box.max.x, m_east + 360.0 * turn);
-        if (west < east) shape->addGeometryDirectly(polygon({{west, south}, {east, south}, {east, north}, {west, north}}));
+        if (west < east)
+            shape->addGeometryDirectly(polygon({{west, south}, {east, south}, {east, north}, {west, north}}));
     }
     if (shape->IsEmpty()) return nullptr;
     return shape;
