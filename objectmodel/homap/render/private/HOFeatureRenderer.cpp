@@ -67,7 +67,8 @@ void HOFeatureRenderer::drawMembers(HOFeaturePainter& painter, uint32_t feature,
         const HOFeatureKind kind = topology.PartKind(feature, first);
         for (next = first + 1; next < end && topology.PartKind(feature, next) == kind;) ++next;
         const int64_t id = topology.Id(feature);
-        const HOStyle& style = highlighted ? m_styles.Highlight(kind) : m_styles.MemberStyleFor(kind, feature, id);
+        const HOStyle& style =
+            highlighted ? m_styles.Highlight(kind) : m_styles.MemberStyleFor(kind, feature, id);
         painter.Draw(kind, first, next, style, false);
     }
 }
