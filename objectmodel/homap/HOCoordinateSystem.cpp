@@ -14,7 +14,17 @@ public:
         srs.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
         geographic = srs.IsGeographic();
         projected = srs.IsProjected();
+        kind = readKind();
         unit = readUnit();
+    }
+
+    Kind readKind() const {
+        if (projected) return ProjectedKind;
+        if (geographic) return GeographicKind;
+        if (srs.IsGeocentric()) return GeocentricKind;
+        if (srs.IsVertical()) return VerticalKind;
+        if (srs.IsLocal()) return LocalKind;
+        return OtherKind;
     }
 
     HOUnitType readUnit() const {
@@ -49,6 +59,7 @@ public:
     OGRSpatialReference srs;
     bool geographic = false;
     bool projected = false;
+    Kind kind = OtherKind;
     HOUnitType unit = HOUnitUnknown;
     std::unique_ptr<OGRCoordinateTransformation> toGeo;
 };
@@ -95,6 +106,14 @@ bool HOCoordinateSystem::ToGeographic(double x, double y, double* lon, double* l
     if (lon) *lon = x;
     if (lat) *lat = y;
     return true;
+}
+
+HOCoordinateSystem::Kind HOCoordinateSystem::GetKind() const {
+    return d->kind;
+}
+
+bool HOCoordinateSystem::CanDrawMap() const {
+    return d->kind == GeographicKind || d->kind == ProjectedKind;
 }
 
 HOString HOCoordinateSystem::GetName() const {

@@ -14,6 +14,10 @@ namespace HXObjects {
 
 class HOCoordinateSystem : public HORefBase {
 public:
+    // What a system measures. Only geographic and projected ones (alone or as the horizontal part of
+    // a compound system) can carry a map.
+    enum Kind { GeographicKind, ProjectedKind, GeocentricKind, VerticalKind, LocalKind, OtherKind };
+
     // "EPSG:4490", WKT or a PROJ string; null when it cannot be read.
     static HORefPtr<HOCoordinateSystem> FromUserInput(const HOString& definition);
     static HORefPtr<HOCoordinateSystem> FromEpsg(int code);
@@ -26,6 +30,9 @@ public:
     virtual HOUnitType GetUnit();
     virtual bool ToGeographic(double x, double y, double* lon, double* lat);
 
+    Kind GetKind() const;
+    // Whether a map can be drawn in this system: a geographic or projected one.
+    bool CanDrawMap() const;
     HOString GetName() const;
     HOString ToWkt() const;
     int GetEpsgCode() const;  // 0 when unknown

@@ -27,6 +27,14 @@ HORect HOFeatureLayer::GetExtent() const {
     return e.IsValid() ? HORect(e.min.x, e.max.x, e.min.y, e.max.y) : HORect();
 }
 
+HORect HOFeatureLayer::GetExtentIn(const HOCoordinateSystem* system) const {
+    if (const std::shared_ptr<const HOFeatureStore> store = d->stores.MadeFor(system)) {
+        const HOBox& e = store->Extent();
+        return e.IsValid() ? HORect(e.min.x, e.max.x, e.min.y, e.max.y) : HORect();
+    }
+    return HOLayer::GetExtentIn(system);
+}
+
 void HOFeatureLayer::Render(const HORenderContext& context) {
     const std::shared_ptr<const HOFeatureStore> store = d->stores.StoreFor(context.mapSystem);
     if (!store) return;  // no transformation into the map's system
@@ -51,7 +59,14 @@ HORefPtr<HOStyle> HOFeatureLayer::GetStyle() const {
 
 void HOFeatureLayer::SetStyle(HORefPtr<HOStyle> style) {
     std::lock_guard<std::mutex> lock(d->mutex);
-    if (style) d->style = std::move(style);
+    if (!style) return;
+    d->style = std::move(style);
+    d->styleIsDefault = false;
+}
+
+void HOFeatureLayer::SetDefaultStyleIndex(int index) {
+    std::lock_guard<std::mutex> lock(d->mutex);
+    if (d->styleIsDefault && d->style) d->style = HOStyle::NewDefault(d->style->GetStyleType(), index);
 }
 
 HORefPtr<HOUserFeatureRender> HOFeatureLayer::GetCustomFeatureRender() const {

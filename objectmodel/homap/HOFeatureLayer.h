@@ -19,11 +19,17 @@ public:
     LayerType GetLayerType() const override;
     HORefPtr<HOCoordinateSystem> GetSpatialReference() const override;
     HORect GetExtent() const override;
+    // Once the layer has been drawn in the system, the extent of what was drawn; until then the
+    // extent estimated from the layer's own.
+    HORect GetExtentIn(const HOCoordinateSystem* system) const override;
     void Render(const HORenderContext& context) override;
 
     int GetFeatureCount() const;
     HORefPtr<HOStyle> GetStyle() const;
     void SetStyle(HORefPtr<HOStyle> style);
+    // Until SetStyle is called, draws in the default style of palette colour `index` (the map gives
+    // each layer the colour of its place when it is added).
+    void SetDefaultStyleIndex(int index);
     // Never null.
     HORefPtr<HOUserFeatureRender> GetCustomFeatureRender() const;
     bool IsSameCoordinateSystem(HOCoordinateSystem* system) const;

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "HOCoordinateSystem.h"
+#include "HOFeatureLayer.h"
 
 namespace HXObjects {
 
@@ -22,11 +23,18 @@ int HOMap::GetLayerCount() const {
 
 void HOMap::AddLayer(HOLayer* layer) {
     if (!layer) return;
+    const HORefPtr<HOCoordinateSystem> system = layer->GetSpatialReference();
+    int place = 0;
     {
         std::lock_guard<std::mutex> lock(m_mutex);
         if (std::find(m_layers.begin(), m_layers.end(), layer) != m_layers.end()) return;
+        place = int(m_layers.size());
         m_layers.emplace_back(layer);
+        // The first system that can carry a map becomes the map's and stays.
+        if (!m_system && system && system->CanDrawMap()) m_system = system;
     }
+    // An unstyled layer takes the palette colour of its place, so layers loaded together differ.
+    if (auto* features = dynamic_cast<HOFeatureLayer*>(layer)) features->SetDefaultStyleIndex(place);
     notifyChanged();
 }
 
@@ -80,14 +88,11 @@ void HOMap::SetBackgroundColor(const HOColor& color) {
 
 HORefPtr<HOCoordinateSystem> HOMap::GetSpatialReference() const {
     std::lock_guard<std::mutex> lock(m_mutex);
-    if (m_system) return m_system;
-    for (const auto& layer : m_layers) {
-        if (auto system = layer->GetSpatialReference()) return system;
-    }
-    return {};
+    return m_system;
 }
 
 void HOMap::SetSpatialReference(HOCoordinateSystem* system) {
+    if (system && !system->CanDrawMap()) return;
     {
         std::lock_guard<std::mutex> lock(m_mutex);
         if (m_system.get() == system) return;

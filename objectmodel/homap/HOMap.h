@@ -1,6 +1,8 @@
 #pragma once
 // HOMap: an ordered stack of layers (first drawn first), a background colour, a coordinate system
-// (the first layer's while none is set) and a display unit, plus its graphics layer. Thread-safe:
+// and a display unit, plus its graphics layer. The map's system is the host's choice, else that of
+// the first layer added that has one; it stays when layers in other systems are added, moved or
+// removed, and they are drawn reprojected into it. Thread-safe:
 // the render thread reads the layer list while the GUI thread edits it. LayersChangedSignal fires
 // after every change of the list, a layer's visibility through SetLayerVisible, or the system.
 #include "HOColor.h"
@@ -34,8 +36,9 @@ public:
 
     HOColor GetBackgroundColor() const;
     void SetBackgroundColor(const HOColor& color);
-    // The set system, else the first layer's; may be null.
+    // May be null (no layer with a system yet).
     HORefPtr<HOCoordinateSystem> GetSpatialReference() const;
+    // Ignores a system no map can be drawn in (HOCoordinateSystem::CanDrawMap).
     void SetSpatialReference(HOCoordinateSystem* system);
     HOUnitType GetMapDisplayUnit() const;
     void SetMapDisplayUnit(HOUnitType unit);

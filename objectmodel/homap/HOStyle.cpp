@@ -2,6 +2,14 @@
 
 namespace HXObjects {
 
+namespace {
+
+// Tableau 10: hues that stay apart for most readers, colour-blind ones included.
+const QRgb palette[] = {0x4e79a7, 0xf28e2b, 0xe15759, 0x76b7b2, 0x59a14f,
+                        0xedc948, 0xb07aa1, 0xff9da7, 0x9c755f, 0xbab0ac};
+
+}  // namespace
+
 HORefPtr<HOStyle> HOStyle::NewMarker(MarkerShape shape, double size, const HOColor& color) {
     HORefPtr<HOStyle> style(new HOStyle(MarkerStyle));
     style->SetMarkerShape(shape);
@@ -38,6 +46,26 @@ HOStyle* HOStyle::Clone() const {
     copy->m_color = m_color;
     copy->m_outline = m_outline;
     return copy;
+}
+
+HORefPtr<HOStyle> HOStyle::NewDefault(StyleType type, int index) {
+    const int count = int(sizeof(palette) / sizeof(palette[0]));
+    const QColor hue(palette[((index % count) + count) % count]);
+    const HOColor darker(hue.darker(160));
+    switch (type) {
+        case MarkerStyle: {
+            HORefPtr<HOStyle> style = NewMarker(Circle, 7.0, HOColor(hue));
+            style->SetOutlineColor(darker);
+            return style;
+        }
+        case LineStyle:
+            return NewLine(1.0, HOColor(hue));
+        case FillStyle:
+            break;
+    }
+    QColor fill = hue;
+    fill.setAlpha(190);
+    return NewFill(HOColor(fill), darker, 1.0);
 }
 
 }  // namespace HXObjects

@@ -30,6 +30,10 @@ public:
     static HORefPtr<HOStyle> NewMarker(MarkerShape shape, double size, const HOColor& color);
     static HORefPtr<HOStyle> NewLine(double width, const HOColor& color, DashPattern dash = Solid);
     static HORefPtr<HOStyle> NewFill(const HOColor& fill, const HOColor& outline, double outlineWidth);
+    // The default style of the given type in the colour at `index` of a qualitative palette (ten
+    // hues, repeating), so layers drawn together stay apart: a fill slightly translucent with an
+    // outline in a darker shade of its hue, a line, or a marker with a darker rim.
+    static HORefPtr<HOStyle> NewDefault(StyleType type, int index);
 
     StyleType GetStyleType() const { return m_type; }
 

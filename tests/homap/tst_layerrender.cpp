@@ -19,7 +19,15 @@ Q_DECLARE_METATYPE(HORefPtr<HOGeometry>)
 namespace {
 
 const QRgb white = qRgb(255, 255, 255), red = qRgb(255, 0, 0), blue = qRgb(0, 0, 255);
-const QRgb fillGreen = qRgb(166, 206, 148), lineBlue = qRgb(45, 98, 190), markerRed = qRgb(214, 69, 45);
+// The first colour of the default palette: a translucent fill shown over white, lines and markers.
+QRgb overWhite(const HOColor& colour) {
+    QImage image = HOLayerFixture::WhiteImage(QSize(1, 1));
+    QPainter(&image).fillRect(0, 0, 1, 1, colour.toQColor());
+    return image.pixel(0, 0);
+}
+const QRgb fillGreen = overWhite(HOStyle::NewDefault(HOStyle::FillStyle, 0)->GetColor());
+const QRgb lineBlue = HOStyle::NewDefault(HOStyle::LineStyle, 0)->GetColor().toQColor().rgb();
+const QRgb markerRed = HOStyle::NewDefault(HOStyle::MarkerStyle, 0)->GetColor().toQColor().rgb();
 const double unitPixels[6] = {0, 1, 0, 10, 0, -1};  // 10 x 10 units, origin top left at (0, 10)
 
 // A closed square ring with many vertices, so that drawing and reprojecting it is real work.

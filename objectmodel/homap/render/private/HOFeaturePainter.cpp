@@ -1,6 +1,7 @@
 #include "render/private/HOFeaturePainter.h"
 
 #include <QPainter>
+#include <cmath>
 
 #include "HOStylePainter.h"
 
@@ -13,25 +14,26 @@ HOFeaturePainter::HOFeaturePainter(QPainter& painter, const HOFeatureStore& stor
       m_topology(store.Topology()),
       m_path(transform),
       m_blitter(painter),
-      m_rasterizer(HODirectTarget::Of(painter), painter.testRenderHint(QPainter::Antialiasing)),
+      m_target(HODirectTarget::Of(painter)),
+      m_rasterizer(m_target, painter.testRenderHint(QPainter::Antialiasing)),
       m_antialias(painter.testRenderHint(QPainter::Antialiasing)) {}
 
-void HOFeaturePainter::Draw(uint32_t feature, const HOStyle& style, bool bulkStyle) {
-    const HOFeatureKind kind = m_topology.Kind(feature);
-    // Whatever is queued was drawn before this feature.
+void HOFeaturePainter::Draw(HOFeatureKind kind, uint32_t firstPart, uint32_t endPart, const HOStyle& style,
+                            bool bulkStyle) {
+    // Whatever is queued was drawn before these parts.
     if (kind != HOFeatureKind::Point) m_blitter.Flush();
     if (kind != HOFeatureKind::Line) m_rasterizer.Flush();
     switch (kind) {
         case HOFeatureKind::Polygon:
             useStyle(style);
-            drawPolygon(feature);
+            drawPolygon(firstPart, endPart);
             break;
         case HOFeatureKind::Line:
             useStyle(style);
-            drawLine(feature);
+            drawLine(firstPart, endPart);
             break;
         case HOFeatureKind::Point:
-            drawPoints(feature, style, bulkStyle);
+            drawPoints(firstPart, endPart, style, bulkStyle);
             break;
         case HOFeatureKind::Empty:
             break;
@@ -48,7 +50,7 @@ void HOFeaturePainter::useStyle(const HOStyle& style) {
     // A cased line is drawn in two passes through the painter, so nothing may wait in the queue.
     const bool cased = m_casing.style() != Qt::NoPen;
     if (cased) m_rasterizer.Flush();
-    m_rasterizeLines = !cased && HODirectTarget::Of(m_painter).IsValid() && HOLineRasterizer::Handles(m_pen);
+    m_rasterizeLines = !cased && m_target.IsValid() && HOLineRasterizer::Handles(m_pen);
     if (m_rasterizeLines) m_rasterizer.SetColor(m_pen.color());
 }
 
@@ -80,8 +82,23 @@ void HOFeaturePainter::beginStroke() {
     if (m_antialias) m_painter.setRenderHint(QPainter::Antialiasing, true);
 }
 
-void HOFeaturePainter::drawPolygon(uint32_t feature) {
-    const uint32_t firstPart = m_topology.PartBegin(feature), endPart = m_topology.PartEnd(feature);
+void HOFeaturePainter::dot() {
+    // The outline's colour where there is one: a translucent fill would hardly show in one pixel.
+    const QColor colour = m_pen.style() != Qt::NoPen ? m_pen.color() : m_brush.color();
+    const QPointF centre = m_path.Centre();
+    // Far off the image (and beyond what an int holds): nothing to draw.
+    if (!(std::fabs(centre.x()) < 1e9 && std::fabs(centre.y()) < 1e9)) return;
+    const int x = int(std::floor(centre.x())), y = int(std::floor(centre.y()));
+    m_rasterizer.Flush();
+    if (!m_target.IsValid()) {
+        m_painter.fillRect(QRect(x, y, 1, 1), colour);
+        return;
+    }
+    if (x >= 0 && y >= 0 && x < m_target.width && y < m_target.height)
+        HODirectTarget::Blend(m_target.bits[y * m_target.stride + x], qPremultiply(colour.rgba()));
+}
+
+void HOFeaturePainter::drawPolygon(uint32_t firstPart, uint32_t endPart) {
     m_path.Clear();
     QPointF start;
     for (uint32_t part = firstPart; part < endPart; ++part) {
@@ -97,8 +114,10 @@ void HOFeaturePainter::drawPolygon(uint32_t feature) {
         else
             m_path.AppendPoint(start);
     }
-    // Smaller than a pixel: invisible at this scale.
-    if (m_path.Size() < 3 || (m_path.Width() < 1.0 && m_path.Height() < 1.0)) return;
+    if (m_path.Size() == 0) return;
+    // Smaller than a pixel: still one pixel, so that small islands show at any scale.
+    if (m_path.Width() < 1.0 && m_path.Height() < 1.0) return dot();
+    if (m_path.Size() < 3) return;
     if (m_brush.style() != Qt::NoBrush) {
         beginFill();
         m_painter.drawPolygon(m_path.Points(), m_path.Size(), Qt::OddEvenFill);
@@ -115,12 +134,15 @@ void HOFeaturePainter::drawPolygon(uint32_t feature) {
     }
 }
 
-void HOFeaturePainter::drawLine(uint32_t feature) {
-    for (uint32_t part = m_topology.PartBegin(feature); part < m_topology.PartEnd(feature); ++part) {
+void HOFeaturePainter::drawLine(uint32_t firstPart, uint32_t endPart) {
+    for (uint32_t part = firstPart; part < endPart; ++part) {
         m_path.Clear();
-        if (m_path.Append(vertex(m_topology.VertexBegin(part)), vertex(m_topology.VertexEnd(part))) < 2)
+        if (m_path.Append(vertex(m_topology.VertexBegin(part)), vertex(m_topology.VertexEnd(part))) == 0)
             continue;
-        if (m_path.Width() < 1.0 && m_path.Height() < 1.0) continue;
+        if (m_path.Width() < 1.0 && m_path.Height() < 1.0) {
+            dot();
+            continue;
+        }
         if (m_casing.style() != Qt::NoPen) {
             beginStroke();
             m_painter.setPen(m_casing);
@@ -131,15 +153,16 @@ void HOFeaturePainter::drawLine(uint32_t feature) {
     }
 }
 
-void HOFeaturePainter::drawPoints(uint32_t feature, const HOStyle& style, bool bulkStyle) {
+void HOFeaturePainter::drawPoints(uint32_t firstPart, uint32_t endPart, const HOStyle& style,
+                                  bool bulkStyle) {
     if (&style != m_currentMarker) {
         auto it = m_markers.find(&style);
         if (it == m_markers.end()) it = m_markers.emplace(&style, HOStylePainter::MarkerImage(style)).first;
         m_blitter.SetMarker(&it->second, bulkStyle);
         m_currentMarker = &style;
     }
-    const uint32_t first = m_topology.VertexBegin(m_topology.PartBegin(feature));
-    const uint32_t end = m_topology.VertexBegin(m_topology.PartEnd(feature));
+    const uint32_t first = m_topology.VertexBegin(firstPart);
+    const uint32_t end = m_topology.VertexBegin(endPart);
     for (uint32_t v = first; v < end; ++v) m_blitter.Stamp(m_path.ToDevice(*vertex(v)));
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 // HOFeaturePainter: draws features of one store through one painter — polygons filled and outlined,
-// lines stroked, points stamped from a marker image cached per style. One per painting thread; it
-// sets the painter's pen and brush only when the style changes.
+// lines stroked, points stamped from a marker image cached per style; a polygon or line smaller than
+// a pixel still takes one pixel. One per painting thread; it sets the painter's pen and brush only
+// when the style changes.
 #include <QBrush>
 #include <QImage>
 #include <QPen>
@@ -21,8 +22,9 @@ class HOFeaturePainter {
 public:
     HOFeaturePainter(QPainter& painter, const HOFeatureStore& store, const HODisplayTransform& transform);
 
-    // `bulkStyle` marks the style most features share: its markers skip pixels already stamped.
-    void Draw(uint32_t feature, const HOStyle& style, bool bulkStyle);
+    // Draws the parts [firstPart, endPart) of one feature as `kind`. `bulkStyle` marks the style most
+    // features share: its markers skip pixels already stamped.
+    void Draw(HOFeatureKind kind, uint32_t firstPart, uint32_t endPart, const HOStyle& style, bool bulkStyle);
 
 private:
     void useStyle(const HOStyle& style);
@@ -30,9 +32,11 @@ private:
     void beginFill();
     void beginStroke();
     void stroke(const QPointF* points, int count, bool acrossImage);
-    void drawPolygon(uint32_t feature);
-    void drawLine(uint32_t feature);
-    void drawPoints(uint32_t feature, const HOStyle& style, bool bulkStyle);
+    // One pixel at the centre of the path, in the style's most visible colour.
+    void dot();
+    void drawPolygon(uint32_t firstPart, uint32_t endPart);
+    void drawLine(uint32_t firstPart, uint32_t endPart);
+    void drawPoints(uint32_t firstPart, uint32_t endPart, const HOStyle& style, bool bulkStyle);
     const HOVertex* vertex(uint32_t index) const { return m_store.Vertices().data() + index; }
 
     QPainter& m_painter;
@@ -41,6 +45,7 @@ private:
     std::map<const HOStyle*, QImage> m_markers;  // before the blitter, which stamps them until it goes
     HOPixelPath m_path;
     HOMarkerBlitter m_blitter;
+    HODirectTarget m_target;        // invalid: draw dots through the painter
     HOLineRasterizer m_rasterizer;  // after the path: flushes what it queued when it goes
     bool m_rasterizeLines = false;  // the current pen is drawn by m_rasterizer
     const HOStyle* m_current = nullptr;

@@ -46,12 +46,31 @@ bool HOFeatureRenderer::draw(QPainter& painter, Range features, bool highlighted
     std::size_t done = 0;
     for (const uint32_t* f = features.first; f != features.second; ++f) {
         if (++done % cancelPollInterval == 0 && m_context.IsCancelled()) return false;
+        if (topology.IsMixed(*f)) {
+            drawMembers(featurePainter, *f, highlighted);
+            continue;
+        }
         const HOFeatureKind kind = topology.Kind(*f);
         const HOStyle& style =
             highlighted ? m_styles.Highlight(kind) : m_styles.StyleFor(kind, *f, topology.Id(*f));
-        featurePainter.Draw(*f, style, !highlighted && &style == &m_styles.KindStyle(kind));
+        featurePainter.Draw(kind, topology.PartBegin(*f), topology.PartEnd(*f), style,
+                            !highlighted && &style == &m_styles.KindStyle(kind));
     }
     return true;
+}
+
+void HOFeatureRenderer::drawMembers(HOFeaturePainter& painter, uint32_t feature, bool highlighted) const {
+    // Each run of parts of one kind is a member of the collection, drawn as what it is.
+    const HOFeatureTopology& topology = m_store.Topology();
+    const uint32_t end = topology.PartEnd(feature);
+    for (uint32_t first = topology.PartBegin(feature), next; first < end; first = next) {
+        const HOFeatureKind kind = topology.PartKind(feature, first);
+        for (next = first + 1; next < end && topology.PartKind(feature, next) == kind;) ++next;
+        const int64_t id = topology.Id(feature);
+        const HOStyle& style =
+            highlighted ? m_styles.Highlight(kind) : m_styles.MemberStyleFor(kind, feature, id);
+        painter.Draw(kind, first, next, style, false);
+    }
 }
 
 bool HOFeatureRenderer::canSplit(std::size_t count) const {

@@ -10,6 +10,8 @@
 
 namespace HXObjects {
 
+class HOFeaturePainter;
+
 class HOFeatureRenderer {
 public:
     HOFeatureRenderer(const HOFeatureStore& store, const HOFeatureStyleSet& styles,
@@ -21,6 +23,7 @@ private:
     using Range = std::pair<const uint32_t*, const uint32_t*>;
 
     bool draw(QPainter& painter, Range features, bool highlighted) const;
+    void drawMembers(HOFeaturePainter& painter, uint32_t feature, bool highlighted) const;
     bool drawInTwo(Range features) const;
     Range::first_type balancedMiddle(Range features) const;
     bool canSplit(std::size_t count) const;

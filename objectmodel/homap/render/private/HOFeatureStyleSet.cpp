@@ -16,14 +16,7 @@ HOStyle::StyleType HOFeatureStyleSet::StyleTypeOf(HOFeatureKind kind) {
 }
 
 HORefPtr<HOStyle> HOFeatureStyleSet::DefaultStyle(HOFeatureKind kind) {
-    switch (kind) {
-        case HOFeatureKind::Point:
-            return HOStyle::NewMarker(HOStyle::Circle, 6.0, HOColor(214, 69, 45));
-        case HOFeatureKind::Line:
-            return HOStyle::NewLine(1.0, HOColor(45, 98, 190));
-        default:
-            return HOStyle::NewFill(HOColor(166, 206, 148), HOColor(72, 110, 62), 1.0);
-    }
+    return HOStyle::NewDefault(StyleTypeOf(kind), 0);
 }
 
 HORefPtr<HOStyle> HOFeatureStyleSet::HighlightStyle(HOFeatureKind kind) {
@@ -65,6 +58,11 @@ const HOStyle& HOFeatureStyleSet::StyleFor(HOFeatureKind kind, std::size_t featu
     if (m_categories)
         if (const HOStyle* style = m_categories->StyleOf(feature)) return *style;
     return *m_byKind[int(kind)];
+}
+
+const HOStyle& HOFeatureStyleSet::MemberStyleFor(HOFeatureKind kind, std::size_t feature, int64_t id) const {
+    const HOStyle& style = StyleFor(kind, feature, id);
+    return style.GetStyleType() == StyleTypeOf(kind) ? style : KindStyle(kind);
 }
 
 bool HOFeatureStyleSet::IsSelected(int64_t id) const {

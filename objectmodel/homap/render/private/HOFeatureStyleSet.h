@@ -25,6 +25,9 @@ public:
 
     // The feature's override, else the style of its category, else the layer's style for the kind.
     const HOStyle& StyleFor(HOFeatureKind kind, std::size_t feature, int64_t id) const;
+    // The same for one member of a collection that mixes kinds: a style made for another kind gives
+    // way to the layer's style for the member's.
+    const HOStyle& MemberStyleFor(HOFeatureKind kind, std::size_t feature, int64_t id) const;
     const HOStyle& Highlight(HOFeatureKind kind) const { return *m_highlight[int(kind)]; }
     const HOStyle& KindStyle(HOFeatureKind kind) const { return *m_byKind[int(kind)]; }
     bool IsSelected(int64_t id) const;

@@ -26,6 +26,7 @@ public:
     // Width and height of the points appended since Clear(), in pixels.
     double Width() const { return m_maxX - m_minX; }
     double Height() const { return m_maxY - m_minY; }
+    QPointF Centre() const { return {(m_minX + m_maxX) / 2, (m_minY + m_maxY) / 2}; }
     QPointF ToDevice(const HOVertex& v) const {
         return {v.x * m_scale + m_offsetX, m_offsetY - v.y * m_scale};
     }

@@ -2,10 +2,12 @@
 
 #include <ogr_spatialref.h>
 
+#include <algorithm>
 #include <memory>
 #include <thread>
 
 #include "HOCoordinateSystem.h"
+#include "source/private/HOValidRegion.h"
 
 namespace HXObjects {
 
@@ -55,12 +57,36 @@ HORect HOExtentProjector::Project(const HORect& rect, const HOCoordinateSystem* 
     // A single point's extent has no area but still has a place.
     const bool valid = rect.maxx >= rect.minx && rect.maxy >= rect.miny;
     if (!valid || IsIdentity(from, to)) return rect;
-    auto transform = transformation(from, to);
-    HORect out;
-    if (!transform || !transform->TransformBounds(rect.minx, rect.miny, rect.maxx, rect.maxy, &out.minx,
-                                                  &out.miny, &out.maxx, &out.maxy, 21))
-        return HORect();
-    return out;
+    CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
+    const HOValidRegion region(to);
+    const HOCoordinateSystem* degrees = region.Geographic().get();
+    if (!degrees) return HORect();
+    // Samples over the rectangle, carried to degrees, where the target shows them ...
+    std::vector<HOVertex> points;
+    constexpr int n = 32;
+    for (int i = 0; i <= n; ++i)
+        for (int j = 0; j <= n; ++j)
+            points.push_back({rect.minx + rect.Width() * i / n, rect.miny + rect.Height() * j / n});
+    Project(points, from, degrees);
+    for (HOVertex& p : points) p = region.Home(p);
+    points.erase(std::remove_if(points.begin(), points.end(),
+                                [&](const HOVertex& p) { return !region.Contains(p); }),
+                 points.end());
+    // ... and the region's edge where it runs through the rectangle.
+    std::vector<HOVertex> edge = region.Edge();
+    if (!region.IsWholeWorld()) {
+        std::vector<HOVertex> edgeThere = edge;
+        Project(edgeThere, degrees, from);
+        for (std::size_t i = 0; i < edge.size(); ++i) {
+            const HOVertex& p = edgeThere[i];
+            if (p.x >= rect.minx && p.x <= rect.maxx && p.y >= rect.miny && p.y <= rect.maxy)
+                points.push_back(edge[i]);
+        }
+    }
+    Project(points, degrees, to);
+    HOBox box;
+    for (const HOVertex& p : points) box.Add(p);
+    return box.IsValid() ? HORect(box.min.x, box.max.x, box.min.y, box.max.y) : HORect();
 }
 
 bool HOExtentProjector::Project(std::vector<HOVertex>& vertices, const HOCoordinateSystem* from,

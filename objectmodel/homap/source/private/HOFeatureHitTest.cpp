@@ -15,9 +15,11 @@ bool inside(const HOVertex& v, const HOBox& r) {
 bool HOFeatureHitTest::Meets(const HOFeatureStore& store, uint32_t feature, const HOBox& rect) {
     const HOFeatureTopology& t = store.Topology();
     const HOVertex* v = store.Vertices().data();
-    const HOFeatureKind kind = t.Kind(feature);
+    bool area = false;  // some part is a polygon's ring
     for (uint32_t part = t.PartBegin(feature); part < t.PartEnd(feature); ++part) {
         const uint32_t first = t.VertexBegin(part), end = t.VertexEnd(part);
+        const HOFeatureKind kind = t.PartKind(feature, part);
+        area = area || kind == HOFeatureKind::Polygon;
         if (kind == HOFeatureKind::Point) {
             if (std::any_of(v + first, v + end, [&](const HOVertex& p) { return inside(p, rect); }))
                 return true;
@@ -28,7 +30,7 @@ bool HOFeatureHitTest::Meets(const HOFeatureStore& store, uint32_t feature, cons
             if (segmentMeets(v[i], v[i + 1], rect)) return true;
     }
     const HOVertex centre{(rect.min.x + rect.max.x) / 2, (rect.min.y + rect.max.y) / 2};
-    return kind == HOFeatureKind::Polygon && polygonHolds(store, feature, centre);
+    return area && polygonHolds(store, feature, centre);
 }
 
 bool HOFeatureHitTest::segmentMeets(const HOVertex& a, const HOVertex& b, const HOBox& rect) {
@@ -58,6 +60,7 @@ bool HOFeatureHitTest::polygonHolds(const HOFeatureStore& store, uint32_t featur
     const HOVertex* v = store.Vertices().data();
     bool in = false;  // odd-even over all rings
     for (uint32_t part = t.PartBegin(feature); part < t.PartEnd(feature); ++part) {
+        if (t.PartKind(feature, part) != HOFeatureKind::Polygon) continue;  // a collection's other members
         const uint32_t first = t.VertexBegin(part), end = t.VertexEnd(part);
         for (uint32_t i = first, j = end - 1; i < end; j = i++) {
             if ((v[i].y > point.y) != (v[j].y > point.y) &&

@@ -28,6 +28,7 @@ public:
     LayerType type = UnknownLayer;
     HOGeometry::GeoType geometryType = HOGeometry::GeoUnknown;
     HORefPtr<HOStyle> style;
+    bool styleIsDefault = true;  // until the host sets one
     HORefPtr<HOUserFeatureRender> custom{new HOUserFeatureRender};
     std::vector<int64_t> selected;  // ascending
     std::shared_ptr<const HOFeatureCategories> categories;

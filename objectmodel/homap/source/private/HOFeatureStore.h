@@ -1,8 +1,9 @@
 #pragma once
 // HOFeatureStore: the geometry of a feature layer in one coordinate system, as flat arrays — all
 // vertices in one vector, parts and features as offsets into it, one box per feature — so a layer of
-// a million features holds no per-feature heap object. The topology (offsets, kinds, ids) is shared
-// between the source store and its reprojected copies; only vertices and boxes are per system.
+// a million features holds no per-feature heap object. A reprojected copy shares the source's
+// topology (offsets, kinds, ids) when its parts are the same; one cut to what its system can show
+// has its own, with the same features in the same order.
 #include <future>
 #include <memory>
 #include <vector>

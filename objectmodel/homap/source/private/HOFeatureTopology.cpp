@@ -25,6 +25,15 @@ void HOFeatureTopology::Compact() {
         for (std::size_t i = 0; i <= n && m_singlePoints; ++i)
             m_singlePoints = m_partStart[i] == i && m_featureStart[i] == i;
     }
+    m_mixed.assign(m_singlePoints ? 0 : n, false);
+    for (std::size_t f = 0; f < m_mixed.size(); ++f)
+        for (uint32_t part = m_featureStart[f]; part < m_featureStart[f + 1]; ++part)
+            if (m_partKinds[part] != m_kinds[f]) m_mixed[f] = true;
+    if (std::find(m_mixed.begin(), m_mixed.end(), true) == m_mixed.end()) {
+        std::vector<HOFeatureKind>().swap(m_partKinds);
+        std::vector<bool>().swap(m_mixed);
+    }
+    m_partKinds.shrink_to_fit();
     if (m_singlePoints) {
         std::vector<uint32_t>().swap(m_partStart);
         std::vector<uint32_t>().swap(m_featureStart);
@@ -47,6 +56,7 @@ long HOFeatureTopology::IndexOf(int64_t id) const {
 
 std::size_t HOFeatureTopology::Bytes() const {
     return (m_partStart.size() + m_featureStart.size()) * sizeof(uint32_t) + m_kinds.size() +
+           m_partKinds.size() + m_mixed.size() / 8 +
            m_ids.size() * sizeof(int64_t);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 // HOFeatureTopology: how a feature layer's flat vertex array divides into features and parts, each
-// feature's kind and id. Read-only once loaded; shared by all coordinate-system copies of a layer.
+// feature's kind and id, and each part's kind where a feature mixes kinds (a geometry collection of a
+// point and a line). Read-only once built; shared by the copies of a layer whose parts are the same.
 #include "HORect.h"
 
 #include <cmath>
@@ -52,10 +53,12 @@ enum class HOFeatureKind : uint8_t { Empty = 0, Point = 1, Line = 2, Polygon = 3
 
 class HOFeatureTopology {
 public:
-    // Builders append a part's vertices, close the part with the new vertex count (an empty part is
-    // dropped), then close the feature.
-    void EndPart(uint32_t vertexCount) {
-        if (vertexCount > m_partStart.back()) m_partStart.push_back(vertexCount);
+    // Builders append a part's vertices, close the part with the new vertex count and its kind (an
+    // empty part is dropped), then close the feature.
+    void EndPart(uint32_t vertexCount, HOFeatureKind kind) {
+        if (vertexCount <= m_partStart.back()) return;
+        m_partStart.push_back(vertexCount);
+        m_partKinds.push_back(kind);
     }
     void EndFeature(HOFeatureKind kind, int64_t id);
     void Reserve(std::size_t features) {
@@ -63,12 +66,18 @@ public:
         m_featureStart.reserve(features + 1);
     }
     std::size_t PartCount() const { return m_partStart.size() - 1; }
-    // Drops the offsets when every feature is one point (feature i is vertex i).
+    // Drops the offsets when every feature is one point (feature i is vertex i), and the part kinds
+    // when every part is of its feature's kind.
     void Compact();
 
     std::size_t FeatureCount() const { return m_kinds.size(); }
     bool IsSinglePoints() const { return m_singlePoints; }
     HOFeatureKind Kind(std::size_t feature) const { return m_kinds[feature]; }
+    // Whether the feature's parts differ in kind; PartKind then tells each one's.
+    bool IsMixed(std::size_t feature) const { return !m_partKinds.empty() && m_mixed[feature]; }
+    HOFeatureKind PartKind(std::size_t feature, uint32_t part) const {
+        return m_partKinds.empty() ? m_kinds[feature] : m_partKinds[part];
+    }
     uint32_t PartBegin(std::size_t feature) const {
         return m_singlePoints ? uint32_t(feature) : m_featureStart[feature];
     }
@@ -89,6 +98,8 @@ private:
     std::vector<uint32_t> m_partStart{0};     // first vertex of each part, then the vertex count
     std::vector<uint32_t> m_featureStart{0};  // first part of each feature, then the part count
     std::vector<HOFeatureKind> m_kinds;
+    std::vector<HOFeatureKind> m_partKinds;  // per part; kept only when some feature mixes kinds
+    std::vector<bool> m_mixed;               // per feature, with m_partKinds
     // Ids are the source's FIDs; most sources number them consecutively, which needs no array.
     int64_t m_firstId = 0;
     std::vector<int64_t> m_ids;

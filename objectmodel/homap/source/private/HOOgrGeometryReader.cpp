@@ -97,20 +97,22 @@ HOFeatureKind HOOgrGeometryReader::append(const OGRGeometry* geometry) {
             if (point->IsEmpty() || !finite(v)) return HOFeatureKind::Empty;
             m_vertices.push_back(v);
             m_box.Add(v);
-            m_topology.EndPart(uint32_t(m_vertices.size()));
+            m_topology.EndPart(uint32_t(m_vertices.size()), HOFeatureKind::Point);
             return HOFeatureKind::Point;
         }
         case wkbLineString:
         case wkbLinearRing:
-            appendCurve(geometry->toSimpleCurve());
+            appendCurve(geometry->toSimpleCurve(), HOFeatureKind::Line);
             return HOFeatureKind::Line;
         case wkbPolygon:
-            for (const OGRLinearRing* ring : *geometry->toPolygon()) appendCurve(ring);
+            for (const OGRLinearRing* ring : *geometry->toPolygon())
+                appendCurve(ring, HOFeatureKind::Polygon);
             return HOFeatureKind::Polygon;
         default:
             break;
     }
     if (!OGR_GT_IsSubClassOf(type, wkbGeometryCollection)) return HOFeatureKind::Empty;
+    // A collection is of its first member's kind; each member's parts keep their own.
     HOFeatureKind kind = kindOf(type);
     for (const OGRGeometry* member : *geometry->toGeometryCollection()) {
         const HOFeatureKind memberKind = append(member);
@@ -119,7 +121,7 @@ HOFeatureKind HOOgrGeometryReader::append(const OGRGeometry* geometry) {
     return kind;
 }
 
-void HOOgrGeometryReader::appendCurve(const OGRSimpleCurve* curve) {
+void HOOgrGeometryReader::appendCurve(const OGRSimpleCurve* curve, HOFeatureKind kind) {
     // Through a reused buffer that stays in cache, so the layer's array is written once, finite
     // vertices only.
     m_scratch.resize(std::size_t(curve->getNumPoints()));
@@ -131,7 +133,7 @@ void HOOgrGeometryReader::appendCurve(const OGRSimpleCurve* curve) {
     else
         std::copy_if(m_scratch.begin(), m_scratch.end(), std::back_inserter(m_vertices), finite);
     for (std::size_t i = first; i < m_vertices.size(); ++i) m_box.Add(m_vertices[i]);
-    m_topology.EndPart(uint32_t(m_vertices.size()));
+    m_topology.EndPart(uint32_t(m_vertices.size()), kind);
 }
 
 }  // namespace HXObjects

@@ -24,7 +24,7 @@ public:
 
 private:
     HOFeatureKind append(const OGRGeometry* geometry);
-    void appendCurve(const OGRSimpleCurve* curve);
+    void appendCurve(const OGRSimpleCurve* curve, HOFeatureKind kind);
     void reserveFor(std::size_t features, std::size_t read);
 
     HOFeatureTopology m_topology;

@@ -1,6 +1,7 @@
 #include "source/private/HOProjectedStores.h"
 
 #include "source/private/HOExtentProjector.h"
+#include "source/private/HOStoreReprojector.h"
 
 namespace HXObjects {
 
@@ -10,19 +11,37 @@ HOProjectedStores::HOProjectedStores(std::shared_ptr<const HOFeatureStore> sourc
 
 std::shared_ptr<const HOFeatureStore> HOProjectedStores::StoreFor(const HOCoordinateSystem* target) {
     if (!target || !m_system || target == m_system.get()) return m_source;
-    std::lock_guard<std::mutex> lock(m_mutex);
-    for (const Copy& copy : m_copies)
-        if (copy.first.get() == target || copy.first->IsSame(target)) return copy.second;
+    bool found = false;
+    if (auto store = find(target, &found); found) return store;
     std::shared_ptr<const HOFeatureStore> store;
-    if (HOExtentProjector::IsIdentity(m_system.get(), target)) {
+    if (HOExtentProjector::IsIdentity(m_system.get(), target))
         store = m_source;
-    } else {
-        std::vector<HOVertex> vertices = m_source->Vertices();
-        if (HOExtentProjector::Project(vertices, m_system.get(), target))
-            store = std::make_shared<HOFeatureStore>(m_source->SharedTopology(), std::move(vertices));
-    }
+    else
+        store = HOStoreReprojector::Project(*m_source, m_system.get(), target);
+    std::lock_guard<std::mutex> lock(m_mutex);
+    // Two threads may have made it at once: the first one kept wins.
+    for (const Copy& copy : m_copies)
+        if (copy.first.get() == target) return copy.second;
     m_copies.emplace_back(HORefPtr<const HOCoordinateSystem>(target), store);
     return store;
+}
+
+std::shared_ptr<const HOFeatureStore> HOProjectedStores::MadeFor(const HOCoordinateSystem* target) {
+    if (!target || !m_system || target == m_system.get()) return m_source;
+    bool found = false;
+    return find(target, &found);
+}
+
+std::shared_ptr<const HOFeatureStore> HOProjectedStores::find(const HOCoordinateSystem* target,
+                                                              bool* found) const {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    for (const Copy& copy : m_copies) {
+        if (copy.first.get() == target || copy.first->IsSame(target)) {
+            *found = true;
+            return copy.second;
+        }
+    }
+    return nullptr;
 }
 
 }  // namespace HXObjects

@@ -1,6 +1,8 @@
 #pragma once
 // HOProjectedStores: a feature layer's geometry in every coordinate system it has been drawn in.
-// Each copy is built once, on first use, and shared by all views rendering in that system.
+// Each copy is built once, on first use (cut to what the system can show, HOStoreReprojector), and
+// shared by all views rendering in that system. The list is locked only to look up and to add, never
+// while a copy is built, so asking for a copy already made never waits on one being made.
 #include <memory>
 #include <mutex>
 #include <vector>
@@ -19,13 +21,18 @@ public:
     std::shared_ptr<const HOFeatureStore> Source() const { return m_source; }
     // The source store when no transformation is needed; null when none exists.
     std::shared_ptr<const HOFeatureStore> StoreFor(const HOCoordinateSystem* target);
+    // The copy for the target if it is made already (the source when none is needed), else null.
+    std::shared_ptr<const HOFeatureStore> MadeFor(const HOCoordinateSystem* target);
 
 private:
+    // Under the lock: the copy for the target, and whether there is an entry for it.
+    std::shared_ptr<const HOFeatureStore> find(const HOCoordinateSystem* target, bool* found) const;
+
     using Copy = std::pair<HORefPtr<const HOCoordinateSystem>, std::shared_ptr<const HOFeatureStore>>;
 
     std::shared_ptr<const HOFeatureStore> m_source;
     HORefPtr<HOCoordinateSystem> m_system;
-    std::mutex m_mutex;
+    mutable std::mutex m_mutex;
     std::vector<Copy> m_copies;
 };
 

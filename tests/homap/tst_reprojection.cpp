@@ -1,0 +1,225 @@
+// World data drawn in systems that cannot show all of it: Web Mercator, the polar stereographic
+// systems, an orthographic view, a UTM and a Gauss-Kruger zone. What cannot be shown is cut away,
+// the extent stays finite and sensible, the picture is neither a strip nor blank and carries no
+// smeared wedge, deep zooms still draw, and nothing is printed. Also: the map keeps the system it
+// took first.
+#include <unistd.h>
+
+#include <QTemporaryDir>
+#include <QTemporaryFile>
+#include <QtTest>
+#include <cmath>
+
+#include "HOFeatureLayer.h"
+#include "HOLayerFixture.h"
+#include "HOMap.h"
+#include "HORasterLayer.h"
+#include "HOTestPrinters.h"
+
+using namespace HXObjects;
+
+namespace {
+
+struct Probe {
+    double lon, lat;
+    bool drawn;
+};
+
+// Everything written to standard error while it lives.
+class StderrCapture {
+public:
+    StderrCapture() {
+        m_file.open();
+        fflush(stderr);
+        m_saved = dup(2);
+        dup2(m_file.handle(), 2);
+    }
+    QByteArray Finish() {
+        fflush(stderr);
+        dup2(m_saved, 2);
+        close(m_saved);
+        m_file.seek(0);
+        return m_file.readAll();
+    }
+
+private:
+    QTemporaryFile m_file;
+    int m_saved = -1;
+};
+
+bool isBackground(QRgb pixel) {
+    return pixel == qRgb(255, 255, 255);
+}
+
+}  // namespace
+
+Q_DECLARE_METATYPE(std::vector<Probe>)
+
+class TestReprojection : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() {
+        QVERIFY(m_dir.isValid());
+        // Three continents, both polar caps and an island group across the antimeridian (written
+        // with longitudes past 180). Edges run for tens of degrees: they must curve once projected.
+        const QString path = m_dir.filePath("world.gpkg");
+        QVERIFY(HOLayerFixture::WriteVector(path, "GPKG", 4326, wkbPolygon,
+                                            {{"POLYGON((-20 -30,40 -30,40 30,-20 30,-20 -30))"},
+                                             {"POLYGON((60 10,140 10,140 60,60 60,60 10))"},
+                                             {"POLYGON((-120 20,-70 20,-70 50,-120 50,-120 20))"},
+                                             {"POLYGON((-180 75,180 75,180 90,-180 90,-180 75))"},
+                                             {"POLYGON((-180 -90,180 -90,180 -70,-180 -70,-180 -90))"},
+                                             {"POLYGON((170 -20,190 -20,190 -10,170 -10,170 -20))"}}));
+        m_world = HODynamicCast<HOFeatureLayer>(OpenLayer(HOString(path)));
+        QVERIFY(m_world);
+    }
+
+    void worldInSystemsThatShowPartOfIt_data() {
+        QTest::addColumn<QString>("system");
+        QTest::addColumn<std::vector<Probe>>("probes");
+        QTest::newRow("Web Mercator")
+            << "EPSG:3857"
+            << std::vector<Probe>{{10, 0, true},    {-40, 0, false}, {100, 40, true},  {-95, 35, true},
+                                  {0, 80, true},    {0, -75, true},  {175, -15, true}, {-175, -15, true},
+                                  {-160, 0, false}, {0, 60, false}};
+        QTest::newRow("Antarctic polar stereographic")
+            << "EPSG:3031"
+            << std::vector<Probe>{{0, -80, true}, {120, -85, true}, {0, -60, false}, {90, -60, false}};
+        QTest::newRow("Arctic polar stereographic")
+            << "EPSG:3995"
+            << std::vector<Probe>{{0, 80, true}, {120, 85, true}, {0, 65, false}, {-100, 55, false}};
+        QTest::newRow("orthographic, no area of use")
+            << "+proj=ortho +lat_0=40 +lon_0=10"
+            << std::vector<Probe>{
+                   {10, 0, true}, {-40, 0, false}, {100, 40, true}, {-95, 35, true}, {0, 80, true}};
+        QTest::newRow("UTM zone 33N")
+            << "EPSG:32633"
+            << std::vector<Probe>{{15, 0, true}, {15, 45, false}, {15, 80, true}, {30, 40, false}};
+        QTest::newRow("Gauss-Kruger zone, 117E")
+            << "EPSG:4509" << std::vector<Probe>{{117, 30, true}, {117, 63, false}, {105, 20, true}};
+    }
+
+    void worldInSystemsThatShowPartOfIt() {
+        QFETCH(QString, system);
+        QFETCH(std::vector<Probe>, probes);
+        const HORefPtr<HOCoordinateSystem> target = HOCoordinateSystem::FromUserInput(HOString(system));
+        QVERIFY(target);
+        StderrCapture capture;
+        const HORect estimated = m_world->GetExtentIn(target);
+        QImage image = render(estimated, target);
+        const HORect drawn = m_world->GetExtentIn(target);  // from the drawn copy now
+        const QByteArray printed = capture.Finish();
+        QVERIFY2(printed.isEmpty(), printed.constData());
+        for (const HORect& extent : {estimated, drawn}) {
+            QVERIFY2(std::isfinite(extent.Width()) && std::isfinite(extent.Height()),
+                     QTest::toString(extent));
+            // Nothing thrown to the ends of the earth (Mercator's poles reach 2.4e8 m) or squashed flat.
+            QVERIFY2(extent.Width() > 1e5 && extent.Width() < 4.1e7 && extent.Height() > 1e5 &&
+                         extent.Height() < 4.1e7,
+                     QTest::toString(extent));
+            QVERIFY2(extent.Width() / extent.Height() > 0.25 && extent.Width() / extent.Height() < 4,
+                     QTest::toString(extent));
+        }
+        if (qEnvironmentVariableIsSet("HX_SAVE_RENDERS"))
+            image.save(QDir(qEnvironmentVariable("HX_SAVE_RENDERS"))
+                           .filePath(QString(QTest::currentDataTag()) + ".png"));
+
+        // Drawn over much of the extent both ways: no strip, no line, not blank.
+        const double unitsPerPixel = std::max(estimated.Width(), estimated.Height()) / image.width();
+        QRect coloured;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (!isBackground(image.pixel(x, y))) coloured |= QRect(x, y, 1, 1);
+        QVERIFY2(coloured.width() > estimated.Width() / unitsPerPixel / 3 &&
+                     coloured.height() > estimated.Height() / unitsPerPixel / 3,
+                 QTest::toString(coloured));
+        // Land where there is land and sea where there is none: a wedge would cover the gaps.
+        OGRSpatialReference wgs84;
+        wgs84.importFromEPSG(4326);
+        wgs84.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+        OGRSpatialReference there(*target->Ogr());
+        there.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+        std::unique_ptr<OGRCoordinateTransformation> transform(
+            OGRCreateCoordinateTransformation(&wgs84, &there));
+        QVERIFY(transform);
+        for (const Probe& probe : probes) {
+            double x = probe.lon, y = probe.lat;
+            QVERIFY(transform->Transform(1, &x, &y));
+            const QPoint pixel(int((x - estimated.minx) / unitsPerPixel),
+                               int((estimated.maxy - y) / unitsPerPixel));
+            const QString where = QStringLiteral("(%1, %2) at pixel (%3, %4)")
+                                      .arg(probe.lon)
+                                      .arg(probe.lat)
+                                      .arg(pixel.x())
+                                      .arg(pixel.y());
+            QVERIFY2(image.rect().contains(pixel), qPrintable(where));
+            QVERIFY2(isBackground(image.pixel(pixel)) != probe.drawn, qPrintable(where));
+            // A deep zoom (a few centimetres a pixel) shows it as well.
+            const HORect close(x - 2, x + 2, y - 2, y + 2);
+            QVERIFY2(isBackground(render(close, target).pixel(100, 100)) != probe.drawn, qPrintable(where));
+        }
+    }
+
+    void mapKeepsTheSystemItTook() {
+        const HORefPtr<HOCoordinateSystem> mercator = HOCoordinateSystem::FromEpsg(3857);
+        const QString rasterPath = m_dir.filePath("mercator.tif");
+        const double metres[6] = {0, 1000, 0, 10000, 0, -1000};
+        QVERIFY(HOLayerFixture::WriteRaster(rasterPath, 10, 10, 1, GDT_Byte, 3857, metres,
+                                            [](int, int, int) { return 1.0; }));
+        HORefPtr<HOLayer> raster = OpenLayer(HOString(rasterPath));
+        QVERIFY(raster);
+
+        HORefPtr<HOMap> map(new HOMap);
+        map->AddLayer(m_world);
+        QCOMPARE(map->GetSpatialReference()->GetEpsgCode(), 4326);
+        map->AddLayer(raster);
+        map->MoveLayer(raster, 0);
+        map->RemoveLayer(m_world);
+        QCOMPARE(map->GetSpatialReference()->GetEpsgCode(), 4326);
+        // The host's choice wins; a system no map can be drawn in is refused.
+        map->SetSpatialReference(mercator);
+        QCOMPARE(map->GetSpatialReference().get(), mercator.get());
+        map->SetSpatialReference(HOCoordinateSystem::FromEpsg(4978));
+        QCOMPARE(map->GetSpatialReference().get(), mercator.get());
+        // A map without a system takes the first layer's.
+        HORefPtr<HOMap> other(new HOMap);
+        other->AddLayer(raster);
+        other->AddLayer(m_world);
+        QCOMPARE(other->GetSpatialReference()->GetEpsgCode(), 3857);
+    }
+
+    void systemKinds_data() {
+        QTest::addColumn<QString>("definition");
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<bool>("canDrawMap");
+        QTest::newRow("geographic") << "EPSG:4490" << int(HOCoordinateSystem::GeographicKind) << true;
+        QTest::newRow("projected") << "EPSG:3857" << int(HOCoordinateSystem::ProjectedKind) << true;
+        QTest::newRow("PROJ string") << "+proj=ortho +lat_0=40 +lon_0=10"
+                                     << int(HOCoordinateSystem::ProjectedKind) << true;
+        QTest::newRow("geocentric") << "EPSG:4978" << int(HOCoordinateSystem::GeocentricKind) << false;
+        QTest::newRow("vertical") << "EPSG:5773" << int(HOCoordinateSystem::VerticalKind) << false;
+    }
+
+    void systemKinds() {
+        QFETCH(QString, definition);
+        const HORefPtr<HOCoordinateSystem> system = HOCoordinateSystem::FromUserInput(HOString(definition));
+        QVERIFY(system);
+        QTEST(int(system->GetKind()), "kind");
+        QTEST(system->CanDrawMap(), "canDrawMap");
+    }
+
+private:
+    QImage render(const HORect& extent, const HOCoordinateSystem* system) {
+        QImage image = HOLayerFixture::WhiteImage(QSize(200, 200));
+        QPainter painter(&image);
+        m_world->Render(HOLayerFixture::Context(&painter, image.size(), extent, system));
+        return image;
+    }
+
+    QTemporaryDir m_dir;
+    HORefPtr<HOFeatureLayer> m_world;
+};
+
+QTEST_MAIN(TestReprojection)
+#include "tst_reprojection.moc"
