@@ -56,7 +56,8 @@ private:
 };
 
 // Opens any OGR vector source (first layer, or "path|layername=NAME") or GDAL raster; on failure null
-// and a readable error ("cannot open 'x.shp': reason").
+// and a readable error ("cannot open 'x.shp': reason"). HODataSource opens all layers of a source at
+// once and takes any file name.
 HORefPtr<HOLayer> OpenLayer(const HOString& source, HOString* error = nullptr);
 
 }  // namespace HXObjects

@@ -1,0 +1,64 @@
+#include "source/private/HOGdalOpener.h"
+
+#include <gdal_pam.h>
+
+#include "source/private/HOFileCheck.h"
+#include "source/private/HOGdalEnvironment.h"
+
+namespace HXObjects {
+
+GDALDatasetUniquePtr HOGdalOpener::Open(const std::string& path, HOString* reason) {
+    HOGdalEnvironment::Prepare();
+    if (!HOFileCheck::IsReadable(path, reason)) return nullptr;
+    CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
+    // Drivers read the auxiliary-metadata switch when they open; nothing is saved beside the data.
+    CPLConfigOptionSetter noSidecars("GDAL_PAM_ENABLED", "NO", false);
+    const unsigned kinds[3] = {GDAL_OF_VECTOR | GDAL_OF_RASTER, GDAL_OF_VECTOR, GDAL_OF_RASTER};
+    std::string messages[3];
+    for (int i = 0; i < 3; ++i) {
+        GDALDatasetUniquePtr dataset = attempt(path, kinds[i], &messages[i]);
+        if (dataset) {
+            keepSidecarsUnwritten(dataset.get());
+            return dataset;
+        }
+        // No driver claimed the file at all: each kind alone would find none either.
+        if (i == 0 && messages[0].empty()) break;
+    }
+    // What a vector driver says about the content is the likelier truth, then a raster driver.
+    for (const int i : {1, 2, 0}) {
+        if (!messages[i].empty()) {
+            *reason = messages[i];
+            return nullptr;
+        }
+    }
+    *reason = "not a recognised vector or raster format";
+    return nullptr;
+}
+
+GDALDatasetUniquePtr HOGdalOpener::attempt(const std::string& path, unsigned kinds, std::string* message) {
+    // GML would write a .gfs schema beside the file and might fetch an application schema.
+    static const char* const options[] = {"WRITE_GFS=NO", "DOWNLOAD_SCHEMA=NO", nullptr};
+    const CPLStringList drivers = driversFor(path);
+    CPLErrorReset();
+    GDALDatasetUniquePtr dataset(
+        GDALDataset::Open(path.c_str(), kinds | GDAL_OF_READONLY, drivers.List(), options));
+    if (!dataset && CPLGetLastErrorType() >= CE_Failure) *message = CPLGetLastErrorMsg();
+    return dataset;
+}
+
+CPLStringList HOGdalOpener::driversFor(const std::string& path) {
+    CPLStringList drivers;
+    // GDAL 3.6's LIBKML driver takes the whole process down on a gx:Track without <when> (ogrinfo
+    // too); the plain KML driver reads the same placemarks without that risk, so a .kml file goes
+    // to it. A .kmz (zipped) still needs LIBKML.
+    if (EQUAL(CPLGetExtension(path.c_str()), "kml")) drivers.AddString("KML");
+    return drivers;
+}
+
+void HOGdalOpener::keepSidecarsUnwritten(GDALDataset* dataset) {
+    // Some drivers set up their auxiliary metadata lazily, on a later thread that lacks the
+    // switch above; the flag holds for the dataset's life.
+    if (auto* pam = dynamic_cast<GDALPamDataset*>(dataset)) pam->SetPamFlags(pam->GetPamFlags() | GPF_NOSAVE);
+}
+
+}  // namespace HXObjects

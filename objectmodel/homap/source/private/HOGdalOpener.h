@@ -1,0 +1,26 @@
+#pragma once
+// HOGdalOpener: the one place where GDAL opens a data source, read-only, as vector or raster. It
+// refuses what no driver can read safely (HOFileCheck), keeps GDAL from writing anything beside the
+// data (GML's .gfs schema, .aux.xml statistics), keeps a bad file from reaching the driver known
+// to crash on it, and turns GDAL's complaints into a reason.
+#include <gdal_priv.h>
+
+#include <string>
+
+#include "HOString.h"
+
+namespace HXObjects {
+
+class HOGdalOpener {
+public:
+    // Null with the reason on failure. A file that a raster driver claims and then rejects (a CSV
+    // of numbers, a GeoJSON STAC item) is tried again as vector, and the other way round.
+    static GDALDatasetUniquePtr Open(const std::string& path, HOString* reason);
+
+private:
+    static GDALDatasetUniquePtr attempt(const std::string& path, unsigned kinds, std::string* message);
+    static CPLStringList driversFor(const std::string& path);
+    static void keepSidecarsUnwritten(GDALDataset* dataset);
+};
+
+}  // namespace HXObjects
