@@ -35,10 +35,6 @@ HORefPtr<HODataSource> HODataSource::Open(const HOString& path, HOString* error)
 HORefPtr<HODataSource> HODataSource::open(const HOString& path, HOString* reason) {
     GDALDatasetUniquePtr dataset = HOGdalOpener::Open(path.toStdString(), reason);
     if (!dataset) return nullptr;
-    if (dataset->GetLayerCount() == 0 && dataset->GetRasterCount() == 0) {
-        *reason = "it holds no vector layer or raster band";
-        return nullptr;
-    }
     HORefPtr<HODataSource> source(new HODataSource);
     source->d->path = path;
     // A GeoPackage may hold tables and tiles alike; its tables are what it is opened for.

@@ -19,7 +19,7 @@ GDALDatasetUniquePtr HOGdalOpener::Open(const std::string& path, HOString* reaso
         GDALDatasetUniquePtr dataset = attempt(path, kinds[i], &messages[i]);
         if (dataset) {
             keepSidecarsUnwritten(dataset.get());
-            return dataset;
+            return holdsData(dataset.get(), reason) ? std::move(dataset) : nullptr;
         }
         // No driver claimed the file at all: each kind alone would find none either.
         if (i == 0 && messages[0].empty()) break;
@@ -53,6 +53,28 @@ CPLStringList HOGdalOpener::driversFor(const std::string& path) {
     // to it. A .kmz (zipped) still needs LIBKML.
     if (EQUAL(CPLGetExtension(path.c_str()), "kml")) drivers.AddString("KML");
     return drivers;
+}
+
+bool HOGdalOpener::holdsData(GDALDataset* dataset, HOString* reason) {
+    if (dataset->GetLayerCount() == 0 && dataset->GetRasterCount() == 0) {
+        // A driver may accept a damaged file and find nothing in it; what it said is the reason.
+        *reason = CPLGetLastErrorType() >= CE_Failure ? CPLGetLastErrorMsg()
+                                                       : "it holds no vector layer or raster band";
+        return false;
+    }
+    // A damaged header can declare blocks of many gigabytes, which GDAL allocates whole on the
+    // first read of any pixel in them.
+    constexpr double limit = 512.0 * 1024 * 1024;
+    for (int b = 1; b <= dataset->GetRasterCount(); ++b) {
+        GDALRasterBand* band = dataset->GetRasterBand(b);
+        int width = 0, height = 0;
+        band->GetBlockSize(&width, &height);
+        if (double(width) * height * GDALGetDataTypeSizeBytes(band->GetRasterDataType()) > limit) {
+            reason->Format("its blocks of %d x %d pixels are too large to read", width, height);
+            return false;
+        }
+    }
+    return true;
 }
 
 void HOGdalOpener::keepSidecarsUnwritten(GDALDataset* dataset) {

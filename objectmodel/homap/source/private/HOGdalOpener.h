@@ -2,7 +2,8 @@
 // HOGdalOpener: the one place where GDAL opens a data source, read-only, as vector or raster. It
 // refuses what no driver can read safely (HOFileCheck), keeps GDAL from writing anything beside the
 // data (GML's .gfs schema, .aux.xml statistics), keeps a bad file from reaching the driver known
-// to crash on it, and turns GDAL's complaints into a reason.
+// to crash on it, refuses rasters whose blocks could not be held in memory, and turns GDAL's
+// complaints into a reason.
 #include <gdal_priv.h>
 
 #include <string>
@@ -20,6 +21,9 @@ public:
 private:
     static GDALDatasetUniquePtr attempt(const std::string& path, unsigned kinds, std::string* message);
     static CPLStringList driversFor(const std::string& path);
+    // False with the reason for a dataset without layers or bands, or with blocks too large to
+    // hold in memory.
+    static bool holdsData(GDALDataset* dataset, HOString* reason);
     static void keepSidecarsUnwritten(GDALDataset* dataset);
 };
 
