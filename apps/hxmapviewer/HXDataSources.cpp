@@ -12,17 +12,22 @@ std::vector<HORefPtr<HOLayer>> HXDataSources::openLayers(const QString& path, QS
     if (HORefPtr<HODataSource> source = HODataSource::Open(HOString(path), &error))
         layers = source->OpenLayers(&error);
     if (!error.isEmpty()) *errors << error.toQString().split('\n');
-    std::stable_sort(layers.begin(), layers.end(), [](const HORefPtr<HOLayer>& a, const HORefPtr<HOLayer>& b) {
-        return drawRank(a->GetLayerType()) < drawRank(b->GetLayerType());
-    });
+    std::stable_sort(layers.begin(), layers.end(),
+                     [](const HORefPtr<HOLayer>& a, const HORefPtr<HOLayer>& b) {
+                         return drawRank(a->GetLayerType()) < drawRank(b->GetLayerType());
+                     });
     return layers;
 }
 
 int HXDataSources::drawRank(HOLayer::LayerType type) {
     switch (type) {
-        case HOLayer::RasterLayer: return 0;
-        case HOLayer::PolygonLayer: return 1;
-        case HOLayer::PointLayer: return 3;
-        default: return 2;
+        case HOLayer::RasterLayer:
+            return 0;
+        case HOLayer::PolygonLayer:
+            return 1;
+        case HOLayer::PointLayer:
+            return 3;
+        default:
+            return 2;
     }
 }

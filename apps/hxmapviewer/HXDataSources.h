@@ -13,7 +13,8 @@ class HXDataSources {
 public:
     // The file's layers in drawing order; every layer that could not be read adds one line to
     // `errors` (a file that cannot be opened at all adds one and yields none).
-    static std::vector<HXObjects::HORefPtr<HXObjects::HOLayer>> openLayers(const QString& path, QStringList* errors);
+    static std::vector<HXObjects::HORefPtr<HXObjects::HOLayer>> openLayers(const QString& path,
+                                                                           QStringList* errors);
 
 private:
     static int drawRank(HXObjects::HOLayer::LayerType type);

@@ -46,7 +46,8 @@ HORefPtr<HOLayer> OpenLayer(const HOString& source, HOString* error) {
     const bool named = bar >= 0 && !QFileInfo::exists(text);
     HOString reason;
     HORefPtr<HOLayer> layer;
-    if (HORefPtr<HODataSource> data = HODataSource::open(named ? HOString(text.left(bar)) : source, &reason)) {
+    if (HORefPtr<HODataSource> data =
+            HODataSource::open(named ? HOString(text.left(bar)) : source, &reason)) {
         const int index = named ? data->indexOf(HOString(text.mid(bar + 11)), &reason) : 0;
         if (index >= 0) layer = data->openLayer(index, &reason);
     }

@@ -17,8 +17,9 @@ using namespace HXObjects;
 
 namespace {
 
-const char* const lines = "{\"type\":\"FeatureCollection\",\"features\":[{\"type\":\"Feature\",\"properties\":{},"
-                          "\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[0,0],[10,10]]}}]}";
+const char* const lines =
+    "{\"type\":\"FeatureCollection\",\"features\":[{\"type\":\"Feature\",\"properties\":{},"
+    "\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[0,0],[10,10]]}}]}";
 
 QByteArray kmlDocument(const QByteArray& placemarks) {
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<kml xmlns=\"http://www.opengis.net/kml/2.2\" "
@@ -51,17 +52,19 @@ private slots:
         QVERIFY(HOLayerFixture::WriteRaster(m_tif, 64, 64, 1, GDT_Byte, 4326, geo,
                                             [](int, int x, int y) { return double(x ^ y); }));
         m_gpkg = file("good.gpkg");
-        QVERIFY(HOLayerFixture::WriteVector(m_gpkg, "GPKG", 4326, wkbPoint, {{"POINT(1 2)"}, {"POINT(3 4)"}}));
+        QVERIFY(
+            HOLayerFixture::WriteVector(m_gpkg, "GPKG", 4326, wkbPoint, {{"POINT(1 2)"}, {"POINT(3 4)"}}));
         m_fgb = file("good.fgb");
-        QVERIFY(HOLayerFixture::WriteVector(m_fgb, "FlatGeobuf", 4326, wkbPolygon,
-                                            {{"POLYGON((0 0,1 0,1 1,0 0))"}, {"POLYGON((2 2,3 2,3 3,2 2))"}}));
+        QVERIFY(
+            HOLayerFixture::WriteVector(m_fgb, "FlatGeobuf", 4326, wkbPolygon,
+                                        {{"POLYGON((0 0,1 0,1 1,0 0))"}, {"POLYGON((2 2,3 2,3 3,2 2))"}}));
     }
 
     void cleanupTestCase() { CPLPopErrorHandler(); }
 
     void eachFileFailsCleanlyAndQuickly_data() {
         QTest::addColumn<QString>("path");
-        QTest::addColumn<bool>("readable");  // a layer is expected: the file is sound enough to read
+        QTest::addColumn<bool>("readable");   // a layer is expected: the file is sound enough to read
         QTest::addColumn<QString>("reason");  // part of the error when no layer; empty: any reason
 
         // Special files.
@@ -74,7 +77,8 @@ private slots:
         QVERIFY(::symlink(qPrintable(file("loop-a.shp")), qPrintable(file("loop-b.shp"))) == 0);
         QTest::newRow("symlink loop") << file("loop-a.shp") << false << "a loop of symbolic links";
         QVERIFY(::symlink(qPrintable(file("gone.gpkg")), qPrintable(file("dangling.gpkg"))) == 0);
-        QTest::newRow("dangling link") << file("dangling.gpkg") << false << "a symbolic link to a missing file";
+        QTest::newRow("dangling link")
+            << file("dangling.gpkg") << false << "a symbolic link to a missing file";
         // The mode bits refuse the file to every user, the administrator who runs CI included.
         write("locked.geojson", lines);
         QVERIFY(::chmod(qPrintable(file("locked.geojson")), 0) == 0);
@@ -90,8 +94,8 @@ private slots:
         QTest::newRow("gpkg truncated") << write("cut.gpkg", gpkg.left(1536)) << false << "";
         QTest::newRow("gpkg broken header")
             << write("header.gpkg", garbage(100) + gpkg.mid(100)) << false << "";
-        QTest::newRow("gpkg broken rtree") << sqlCopy("rtree.gpkg", "DELETE FROM rtree_data_geom_node") << true
-                                           << "";
+        QTest::newRow("gpkg broken rtree")
+            << sqlCopy("rtree.gpkg", "DELETE FROM rtree_data_geom_node") << true << "";
         QTest::newRow("gpkg bad geometry blob")
             << sqlCopy("blob.gpkg", "UPDATE data SET geom = x'4750000100000000deadbeef'") << true << "";
 
@@ -130,14 +134,16 @@ private slots:
                                               "<gx:coord>3 4 0</gx:coord></gx:Track></Placemark>"))
             << true << "";
         QTest::newRow("kml truncated")
-            << write("cut.kml", kmlDocument("<Placemark><Point><coordinates>1,2</coordinates></Point></Placemark>")
-                                    .left(120))
+            << write("cut.kml",
+                     kmlDocument("<Placemark><Point><coordinates>1,2</coordinates></Point></Placemark>")
+                         .left(120))
             << false << "";
         QByteArray laughs = "<?xml version=\"1.0\"?><!DOCTYPE kml [<!ENTITY a \"aaaaaaaaaa\">";
         for (char c = 'b'; c <= 'j'; ++c)
             laughs += QByteArray("<!ENTITY ") + c + " \"" + QByteArray("&") + char(c - 1) + ";" +
                       QByteArray("&") + char(c - 1) + ";&" + char(c - 1) + ";&" + char(c - 1) + ";\">";
-        laughs += "]><kml xmlns=\"http://www.opengis.net/kml/2.2\"><Document><name>&j;</name></Document></kml>";
+        laughs +=
+            "]><kml xmlns=\"http://www.opengis.net/kml/2.2\"><Document><name>&j;</name></Document></kml>";
         QTest::newRow("kml entity expansion") << write("laughs.kml", laughs) << false << "";
 
         // FlatGeobuf.
@@ -146,22 +152,26 @@ private slots:
             << write("garbage.fgb", fgb.left(8) + garbage(4096)) << false << "";
         QTest::newRow("fgb truncated") << write("cut.fgb", fgb.left(fgb.size() / 2)) << false << "";
         QTest::newRow("fgb huge header size")
-            << write("huge.fgb", fgb.left(8) + QByteArray("\xff\xff\xff\x7f", 4) + fgb.mid(12)) << false << "";
+            << write("huge.fgb", fgb.left(8) + QByteArray("\xff\xff\xff\x7f", 4) + fgb.mid(12)) << false
+            << "";
 
         // GeoTIFF.
         const QByteArray tif = contents(m_tif);
         QTest::newRow("tif garbage") << write("garbage.tif", garbage(4096)) << false << "";
         QTest::newRow("tif truncated header") << write("header.tif", tif.left(10)) << false << "";
-        QTest::newRow("tif huge declared size") << write("huge.tif", withHugeSize(tif)) << false << "too large";
+        QTest::newRow("tif huge declared size")
+            << write("huge.tif", withHugeSize(tif)) << false << "too large";
         const QString southUp = file("southup.tif");
         const double flipped[6] = {0, 1, 0, 0, 0, 1};
-        QVERIFY(HOLayerFixture::WriteRaster(southUp, 8, 8, 1, GDT_Byte, 0, flipped, [](int, int, int) { return 1.0; }));
+        QVERIFY(HOLayerFixture::WriteRaster(southUp, 8, 8, 1, GDT_Byte, 0, flipped,
+                                            [](int, int, int) { return 1.0; }));
         QTest::newRow("tif not north-up") << southUp << false << "georeferenced";
 
         // VRT.
-        QTest::newRow("vrt recursive") << write("self.vrt", vrt("8", simpleSource(file("self.vrt").toUtf8())))
-                                       << false << "";
-        QTest::newRow("vrt on /dev/zero") << write("zero.vrt", vrt("8", simpleSource("/dev/zero"))) << false << "";
+        QTest::newRow("vrt recursive")
+            << write("self.vrt", vrt("8", simpleSource(file("self.vrt").toUtf8()))) << false << "";
+        QTest::newRow("vrt on /dev/zero")
+            << write("zero.vrt", vrt("8", simpleSource("/dev/zero"))) << false << "";
         QTest::newRow("vrt on a missing file")
             << write("missing.vrt", vrt("8", simpleSource(file("absent.tif").toUtf8()))) << false << "";
         QTest::newRow("vrt malformed") << write("bad.vrt", vrt("8", "").left(60)) << false << "";
@@ -190,7 +200,8 @@ private:
 
     QString write(const QString& name, const QByteArray& bytes) const {
         QFile out(file(name));
-        if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size()) qFatal("cannot write %s", qPrintable(name));
+        if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size())
+            qFatal("cannot write %s", qPrintable(name));
         return out.fileName();
     }
 
@@ -210,7 +221,8 @@ private:
     // A copy of the good GeoPackage with one SQL statement applied.
     QString sqlCopy(const QString& name, const char* sql) const {
         const QString path = write(name, contents(m_gpkg));
-        GDALDatasetUniquePtr ds(GDALDataset::Open(path.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
+        GDALDatasetUniquePtr ds(
+            GDALDataset::Open(path.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
         if (ds) ds->ReleaseResultSet(ds->ExecuteSQL(sql, nullptr, nullptr));
         return path;
     }

@@ -27,7 +27,8 @@ const HOLayer::LayerType layerTypes[3] = {HOLayer::PolygonLayer, HOLayer::Polyli
 int openDescriptorsOf(const QString& path) {
     const QString target = QFileInfo(path).canonicalFilePath();
     int count = 0;
-    for (const QFileInfo& fd : QDir("/proc/self/fd").entryInfoList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot))
+    for (const QFileInfo& fd :
+         QDir("/proc/self/fd").entryInfoList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot))
         count += fd.symLinkTarget() == target;
     return count;
 }
@@ -99,7 +100,8 @@ private slots:
         QVERIFY2(named, error.c_str());
         QCOMPARE(named->GetLayerType(), layerTypes[1]);
         QVERIFY(!HODataSource::Open(HOString(path))->OpenLayer(HOString("nothing"), &error));
-        QCOMPARE(error, HOString(QStringLiteral("cannot open '%1': it has no layer named 'nothing'").arg(path)));
+        QCOMPARE(error,
+                 HOString(QStringLiteral("cannot open '%1': it has no layer named 'nothing'").arg(path)));
     }
 
     void filesARasterDriverClaimsOpenAsVector_data() {
@@ -108,11 +110,12 @@ private slots:
         QTest::newRow("CSV of numbers") << "table.csv" << QByteArray("x,y,z\n1,2,3\n5,7,3\n2,9,1\n");
         QTest::newRow("STAC item")
             << "item.json"
-            << QByteArray("{\"type\":\"Feature\",\"stac_version\":\"1.0.0\",\"id\":\"scene\","
-                          "\"geometry\":{\"type\":\"Polygon\",\"coordinates\":[[[0,0],[4,0],[4,3],[0,0]]]},"
-                          "\"properties\":{\"datetime\":\"2020-01-01T00:00:00Z\",\"proj:epsg\":4326},"
-                          "\"assets\":{\"image\":{\"href\":\"scene.tif\",\"proj:transform\":[1,0,0,0,-1,3]}},"
-                          "\"links\":[]}");
+            << QByteArray(
+                   "{\"type\":\"Feature\",\"stac_version\":\"1.0.0\",\"id\":\"scene\","
+                   "\"geometry\":{\"type\":\"Polygon\",\"coordinates\":[[[0,0],[4,0],[4,3],[0,0]]]},"
+                   "\"properties\":{\"datetime\":\"2020-01-01T00:00:00Z\",\"proj:epsg\":4326},"
+                   "\"assets\":{\"image\":{\"href\":\"scene.tif\",\"proj:transform\":[1,0,0,0,-1,3]}},"
+                   "\"links\":[]}");
     }
 
     void filesARasterDriverClaimsOpenAsVector() {
@@ -131,8 +134,9 @@ private slots:
                                      << QByteArray("{\"type\":\"FeatureCollection\",\"features\":[]}");
         QTest::newRow("no geometry")
             << "nogeometry.geojson"
-            << QByteArray("{\"type\":\"FeatureCollection\",\"features\":[{\"type\":\"Feature\","
-                          "\"properties\":{\"a\":1},\"geometry\":null}]}");
+            << QByteArray(
+                   "{\"type\":\"FeatureCollection\",\"features\":[{\"type\":\"Feature\","
+                   "\"properties\":{\"a\":1},\"geometry\":null}]}");
         QTest::newRow("empty geometries")
             << "emptygeometry.csv" << QByteArray("WKT,a\n\"POINT EMPTY\",1\n\"POLYGON EMPTY\",2\n");
         QTest::newRow("attributes only") << "attributes.csv" << QByteArray("name,a\nx,1\ny,2\n");
@@ -156,11 +160,12 @@ private slots:
         const QString gml = dir.filePath("places.gml");
         QFile out(gml);
         QVERIFY(out.open(QIODevice::WriteOnly));
-        out.write("<?xml version=\"1.0\"?><ogr:FeatureCollection xmlns:ogr=\"http://ogr.maptools.org/\" "
-                  "xmlns:gml=\"http://www.opengis.net/gml\"><gml:featureMember><ogr:places fid=\"places.0\">"
-                  "<ogr:geometryProperty><gml:Point><gml:coordinates>1,2</gml:coordinates></gml:Point>"
-                  "</ogr:geometryProperty><ogr:name>a</ogr:name></ogr:places></gml:featureMember>"
-                  "</ogr:FeatureCollection>");
+        out.write(
+            "<?xml version=\"1.0\"?><ogr:FeatureCollection xmlns:ogr=\"http://ogr.maptools.org/\" "
+            "xmlns:gml=\"http://www.opengis.net/gml\"><gml:featureMember><ogr:places fid=\"places.0\">"
+            "<ogr:geometryProperty><gml:Point><gml:coordinates>1,2</gml:coordinates></gml:Point>"
+            "</ogr:geometryProperty><ogr:name>a</ogr:name></ogr:places></gml:featureMember>"
+            "</ogr:FeatureCollection>");
         out.close();
         const double geo[6] = {0, 1, 0, 20, 0, -1};
         QVERIFY(HOLayerFixture::WriteRaster(dir.filePath("grey.tif"), 20, 20, 1, GDT_Float32, 4326, geo,
@@ -181,8 +186,10 @@ private slots:
 
     void gdalAndProjPrintNothing() {
         const QString garbage = write("garbage.tif", QByteArray(2048, '\x11'));
-        const QString truncated = write("truncated.geojson", "{\"type\":\"FeatureCollection\",\"features\":[{");
-        HORefPtr<HOCoordinateSystem> ortho = HOCoordinateSystem::FromUserInput(HOString("+proj=ortho +lat_0=0 +lon_0=0"));
+        const QString truncated =
+            write("truncated.geojson", "{\"type\":\"FeatureCollection\",\"features\":[{");
+        HORefPtr<HOCoordinateSystem> ortho =
+            HOCoordinateSystem::FromUserInput(HOString("+proj=ortho +lat_0=0 +lon_0=0"));
         QVERIFY(ortho);
         bool outside = true;
         const QByteArray printed = stderrOf(m_dir.filePath("stderr.txt"), [&] {

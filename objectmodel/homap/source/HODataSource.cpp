@@ -1,10 +1,10 @@
 #include "HODataSource.h"
 
+#include <ogrsf_frmts.h>
+
 #include <QFileInfo>
 #include <QStringList>
 #include <algorithm>
-
-#include <ogrsf_frmts.h>
 
 #include "source/private/HOFeatureLayerLoader.h"
 #include "source/private/HOGdalOpener.h"
@@ -81,7 +81,8 @@ std::vector<HORefPtr<HOLayer>> HODataSource::OpenLayers(HOString* error) {
             layers.push_back(layer);
         else
             failures << QStringLiteral("cannot open layer '%1' of '%2': %3")
-                            .arg(d->names[std::size_t(i)].toQString(), d->path.toQString(), reason.toQString());
+                            .arg(d->names[std::size_t(i)].toQString(), d->path.toQString(),
+                                 reason.toQString());
     }
     if (error) *error = HOString(failures.join('\n'));
     return layers;
@@ -93,12 +94,13 @@ HORefPtr<HOLayer> HODataSource::openLayer(int index, HOString* reason) {
         layer = HOFeatureLayerLoader::Load(d->vector, index, reason).get();
     } else {
         // The first raster layer takes the dataset opened for listing; a second one opens its own.
-        GDALDatasetUniquePtr dataset = d->raster ? std::move(d->raster) : HOGdalOpener::Open(d->path.toStdString(), reason);
+        GDALDatasetUniquePtr dataset =
+            d->raster ? std::move(d->raster) : HOGdalOpener::Open(d->path.toStdString(), reason);
         if (dataset) layer = HORasterLayerLoader::Load(std::move(dataset), reason).get();
     }
     if (!layer) return nullptr;
-    layer->SetSource(d->names.size() > 1 ? HOString(d->path.toQString() + "|layername=" +
-                                                     d->names[std::size_t(index)].toQString())
+    layer->SetSource(d->names.size() > 1 ? HOString(d->path.toQString() +
+                                                    "|layername=" + d->names[std::size_t(index)].toQString())
                                          : d->path);
     return layer;
 }

@@ -1,7 +1,7 @@
 #include "source/private/HOFeatureLayerLoader.h"
 
-#include "source/private/HOFeatureLayerPrivate.h"
 #include "render/private/HOFeatureStyleSet.h"
+#include "source/private/HOFeatureLayerPrivate.h"
 #include "source/private/HOOgrGeometryReader.h"
 
 namespace HXObjects {

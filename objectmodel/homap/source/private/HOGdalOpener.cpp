@@ -59,7 +59,7 @@ bool HOGdalOpener::holdsData(GDALDataset* dataset, HOString* reason) {
     if (dataset->GetLayerCount() == 0 && dataset->GetRasterCount() == 0) {
         // A driver may accept a damaged file and find nothing in it; what it said is the reason.
         *reason = CPLGetLastErrorType() >= CE_Failure ? CPLGetLastErrorMsg()
-                                                       : "it holds no vector layer or raster band";
+                                                      : "it holds no vector layer or raster band";
         return false;
     }
     // A damaged header can declare blocks of many gigabytes, which GDAL allocates whole on the
