@@ -15,7 +15,10 @@ std::atomic<int> nextLayerId{1};
 HOLayer::HOLayer() : m_id(nextLayerId.fetch_add(1)) {}
 
 HORect HOLayer::GetExtentIn(const HOCoordinateSystem* system) const {
-    return HOExtentProjector::Project(GetExtent(), GetSpatialReference().get(), system);
+    // The default rectangle is a layer without data, not a point at the origin to carry elsewhere.
+    const HORect extent = GetExtent();
+    if (extent == HORect()) return extent;
+    return HOExtentProjector::Project(extent, GetSpatialReference().get(), system);
 }
 
 HOString HOLayer::GetName() const {

@@ -27,9 +27,11 @@ public:
 
     virtual LayerType GetLayerType() const = 0;
     virtual HORefPtr<HOCoordinateSystem> GetSpatialReference() const = 0;
-    // Extent in the layer's own coordinate system.
+    // Extent in the layer's own coordinate system; the default (empty) rectangle for a layer
+    // without data.
     virtual HORect GetExtent() const = 0;
-    // Extent in the given system (the layer's own when null or the same).
+    // Extent in the given system (the layer's own when null or the same); a layer without data
+    // keeps the default rectangle.
     virtual HORect GetExtentIn(const HOCoordinateSystem* system) const;
     virtual void Render(const HORenderContext& context) = 0;
 
