@@ -3,7 +3,8 @@
 // reader (OGR for vector data, GDAL for rasters) and reports failures as text; the source then lists
 // its layers and opens any or all of them, every vector layer sharing the one open dataset. Layers
 // keep what they need of the source alive, so the source may be dropped once they are open. Open
-// and read on a worker thread: both read the file.
+// and read on a worker thread (both read the file), one thread at a time per source; the layers
+// may then go anywhere.
 #include <memory>
 #include <vector>
 
