@@ -133,6 +133,8 @@ private slots:
             << write("track.kml", kmlDocument("<Placemark><gx:Track><gx:coord>1 2 0</gx:coord>"
                                               "<gx:coord>3 4 0</gx:coord></gx:Track></Placemark>"))
             << true << "";
+        QTest::newRow("kmz track without times")
+            << zipped("track.kmz", contents(file("track.kml"))) << true << "";
         QTest::newRow("kml truncated")
             << write("cut.kml",
                      kmlDocument("<Placemark><Point><coordinates>1,2</coordinates></Point></Placemark>")
@@ -216,6 +218,16 @@ private:
         quint32 state = 12345;
         for (char& c : bytes) c = char((state = state * 1103515245u + 12345u) >> 24);
         return bytes;
+    }
+
+    // A zip file holding `kml` as doc.kml.
+    QString zipped(const QString& name, const QByteArray& kml) const {
+        const QByteArray entry = "/vsizip/" + file(name).toUtf8() + "/doc.kml";
+        VSILFILE* out = VSIFOpenL(entry.constData(), "wb");
+        if (!out || VSIFWriteL(kml.constData(), 1, std::size_t(kml.size()), out) != std::size_t(kml.size()))
+            qFatal("cannot write %s", qPrintable(name));
+        VSIFCloseL(out);
+        return file(name);
     }
 
     // A copy of the good GeoPackage with one SQL statement applied.

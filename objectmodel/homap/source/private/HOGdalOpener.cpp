@@ -38,21 +38,27 @@ GDALDatasetUniquePtr HOGdalOpener::Open(const std::string& path, HOString* reaso
 GDALDatasetUniquePtr HOGdalOpener::attempt(const std::string& path, unsigned kinds, std::string* message) {
     // GML would write a .gfs schema beside the file and might fetch an application schema.
     static const char* const options[] = {"WRITE_GFS=NO", "DOWNLOAD_SCHEMA=NO", nullptr};
-    const CPLStringList drivers = driversFor(path);
+    const Reader reader = readerFor(path);
     CPLErrorReset();
     GDALDatasetUniquePtr dataset(
-        GDALDataset::Open(path.c_str(), kinds | GDAL_OF_READONLY, drivers.List(), options));
+        GDALDataset::Open(reader.path.c_str(), kinds | GDAL_OF_READONLY, reader.drivers.List(), options));
     if (!dataset && CPLGetLastErrorType() >= CE_Failure) *message = CPLGetLastErrorMsg();
     return dataset;
 }
 
-CPLStringList HOGdalOpener::driversFor(const std::string& path) {
-    CPLStringList drivers;
+HOGdalOpener::Reader HOGdalOpener::readerFor(const std::string& path) {
     // GDAL 3.6's LIBKML driver takes the whole process down on a gx:Track without <when> (ogrinfo
-    // too); the plain KML driver reads the same placemarks without that risk, so a .kml file goes
-    // to it. A .kmz (zipped) still needs LIBKML.
-    if (EQUAL(CPLGetExtension(path.c_str()), "kml")) drivers.AddString("KML");
-    return drivers;
+    // too). The plain KML driver reads the same placemarks without that risk, so KML goes to it; a
+    // zipped .kmz is read through GDAL's zip file system, at its first .kml entry.
+    Reader reader{path, {}};
+    if (EQUAL(CPLGetExtension(path.c_str()), "kmz")) {
+        const std::string zip = "/vsizip/" + path;
+        const CPLStringList entries(VSIReadDir(zip.c_str()));
+        for (int i = 0; i < entries.size() && reader.path == path; ++i)
+            if (EQUAL(CPLGetExtension(entries[i]), "kml")) reader.path = zip + "/" + entries[i];
+    }
+    if (EQUAL(CPLGetExtension(reader.path.c_str()), "kml")) reader.drivers.AddString("KML");
+    return reader;
 }
 
 bool HOGdalOpener::holdsData(GDALDataset* dataset, HOString* reason) {

@@ -20,7 +20,12 @@ public:
 
 private:
     static GDALDatasetUniquePtr attempt(const std::string& path, unsigned kinds, std::string* message);
-    static CPLStringList driversFor(const std::string& path);
+    // Where GDAL reads a path, and with which drivers (any when none are listed).
+    struct Reader {
+        std::string path;
+        CPLStringList drivers;
+    };
+    static Reader readerFor(const std::string& path);
     // False with the reason for a dataset without layers or bands, or with blocks too large to
     // hold in memory.
     static bool holdsData(GDALDataset* dataset, HOString* reason);
