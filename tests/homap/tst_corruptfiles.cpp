@@ -109,6 +109,11 @@ private slots:
         write("nodbf.shp", shpBytes);
         write("nodbf.shx", contents(file("parts.shx")));
         QTest::newRow("shapefile without .dbf") << file("nodbf.shp") << true << "";
+        write("pipedbf.shp", shpBytes);
+        write("pipedbf.shx", contents(file("parts.shx")));
+        QVERIFY(::mkfifo(qPrintable(file("pipedbf.dbf")), 0644) == 0);
+        QTest::newRow("shapefile with a pipe as .dbf")
+            << file("pipedbf.shp") << false << "not a regular file";
         QTest::newRow("shapefile garbage") << write("garbage.shp", garbage(4096)) << false << "";
         QByteArray huge = shpBytes;
         huge.replace(24, 4, QByteArray("\x7f\xff\xff\xff", 4));  // file length in 16-bit words

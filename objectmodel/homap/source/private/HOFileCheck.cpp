@@ -3,6 +3,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QDir>
+#include <QFileInfo>
 #include <cerrno>
 
 namespace HXObjects {
@@ -36,6 +38,23 @@ bool HOFileCheck::IsReadable(const std::string& path, HOString* reason) {
     if (!anyoneMay || ::access(path.c_str(), S_ISDIR(target.st_mode) ? R_OK | X_OK : R_OK) != 0) {
         *reason = "permission denied";
         return false;
+    }
+    return companionsAreFiles(path, S_ISDIR(target.st_mode), reason);
+}
+
+bool HOFileCheck::companionsAreFiles(const std::string& path, bool directory, HOString* reason) {
+    const QFileInfo info(QFile::decodeName(path.c_str()));
+    const QDir folder = directory ? QDir(info.filePath()) : info.dir();
+    const QString stem = info.completeBaseName() + '.';
+    for (const QString& name :
+         folder.entryList(QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot)) {
+        if (!directory && !name.startsWith(stem)) continue;
+        struct stat companion;
+        if (::stat(QFile::encodeName(folder.filePath(name)).constData(), &companion) == 0 &&
+            !S_ISREG(companion.st_mode) && !S_ISDIR(companion.st_mode)) {
+            reason->Format("its companion '%s' is not a regular file", name.toUtf8().constData());
+            return false;
+        }
     }
     return true;
 }
