@@ -45,13 +45,14 @@ HORefPtr<HOLayer> OpenLayer(const HOString& source, HOString* error) {
     // "path|layername=NAME" picks one layer of a multi-layer source; a file whose own name holds
     // that text still opens whole.
     const QString text = source.toQString();
-    const int bar = text.lastIndexOf(QLatin1String("|layername="));
+    const QLatin1String marker("|layername=");
+    const int bar = text.lastIndexOf(marker);
     const bool named = bar >= 0 && !QFileInfo::exists(text);
     HOString reason;
     HORefPtr<HOLayer> layer;
     if (HORefPtr<HODataSource> data =
             HODataSource::open(named ? HOString(text.left(bar)) : source, &reason)) {
-        const int index = named ? data->indexOf(HOString(text.mid(bar + 11)), &reason) : 0;
+        const int index = named ? data->indexOf(HOString(text.mid(bar + marker.size())), &reason) : 0;
         if (index >= 0) layer = data->openLayer(index, &reason);
     }
     if (layer)
