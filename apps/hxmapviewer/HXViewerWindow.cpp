@@ -160,9 +160,14 @@ int HXViewerWindow::openFiles(const QStringList& paths) {
     const bool wasEmpty = view->GetMap()->GetLayerCount() == 0;
     int failures = 0;
     for (const QString& path : paths) {
-        bool opened = false;
-        for (const QString& source : HXDataSources::layerSources(path)) opened = openSource(source) || opened;
-        if (!opened) {
+        QStringList errors;
+        const std::vector<HORefPtr<HOLayer>> layers = HXDataSources::openLayers(path, &errors);
+        for (const QString& error : errors) {
+            mErrors << error;
+            mMessageBar->pushCritical(QString(), error);
+        }
+        for (const HORefPtr<HOLayer>& layer : layers) addLayer(layer);
+        if (layers.empty()) {
             ++failures;
             continue;
         }
@@ -176,20 +181,12 @@ int HXViewerWindow::openFiles(const QStringList& paths) {
     return failures;
 }
 
-bool HXViewerWindow::openSource(const QString& source) {
-    HOString error;
-    HORefPtr<HOLayer> layer = OpenLayer(HOString(source), &error);
-    if (!layer) {
-        mErrors << error.toQString();
-        mMessageBar->pushCritical(QString(), error.toQString());
-        return false;
-    }
+void HXViewerWindow::addLayer(HOLayer* layer) {
     HXLayerStyler::style(layer);
     HOMap* map = mCanvas->GetMapView()->GetMap();
     map->AddLayer(layer);
     // Images go under the vector data, whatever order the files came in.
     if (layer->GetLayerType() == HOLayer::RasterLayer) map->MoveLayer(layer, 0);
-    return true;
 }
 
 void HXViewerWindow::openWithPrompt() {

@@ -17,6 +17,7 @@ class HXMessageBar;
 
 namespace HXObjects {
 class HOEvent;
+class HOLayer;
 class HOToolIdentify;
 }  // namespace HXObjects
 
@@ -55,7 +56,7 @@ private:
     void buildToolBar();
     void buildMenus();
     void rebuildRecentMenu();
-    bool openSource(const QString& source);
+    void addLayer(HXObjects::HOLayer* layer);
     void bindIdentifyTool();
     void restoreSettings();
     void onRenderFinished(void* sender, HXObjects::HOEvent* event);

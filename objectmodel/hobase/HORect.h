@@ -1,10 +1,8 @@
 #pragma once
-// HORect: an extent held as minimum x, maximum x, minimum y, maximum y (the order of OGREnvelope).
+// HORect: an extent held as minimum x, maximum x, minimum y, maximum y (the order of OGR's envelope).
 // A rectangle without positive width and height (the default one included) is empty; operations
 // that take an area read an empty rectangle as "everything".
 #include "HOPoint.h"
-
-class OGREnvelope;
 
 namespace HXObjects {
 
@@ -16,7 +14,6 @@ struct HORect {
 
     HORect() = default;
     HORect(double minX, double maxX, double minY, double maxY) : minx(minX), maxx(maxX), miny(minY), maxy(maxY) {}
-    explicit HORect(const OGREnvelope& envelope);
 
     // False for NaN bounds too.
     bool IsEmpty() const { return !(maxx > minx && maxy > miny); }
@@ -30,8 +27,6 @@ struct HORect {
     }
     // The smallest rectangle holding both; an empty operand is ignored.
     HORect United(const HORect& o) const;
-
-    OGREnvelope ToEnvelope() const;
 
     bool operator==(const HORect& o) const {
         return minx == o.minx && maxx == o.maxx && miny == o.miny && maxy == o.maxy;

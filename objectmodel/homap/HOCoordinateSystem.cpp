@@ -4,6 +4,8 @@
 
 #include <mutex>
 
+#include "source/private/HOGdalEnvironment.h"
+
 namespace HXObjects {
 
 // OGR's reference and transformation objects keep lazy internal state, so even const calls are
@@ -82,6 +84,7 @@ HORefPtr<HOCoordinateSystem> HOCoordinateSystem::FromEpsg(int code) {
 
 HORefPtr<HOCoordinateSystem> HOCoordinateSystem::FromOgr(const OGRSpatialReference* reference) {
     if (!reference || reference->IsEmpty()) return nullptr;
+    HOGdalEnvironment::Prepare();  // transformations report outside-domain points as errors
     HORefPtr<HOCoordinateSystem> system(new HOCoordinateSystem);
     system->d = std::make_unique<Private>(*reference);
     return system;

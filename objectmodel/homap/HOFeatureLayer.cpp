@@ -80,7 +80,9 @@ bool HOFeatureLayer::SetCategoryStyles(const HOString& field,
         d->categories.reset();
         return true;
     }
+    std::unique_lock<std::mutex> reading(d->source->mutex);
     auto categories = HOFeatureCategories::Read(d->ogrLayer, d->stores.Source()->Topology(), field, styles);
+    reading.unlock();
     if (!categories) return false;
     d->categories = std::move(categories);
     return true;
@@ -149,7 +151,7 @@ HORefPtr<HOFeature> HOFeatureLayer::GetFeature(int id) const {
     HORefPtr<HOGeometry> geometry = GetFeatureGeometry(id);
     if (!geometry) return nullptr;
     std::vector<HOFeature::Attribute> attributes;
-    std::lock_guard<std::mutex> lock(d->mutex);
+    std::lock_guard<std::mutex> lock(d->source->mutex);
     OGRFeatureUniquePtr feature(d->ogrLayer->GetFeature(id));
     if (feature) {
         for (int i = 0; i < feature->GetFieldCount(); ++i)

@@ -65,7 +65,6 @@ protected:
 
 private:
     HOFeatureLayer();
-    friend HORefPtr<HOLayer> OpenLayer(const HOString&, HOString*);
     friend class HOFeatureLayerLoader;
     class Private;
     std::unique_ptr<Private> d;

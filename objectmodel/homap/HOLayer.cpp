@@ -1,13 +1,10 @@
 #include "HOLayer.h"
 
-#include <gdal_priv.h>
+#include <QFileInfo>
 
 #include "HOCoordinateSystem.h"
-#include "HOFeatureLayer.h"
-#include "HORasterLayer.h"
+#include "HODataSource.h"
 #include "source/private/HOExtentProjector.h"
-#include "source/private/HOFeatureLayerLoader.h"
-#include "source/private/HORasterLayerLoader.h"
 
 namespace HXObjects {
 
@@ -18,7 +15,10 @@ std::atomic<int> nextLayerId{1};
 HOLayer::HOLayer() : m_id(nextLayerId.fetch_add(1)) {}
 
 HORect HOLayer::GetExtentIn(const HOCoordinateSystem* system) const {
-    return HOExtentProjector::Project(GetExtent(), GetSpatialReference().get(), system);
+    // The default rectangle is a layer without data, not a point at the origin to carry elsewhere.
+    const HORect extent = GetExtent();
+    if (extent == HORect()) return extent;
+    return HOExtentProjector::Project(extent, GetSpatialReference().get(), system);
 }
 
 HOString HOLayer::GetName() const {
@@ -42,36 +42,23 @@ void HOLayer::SetSource(const HOString& source) {
 }
 
 HORefPtr<HOLayer> OpenLayer(const HOString& source, HOString* error) {
-    GDALAllRegister();
-    // "path|layername=NAME" picks one layer of a multi-layer source.
-    const std::string& text = source.toStdString();
-    const std::size_t bar = text.find("|layername=");
-    const std::string path = text.substr(0, bar);
-    const HOString layerName = bar == std::string::npos ? HOString() : HOString(text.substr(bar + 11));
-
+    // "path|layername=NAME" picks one layer of a multi-layer source; a file whose own name holds
+    // that text still opens whole.
+    const QString text = source.toQString();
+    const QLatin1String marker("|layername=");
+    const int bar = text.lastIndexOf(marker);
+    const bool named = bar >= 0 && !QFileInfo::exists(text);
     HOString reason;
     HORefPtr<HOLayer> layer;
-    CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
-    VSIStatBufL status;
-    GDALDatasetUniquePtr dataset;
-    if (VSIStatL(path.c_str(), &status) != 0 && path.find(':') == std::string::npos) {
-        reason = "no such file";
-    } else {
-        CPLErrorReset();
-        dataset.reset(GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_RASTER | GDAL_OF_READONLY));
-        if (!dataset)
-            reason =
-                CPLGetLastErrorMsg()[0] ? CPLGetLastErrorMsg() : "not a recognised vector or raster format";
+    if (HORefPtr<HODataSource> data =
+            HODataSource::open(named ? HOString(text.left(bar)) : source, &reason)) {
+        const int index = named ? data->indexOf(HOString(text.mid(bar + marker.size())), &reason) : 0;
+        if (index >= 0) layer = data->openLayer(index, &reason);
     }
-    if (dataset && (dataset->GetLayerCount() > 0 || dataset->GetRasterCount() == 0))
-        layer = HOFeatureLayerLoader::Load(std::move(dataset), layerName, &reason).get();
-    else if (dataset)
-        layer = HORasterLayerLoader::Load(std::move(dataset), &reason).get();
-    if (layer) {
+    if (layer)
         layer->SetSource(source);
-    } else if (error) {
+    else if (error)
         error->Format("cannot open '%s': %s", source.c_str(), reason.c_str());
-    }
     return layer;
 }
 

@@ -27,9 +27,11 @@ public:
 
     virtual LayerType GetLayerType() const = 0;
     virtual HORefPtr<HOCoordinateSystem> GetSpatialReference() const = 0;
-    // Extent in the layer's own coordinate system.
+    // Extent in the layer's own coordinate system; the default (empty) rectangle for a layer
+    // without data.
     virtual HORect GetExtent() const = 0;
-    // Extent in the given system (the layer's own when null or the same).
+    // Extent in the given system (the layer's own when null or the same); a layer without data
+    // keeps the default rectangle.
     virtual HORect GetExtentIn(const HOCoordinateSystem* system) const;
     virtual void Render(const HORenderContext& context) = 0;
 
@@ -56,7 +58,8 @@ private:
 };
 
 // Opens any OGR vector source (first layer, or "path|layername=NAME") or GDAL raster; on failure null
-// and a readable error ("cannot open 'x.shp': reason").
+// and a readable error ("cannot open 'x.shp': reason"). HODataSource opens all layers of a source at
+// once and takes any file name.
 HORefPtr<HOLayer> OpenLayer(const HOString& source, HOString* error = nullptr);
 
 }  // namespace HXObjects

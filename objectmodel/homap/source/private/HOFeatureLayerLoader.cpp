@@ -1,19 +1,18 @@
 #include "source/private/HOFeatureLayerLoader.h"
 
-#include "source/private/HOFeatureLayerPrivate.h"
 #include "render/private/HOFeatureStyleSet.h"
+#include "source/private/HOFeatureLayerPrivate.h"
 #include "source/private/HOOgrGeometryReader.h"
 
 namespace HXObjects {
 
-HORefPtr<HOFeatureLayer> HOFeatureLayerLoader::Load(GDALDatasetUniquePtr dataset, const HOString& layerName,
+HORefPtr<HOFeatureLayer> HOFeatureLayerLoader::Load(const std::shared_ptr<HOSharedDataset>& source, int index,
                                                     HOString* reason) {
-    OGRLayer* layer = layerName.isEmpty() ? dataset->GetLayer(0) : dataset->GetLayerByName(layerName.c_str());
+    std::lock_guard<std::mutex> lock(source->mutex);
+    CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
+    OGRLayer* layer = source->dataset->GetLayer(index);
     if (!layer) {
-        if (layerName.isEmpty())
-            *reason = "it holds no vector layer";
-        else
-            reason->Format("it has no layer named '%s'", layerName.c_str());
+        *reason = "it holds no vector layer";
         return nullptr;
     }
     HOOgrGeometryReader reader;
@@ -31,7 +30,7 @@ HORefPtr<HOFeatureLayer> HOFeatureLayerLoader::Load(GDALDatasetUniquePtr dataset
 
     HORefPtr<HOFeatureLayer> result(new HOFeatureLayer);
     auto system = HOCoordinateSystem::FromOgr(layer->GetSpatialRef());
-    result->d = std::make_unique<HOFeatureLayer::Private>(std::move(dataset), layer, system, store);
+    result->d = std::make_unique<HOFeatureLayer::Private>(source, layer, system, store);
     result->d->type = layerTypeOf(declared, dominant);
     result->d->geometryType = geoTypeOf(declared, dominant);
     const HOFeatureKind kind = result->d->type == HOLayer::PointLayer      ? HOFeatureKind::Point

@@ -1,17 +1,20 @@
 #pragma once
 // HOFeatureLayerLoader: makes a feature layer of one OGR layer of an open data source, reading all
-// of its geometry into memory.
+// of its geometry into memory. The layer keeps the shared dataset for attribute lookups.
 #include <gdal_priv.h>
+
+#include <memory>
 
 #include "HOFeatureLayer.h"
 #include "source/private/HOFeatureTopology.h"
+#include "source/private/HOSharedDataset.h"
 
 namespace HXObjects {
 
 class HOFeatureLayerLoader {
 public:
-    // The named layer, or the first when `layerName` is empty; null with the reason on failure.
-    static HORefPtr<HOFeatureLayer> Load(GDALDatasetUniquePtr dataset, const HOString& layerName,
+    // The layer at `index`; null with the reason on failure. Takes the dataset's lock.
+    static HORefPtr<HOFeatureLayer> Load(const std::shared_ptr<HOSharedDataset>& source, int index,
                                          HOString* reason);
 
 private:

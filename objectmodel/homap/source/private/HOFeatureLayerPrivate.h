@@ -1,8 +1,8 @@
 #pragma once
 // HOFeatureLayer::Private: the state behind a feature layer — the open data source (for attribute
-// lookups), the geometry in memory per coordinate system, style, overrides and selection. The
-// mutex guards the style, the selection and the data source; the stores guard themselves.
-#include <gdal_priv.h>
+// lookups, shared with the other layers read from it), the geometry in memory per coordinate
+// system, style, overrides and selection. The mutex guards the style and the selection, the shared
+// dataset's own mutex the OGR layer; the stores guard themselves. Lock order: mutex, then source.
 #include <ogrsf_frmts.h>
 
 #include <mutex>
@@ -11,17 +11,18 @@
 #include "render/private/HOFeatureCategories.h"
 #include "HOFeatureLayer.h"
 #include "source/private/HOProjectedStores.h"
+#include "source/private/HOSharedDataset.h"
 
 namespace HXObjects {
 
 class HOFeatureLayer::Private {
 public:
-    Private(GDALDatasetUniquePtr source, OGRLayer* layer, HORefPtr<HOCoordinateSystem> system,
+    Private(std::shared_ptr<HOSharedDataset> dataset, OGRLayer* layer, HORefPtr<HOCoordinateSystem> system,
             std::shared_ptr<const HOFeatureStore> store)
-        : dataset(std::move(source)), ogrLayer(layer), system(system), stores(std::move(store), system) {}
+        : source(std::move(dataset)), ogrLayer(layer), system(system), stores(std::move(store), system) {}
 
     mutable std::mutex mutex;
-    GDALDatasetUniquePtr dataset;
+    const std::shared_ptr<HOSharedDataset> source;
     OGRLayer* ogrLayer;
     HORefPtr<HOCoordinateSystem> system;
     HOProjectedStores stores;

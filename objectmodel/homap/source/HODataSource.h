@@ -1,0 +1,47 @@
+#pragma once
+// HODataSource: the front door to a file or data source. Opening looks at the path, picks the
+// reader (OGR for vector data, GDAL for rasters) and reports failures as text; the source then lists
+// its layers and opens any or all of them, every vector layer sharing the one open dataset. Layers
+// keep what they need of the source alive, so the source may be dropped once they are open. Open
+// and read on a worker thread (both read the file), one thread at a time per source; the layers
+// may then go anywhere.
+#include <memory>
+#include <vector>
+
+#include "HOLayer.h"
+#include "HORefBase.h"
+#include "HORefPtr.h"
+#include "HOString.h"
+
+namespace HXObjects {
+
+class HODataSource : public HORefBase {
+public:
+    // Null on failure, with the error "cannot open 'path': reason" when asked.
+    static HORefPtr<HODataSource> Open(const HOString& path, HOString* error = nullptr);
+
+    HOString GetPath() const;
+    // The layers' names in the source's order; a raster is one layer named after its file.
+    std::vector<HOString> GetLayerNames() const;
+    // Reads one layer; null with "cannot open 'path': reason" on failure.
+    HORefPtr<HOLayer> OpenLayer(const HOString& name, HOString* error = nullptr);
+    // Reads every layer in the source's order. A layer that cannot be read is left out and its
+    // reason added to `error` (one line each).
+    std::vector<HORefPtr<HOLayer>> OpenLayers(HOString* error = nullptr);
+
+protected:
+    ~HODataSource() override;
+
+private:
+    friend HORefPtr<HOLayer> OpenLayer(const HOString&, HOString*);
+    HODataSource();
+    static HORefPtr<HODataSource> open(const HOString& path, HOString* reason);
+    // -1 with the reason when there is no such layer.
+    int indexOf(const HOString& name, HOString* reason) const;
+    HORefPtr<HOLayer> openLayer(int index, HOString* reason);
+
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+}  // namespace HXObjects
