@@ -11,6 +11,7 @@
 //   o TEXT           the current tool's typed command
 #include <QKeySequence>
 #include <QLineEdit>
+#include <QUndoStack>
 #include <QtTest>
 
 #include "HOCMDPool.h"
@@ -117,3 +118,18 @@ private:
         QTest::mouseClick(widget, Qt::RightButton, Qt::NoModifier, pos);
     }
 };
+
+inline QStringList Unselected(QStringList elements) {
+    return elements.replaceInStrings("*", "");
+}
+
+// Undoes the edits from stack index `from` on and redoes them: the elements must come back exactly.
+inline void CheckUndoRedo(HXEditCanvas& f, const QStringList& before, int from) {
+    QUndoStack* stack = f.map->GetUndoStack();
+    const QStringList after = f.elements();
+    const int end = stack->index();
+    stack->setIndex(from);
+    QCOMPARE(Unselected(f.elements()), Unselected(before));
+    stack->setIndex(end);
+    QCOMPARE(f.elements(), after);
+}

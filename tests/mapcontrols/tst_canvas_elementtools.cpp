@@ -1,31 +1,11 @@
 // The element tools driven as a person drives them on a shown map canvas: digitising lines and
 // polygons, placing control points by click and by typed input, moving elements by dragging; the
 // elements that result, the picture, and undo and redo of each edit.
-#include <QUndoStack>
 #include <QtTest>
 
 #include "HXEditCanvas.h"
 
 using namespace HXObjects;
-
-namespace {
-
-QStringList Unselected(QStringList elements) {
-    return elements.replaceInStrings("*", "");
-}
-
-// Undoes the edits from stack index `from` on and redoes them: the elements must come back exactly.
-void CheckUndoRedo(HXEditCanvas& f, const QStringList& before, int from) {
-    QUndoStack* stack = f.map->GetUndoStack();
-    const QStringList after = f.elements();
-    const int end = stack->index();
-    stack->setIndex(from);
-    QCOMPARE(Unselected(f.elements()), Unselected(before));
-    stack->setIndex(end);
-    QCOMPARE(f.elements(), after);
-}
-
-}  // namespace
 
 class TestCanvasElementTools : public QObject {
     Q_OBJECT

@@ -20,10 +20,15 @@ void Push(HOMap* map, HOElementEditCommand* command) {
         map->GetUndoStack()->push(command);  // the stack owns it and runs its redo()
 }
 
-// The centre of the elements' common envelope.
+// The centre of the elements' common envelope (flat envelopes of straight lines included, which a
+// rectangle union would skip as empty).
 HOPoint CentreOf(const std::vector<HORefPtr<HOElement>>& elements) {
-    HORect box;
-    for (const auto& element : elements) box = box.United(element->GetGeometry()->GetEnvelope());
+    HORect box = elements.front()->GetGeometry()->GetEnvelope();
+    for (const auto& element : elements) {
+        const HORect e = element->GetGeometry()->GetEnvelope();
+        box = HORect(std::min(box.minx, e.minx), std::max(box.maxx, e.maxx), std::min(box.miny, e.miny),
+                     std::max(box.maxy, e.maxy));
+    }
     return box.Center();
 }
 
