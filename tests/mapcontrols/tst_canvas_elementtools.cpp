@@ -47,14 +47,19 @@ private slots:
         CheckUndoRedo(f, {}, 0);
     }
 
-    // A digitised polygon shows filled with its outline once the canvas has redrawn; the tool's
-    // dashed preview is gone.
+    // While digitising, the mouse drags the next segment; the finished polygon shows filled with its
+    // outline once the canvas has redrawn.
     void digitizedPolygonPicture() {
         HXEditCanvas f;
         QVERIFY(f.show());
-        f.run("t HOCmdDigitizePolygon; c 100 100; c 300 100; c 300 250; m 100 250; d 100 250");
-        QCOMPARE(f.elements().size(), 1);
         const auto colour = [&](int x, int y) { return f.widget->grab().toImage().pixelColor(x, y); };
+        f.run("t HOCmdDigitizePolygon; c 100 100; c 300 100; c 300 250; m 100 250");
+        QCOMPARE(f.canvas.cursor().shape(), Qt::CrossCursor);
+        // The segment from the last vertex to the mouse, along y = 250.
+        QTRY_VERIFY_WITH_TIMEOUT(colour(200, 250).red() > colour(200, 250).green() + 60, 10000);
+        f.widget->grab().save(QDir::temp().filePath("hx_digitizing_polygon.png"));
+        f.run("d 100 250");
+        QCOMPARE(f.elements().size(), 1);
         // Inside: the half-transparent yellow fill over the ground; outside: the ground.
         QTRY_VERIFY_WITH_TIMEOUT(colour(200, 200).red() > colour(200, 200).blue() + 60, 10000);
         QCOMPARE(colour(50, 50), kGround);

@@ -1,7 +1,9 @@
 #include "HOGeometryWkt.h"
 
+#include <cpl_error.h>
 #include <ogr_geometry.h>
 
+#include <QString>
 #include <memory>
 
 namespace HXObjects {
@@ -72,6 +74,7 @@ void AppendRings(HOGeometry& target, const OGRPolygon& polygon) {
 
 // One geometry of a simple or multi type; null for anything else.
 HORefPtr<HOGeometry> FromOgr(const OGRGeometry& geometry) {
+    if (geometry.IsEmpty()) return nullptr;
     const OGRwkbGeometryType flat = wkbFlatten(geometry.getGeometryType());
     HORefPtr<HOGeometry> result;
     if (flat == wkbPoint) {
@@ -100,15 +103,20 @@ HORefPtr<HOGeometry> FromOgr(const OGRGeometry& geometry) {
 
 HOString HOGeometryWkt::ToWkt(const HOGeometry& geometry) {
     if (geometry.IsEmpty()) return HOString();
+    CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
     OgrGeometryPtr ogr(ToOgr(geometry));
     return ogr ? HOString(ogr->exportToWkt().c_str()) : HOString();
 }
 
 std::vector<HORefPtr<HOGeometry>> HOGeometryWkt::FromWkt(const HOString& text) {
     const std::string wkt = text.toStdString();
+    const char* rest = wkt.c_str();
     OGRGeometry* parsed = nullptr;
-    if (OGRGeometryFactory::createFromWkt(wkt.c_str(), nullptr, &parsed) != OGRERR_NONE || !parsed) return {};
+    CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
+    const OGRErr error = OGRGeometryFactory::createFromWkt(&rest, nullptr, &parsed);
     OgrGeometryPtr owner(parsed);
+    // Text after the geometry makes the whole text something else.
+    if (error != OGRERR_NONE || !parsed || !QString::fromUtf8(rest).trimmed().isEmpty()) return {};
     if (parsed->hasCurveGeometry()) owner.reset(parsed->getLinearGeometry());
     std::vector<HORefPtr<HOGeometry>> result;
     if (wkbFlatten(owner->getGeometryType()) == wkbGeometryCollection) {

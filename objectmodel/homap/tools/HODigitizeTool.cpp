@@ -123,7 +123,12 @@ void HODigitizeTool::DrawToolPaint(QPainter& painter, const HODisplayTransform& 
         painter.drawPolygon(Polyline(open, transform));
     }
     painter.setPen(QPen(QColor(220, 30, 30), 1.5, Qt::DashLine));
-    painter.drawPolyline(Polyline(open, transform));
+    painter.setBrush(Qt::NoBrush);
+    // An area shows its closing edge back to the first vertex too.
+    if (IsArea() && open.size() > 2)
+        painter.drawPolygon(Polyline(open, transform));
+    else
+        painter.drawPolyline(Polyline(open, transform));
     for (const QPointF& vertex : Polyline(m_current, transform))
         painter.drawRect(QRectF(vertex.x() - 2, vertex.y() - 2, 4, 4));
     painter.restore();
