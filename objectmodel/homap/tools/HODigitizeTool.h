@@ -18,6 +18,7 @@ public:
     void Deactivate() override;
     void OnCommand(const HOString& command) override;
     void ClearToolPaint() override;
+    using HOMapTool::AddPoint;
     // A vertex typed in map units.
     void AddPoint(const HOPoint& point) override;
     void CancelPoint() override;

@@ -1,8 +1,13 @@
 #include "HOMapTool.h"
 
-#include <Qt>
+#include <ogr_spatialref.h>
 
+#include <Qt>
+#include <memory>
+
+#include "HOCoordinateSystem.h"
 #include "HOFeatureLayer.h"
+#include "HOGeometryProject.h"
 #include "HOMap.h"
 
 namespace HXObjects {
@@ -19,6 +24,23 @@ bool HasSelection(HOMap* map) {
 }
 
 }  // namespace
+
+void HOMapTool::AddPoint(const HOPoint& point, PointInput input) {
+    AddPoint(input == LonLatDegrees ? FromLonLat(TargetMap(), point) : point);
+}
+
+HOPoint HOMapTool::FromLonLat(HOMap* map, const HOPoint& lonLat) {
+    const HORefPtr<HOCoordinateSystem> system = map ? map->GetSpatialReference() : nullptr;
+    if (!system || !system->IsProjected()) return lonLat;
+    // Degrees on the map system's own datum.
+    std::unique_ptr<OGRSpatialReference> geographic(system->Ogr()->CloneGeogCS());
+    const HORefPtr<HOCoordinateSystem> from = HOCoordinateSystem::FromOgr(geographic.get());
+    HOGeometryProject project;
+    HOPoint point = lonLat;
+    if (!from || !project.SetPrj(from.get(), system.get(), nullptr) || !project.ProjPoint(point.x, point.y))
+        return lonLat;
+    return point;
+}
 
 bool HOMapTool::OnKeyDown(int key) {
     HOMap* map = TargetMap();

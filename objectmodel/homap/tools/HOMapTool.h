@@ -13,7 +13,13 @@ class HOMap;
 
 class HOMapTool : public HOTool {
 public:
+    using HOTool::AddPoint;
+    // Longitude and latitude are projected into a projected map's system first.
+    void AddPoint(const HOPoint& point, PointInput input) override;
     bool OnKeyDown(int key) override;
+
+    // The map point of longitude and latitude in the map's system (as given when it has no projection).
+    static HOPoint FromLonLat(HOMap* map, const HOPoint& lonLat);
 
 protected:
     // The map the tool edits: its view's, else (a command that never becomes current) the buddy's.

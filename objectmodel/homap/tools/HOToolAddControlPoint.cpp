@@ -1,14 +1,9 @@
 #include "HOToolAddControlPoint.h"
 
-#include <ogr_spatialref.h>
-
 #include <QCoreApplication>
 #include <algorithm>
 #include <Qt>
-#include <memory>
 
-#include "HOCoordinateSystem.h"
-#include "HOGeometryProject.h"
 #include "HOMap.h"
 #include "edit/HOElementEditor.h"
 
@@ -29,10 +24,6 @@ void HOToolAddControlPoint::AddPoint(const HOPoint& point) {
         QCoreApplication::translate("HXObjects::HOToolAddControlPoint", "Add control point %1").arg(number);
     if (const int id = HOElementEditor::Add(map, geometry, text, nullptr, HOString(QString::number(number))))
         m_placed.push_back(id);
-}
-
-void HOToolAddControlPoint::AddPoint(const HOPoint& point, PointInput input) {
-    AddPoint(input == LonLatDegrees ? FromLonLat(TargetMap(), point) : point);
 }
 
 void HOToolAddControlPoint::CancelPoint() {
@@ -63,19 +54,6 @@ bool HOToolAddControlPoint::OnKeyDown(int key) {
     if (key != Qt::Key_Backspace) return HOMapTool::OnKeyDown(key);
     CancelPoint();
     return true;
-}
-
-HOPoint HOToolAddControlPoint::FromLonLat(HOMap* map, const HOPoint& lonLat) {
-    const HORefPtr<HOCoordinateSystem> system = map ? map->GetSpatialReference() : nullptr;
-    if (!system || !system->IsProjected()) return lonLat;
-    // Degrees on the map system's own datum.
-    std::unique_ptr<OGRSpatialReference> geographic(system->Ogr()->CloneGeogCS());
-    const HORefPtr<HOCoordinateSystem> from = HOCoordinateSystem::FromOgr(geographic.get());
-    HOGeometryProject project;
-    HOPoint point = lonLat;
-    if (!from || !project.SetPrj(from.get(), system.get(), nullptr) || !project.ProjPoint(point.x, point.y))
-        return lonLat;
-    return point;
 }
 
 int HOToolAddControlPoint::nextNumber(HOMap* map) {
