@@ -1,5 +1,5 @@
 // Delete, Ctrl+X, Ctrl+C, Ctrl+V and Escape pressed on a shown map canvas while graphic elements are
-// selected, and the one-shot element commands: the elements, the clipboard and the current tool after
+// selected, the context menu's "Delete Element", and the one-shot element commands: the elements, the clipboard and the current tool after
 // each, and undo and redo of what changed.
 #include <QClipboard>
 #include <QtTest>
@@ -61,6 +61,9 @@ private slots:
         QTest::newRow("pasting text that is not WKT")
             << "two lines" << kOutside << "k Ctrl+V" << QStringList{kA + "*", kB + "*", kC} << "HOToolPasteElement"
             << "Add line" << "two lines" << 1;
+        QTest::newRow("Delete Element from the menu")
+            << "" << kOutside << "r 200 50 Delete Element" << QStringList{kC} << "HOToolDeleteElement"
+            << "Delete 2 elements" << "" << 0;
         QTest::newRow("one-shot delete") << "" << kOutside << "t HOCmdDeleteElement" << QStringList{kC}
                                          << "HOToolSingleSelect" << "Delete 2 elements" << "" << 0;
         QTest::newRow("one-shot copy and paste")

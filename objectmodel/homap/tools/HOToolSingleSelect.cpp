@@ -63,7 +63,12 @@ void HOToolSingleSelect::Activate() {
 
 void HOToolSingleSelect::Deactivate() {
     endDrag();
-    HORubberBandTool::Deactivate();
+    HORubberBandTool::Deactivate();  // clears the band too
+}
+
+void HOToolSingleSelect::ClearToolPaint() {
+    endDrag();
+    HORubberBandTool::ClearToolPaint();
 }
 
 void HOToolSingleSelect::OnMouseDown(int button, int x, int y) {

@@ -20,6 +20,7 @@ public:
     HOString GetClassName() override { return "HXObjects::HOToolSingleSelect"; }
     void Activate() override;
     void Deactivate() override;
+    void ClearToolPaint() override;
     void OnMouseDown(int button, int x, int y) override;
     void OnMouseMove(int button, int x, int y) override;
     void OnMouseUp(int button, int x, int y) override;
