@@ -3,8 +3,8 @@
 #include <QMimeData>
 #include <QtTest>
 
-#include "edit/HOElementClipboard.h"
-#include "edit/HOGeometryWkt.h"
+#include "HOElementClipboard.h"
+#include "HOGeometryWkt.h"
 
 using namespace HXObjects;
 

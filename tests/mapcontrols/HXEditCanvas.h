@@ -21,7 +21,7 @@
 #include "HXInputCanvas.h"
 #include "HXMapWidget.h"
 #include "HXModalAnswer.h"
-#include "edit/HOGeometryWkt.h"
+#include "HOGeometryWkt.h"
 
 const QColor kGround(235, 235, 235);
 
