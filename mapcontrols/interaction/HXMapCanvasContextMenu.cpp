@@ -53,13 +53,13 @@ void AskLineWidth(QWidget* parent, HOTool* tool) {
 // Asks for a point with the dialog D and hands it as typed to the canvas's current tool. The tool is
 // read after the dialog closes: it may have changed, or the canvas gone, while the dialog was up.
 template <class D>
-void AddTypedPoint(HXMapCanvas* canvas) {
+void AddTypedPoint(HXMapCanvas* canvas, HOTool::PointInput input) {
     QPointer<HXMapCanvas> alive(canvas);
     D dialog(nullptr);
     if (dialog.exec() != QDialog::Accepted || !alive || !canvas->getMapTool()) return;
     HOPoint point;
     dialog.getValue(point.x, point.y);
-    canvas->getMapTool()->AddPoint(point);
+    canvas->getMapTool()->AddPoint(point, input);
 }
 
 }  // namespace
@@ -134,12 +134,12 @@ void HXMapCanvas::AddPointWithInput(QAction* action) {
     if (!action || !mMapTool) return;
     switch (action->data().toInt()) {
         case 0:
-            AddTypedPoint<HxInputDataDialog>(this);
+            AddTypedPoint<HxInputDataDialog>(this, HOTool::MapUnits);
             break;
         case 1:
-            // Longitude and latitude go to the tool as typed, in degrees: a tool working in a
-            // projected map converts them itself.
-            AddTypedPoint<HxInputDMSDialog>(this);
+            // Longitude and latitude go to the tool as typed, in degrees, marked as such: a tool
+            // working in a projected map converts them itself.
+            AddTypedPoint<HxInputDMSDialog>(this, HOTool::LonLatDegrees);
             break;
         case 2:
             mMapTool->CancelPoint();

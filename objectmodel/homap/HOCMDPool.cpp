@@ -1,7 +1,17 @@
 #include "HOCMDPool.h"
 
+#include "tools/HOCmdCopyElement.h"
+#include "tools/HOCmdDeleteElement.h"
+#include "tools/HOCmdDigitizeLine.h"
+#include "tools/HOCmdDigitizePolygon.h"
+#include "tools/HOCmdPasteElement.h"
+#include "tools/HOToolAddControlPoint.h"
+#include "tools/HOToolCopyElement.h"
+#include "tools/HOToolCutElement.h"
+#include "tools/HOToolDeleteElement.h"
 #include "tools/HOToolIdentify.h"
 #include "tools/HOToolPan.h"
+#include "tools/HOToolPasteElement.h"
 #include "tools/HOToolSingleSelect.h"
 #include "tools/HOToolZoomIn.h"
 #include "tools/HOToolZoomOut.h"
@@ -14,8 +24,11 @@ HOCMDPool* HOCMDPool::GetInstance() {
 }
 
 HOCMDPool::HOCMDPool() {
-    for (HOTool* tool : std::initializer_list<HOTool*>{new HOToolPan, new HOToolZoomIn, new HOToolZoomOut,
-                                                       new HOToolSingleSelect, new HOToolIdentify})
+    for (HOTool* tool : std::initializer_list<HOTool*>{
+             new HOToolPan, new HOToolZoomIn, new HOToolZoomOut, new HOToolSingleSelect, new HOToolIdentify,
+             new HOCmdDigitizeLine, new HOCmdDigitizePolygon, new HOToolAddControlPoint, new HOToolDeleteElement,
+             new HOCmdDeleteElement, new HOToolCutElement, new HOToolCopyElement, new HOCmdCopyElement,
+             new HOToolPasteElement, new HOCmdPasteElement})
         RegisterTool(tool);
 }
 

@@ -40,14 +40,45 @@ void HOGraphicsLayer::Render(const HORenderContext& context) {
         if (!geometry || !geometry->GetEnvelope().Intersects(context.extent)) continue;
         painter.Draw(*geometry, element->GetStyle().get());
         if (selected.count(element->GetID())) painter.DrawHighlight(*geometry, QColor(0, 255, 255), 2.0);
+        if (!element->GetLabel().isEmpty()) drawLabel(*context.painter, context.transform, *element);
     }
 }
 
+void HOGraphicsLayer::drawLabel(QPainter& painter, const HODisplayTransform& transform, const HOElement& element) {
+    const HORect box = element.GetGeometry()->GetEnvelope();
+    const HOPoint at = transform.ToDevice(HOPoint(box.maxx, box.maxy));
+    const HOColor colour = element.GetStyle() ? element.GetStyle()->GetColor() : HOColor(0, 0, 0);
+    painter.save();
+    painter.setPen(QColor(colour.getR(), colour.getG(), colour.getB()));
+    painter.drawText(QPointF(at.x + 6, at.y - 4), element.GetLabel().toQString());
+    painter.restore();
+}
+
 int HOGraphicsLayer::AddElement(HORefPtr<HOGeometry> geometry, HORefPtr<HOStyle> style) {
+    HORefPtr<HOElement> element = NewElement(std::move(geometry), std::move(style));
+    InsertElement(element);
+    return element->GetID();
+}
+
+HORefPtr<HOElement> HOGraphicsLayer::NewElement(HORefPtr<HOGeometry> geometry, HORefPtr<HOStyle> style,
+                                                const HOString& label) {
     std::lock_guard<std::mutex> lock(m_mutex);
-    const int id = m_nextId++;
-    m_elements.emplace_back(new HOElement(id, std::move(geometry), std::move(style)));
-    return id;
+    return new HOElement(m_nextId++, std::move(geometry), std::move(style), label);
+}
+
+void HOGraphicsLayer::InsertElement(HORefPtr<HOElement> element, int index) {
+    if (!element) return;
+    std::lock_guard<std::mutex> lock(m_mutex);
+    const int count = static_cast<int>(m_elements.size());
+    m_elements.insert(m_elements.begin() + (index < 0 || index > count ? count : index), std::move(element));
+}
+
+void HOGraphicsLayer::ReplaceElement(HORefPtr<HOElement> element) {
+    if (!element) return;
+    std::lock_guard<std::mutex> lock(m_mutex);
+    for (auto& held : m_elements) {
+        if (held->GetID() == element->GetID()) held = element;
+    }
 }
 
 void HOGraphicsLayer::RemoveElement(int id) {
@@ -59,6 +90,22 @@ void HOGraphicsLayer::RemoveElement(int id) {
             return;
         }
     }
+}
+
+int HOGraphicsLayer::IndexOf(int id) const {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    for (std::size_t i = 0; i < m_elements.size(); ++i) {
+        if (m_elements[i]->GetID() == id) return static_cast<int>(i);
+    }
+    return -1;
+}
+
+HORefPtr<HOElement> HOGraphicsLayer::GetElement(int id) const {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    for (const auto& element : m_elements) {
+        if (element->GetID() == id) return element;
+    }
+    return nullptr;
 }
 
 std::vector<HORefPtr<HOElement>> HOGraphicsLayer::GetElements() const {
@@ -104,6 +151,39 @@ void HOGraphicsLayer::ClearSelection() {
 std::vector<int> HOGraphicsLayer::GetSelectedIds() const {
     std::lock_guard<std::mutex> lock(m_mutex);
     return {m_selected.begin(), m_selected.end()};
+}
+
+void HOGraphicsLayer::SetSelectedIds(const std::vector<int>& ids) {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_selected = std::set<int>(ids.begin(), ids.end());
+}
+
+std::vector<HORefPtr<HOElement>> HOGraphicsLayer::GetSelectedElements() const {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    std::vector<HORefPtr<HOElement>> result;
+    for (const auto& element : m_elements) {
+        if (m_selected.count(element->GetID())) result.push_back(element);
+    }
+    return result;
+}
+
+HORefPtr<HOStyle> HOGraphicsLayer::DefaultStyle(HOGeometry::GeoType type) {
+    const HOColor red(220, 30, 30);
+    switch (type) {
+        case HOGeometry::GeoPoint:
+        case HOGeometry::GeoMultiPoint:
+            return HOStyle::NewMarker(HOStyle::Cross, 12.0, red);
+        case HOGeometry::GeoPolygon:
+        case HOGeometry::GeoMultiPolygon:
+            return HOStyle::NewFill(HOColor(255, 200, 0, 120), red, 2.0);
+        default:
+            return HOStyle::NewLine(2.0, red);
+    }
+}
+
+void HOGraphicsLayer::NotifyElementsChanged() {
+    HOEvent event;
+    ElementsChangedSignal.fire(this, &event);
 }
 
 }  // namespace HXObjects

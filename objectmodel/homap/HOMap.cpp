@@ -1,5 +1,6 @@
 #include "HOMap.h"
 
+#include <QUndoStack>
 #include <algorithm>
 #include <cmath>
 #include <optional>
@@ -9,7 +10,13 @@
 
 namespace HXObjects {
 
-HOMap::HOMap() : m_graphics(new HOGraphicsLayer) {}
+HOMap::HOMap() : m_graphics(new HOGraphicsLayer), m_undoStack(new QUndoStack) {}
+
+HOMap::~HOMap() = default;
+
+QUndoStack* HOMap::GetUndoStack() const {
+    return m_undoStack.get();
+}
 
 std::vector<HORefPtr<HOLayer>> HOMap::GetLayers(bool) const {
     std::lock_guard<std::mutex> lock(m_mutex);

@@ -13,8 +13,11 @@
 #include "HORefPtr.h"
 #include "HOUnitType.h"
 
+#include <memory>
 #include <mutex>
 #include <vector>
+
+class QUndoStack;
 
 namespace HXObjects {
 
@@ -33,6 +36,8 @@ public:
     void MoveLayer(HOLayer* layer, int index);
     void SetLayerVisible(HOLayer* layer, bool visible);
     HORefPtr<HOGraphicsLayer> GetGraphicsLayer() const;
+    // The undo stack of this map's edits (GUI thread only); the map owns it.
+    QUndoStack* GetUndoStack() const;
 
     HOColor GetBackgroundColor() const;
     void SetBackgroundColor(const HOColor& color);
@@ -49,7 +54,7 @@ public:
     HOEventSignal LayersChangedSignal;
 
 protected:
-    ~HOMap() override = default;
+    ~HOMap() override;
 
 private:
     void notifyChanged();
@@ -57,6 +62,7 @@ private:
     mutable std::mutex m_mutex;
     std::vector<HORefPtr<HOLayer>> m_layers;
     HORefPtr<HOGraphicsLayer> m_graphics;
+    std::unique_ptr<QUndoStack> m_undoStack;
     HORefPtr<HOCoordinateSystem> m_system;
     HOColor m_background{255, 255, 255};
     HOUnitType m_unit = HOUnitMeter;

@@ -30,6 +30,8 @@ public:
     void fitFullExtentIfNone();
     void compose(HOGraphics& surface);
     void onLayersChanged(void* sender, HOEvent* event);
+    // Graphic elements are drawn over the finished frame: a redraw shows their change.
+    void onElementsChanged(void*, HOEvent*) { q->FireRedraw(); }
 
     HOMapView* q;
     const HOString name;
@@ -151,7 +153,10 @@ HOMapView::HOMapView(const HOString& name) : d(std::make_unique<Private>(this, n
 
 HOMapView::~HOMapView() {
     // No map callback may reach a view being destroyed, and no render may outlive it.
-    if (d->map) HOUnbindMember(d->map->LayersChangedSignal, d.get(), &Private::onLayersChanged);
+    if (d->map) {
+        HOUnbindMember(d->map->LayersChangedSignal, d.get(), &Private::onLayersChanged);
+        HOUnbindMember(d->map->GetGraphicsLayer()->ElementsChangedSignal, d.get(), &Private::onElementsChanged);
+    }
     d->renderer.reset();
 }
 
@@ -233,8 +238,14 @@ void HOMapView::SetMap(HOMap* map) {
         old = d->map;
         d->map = map;
     }
-    if (old) HOUnbindMember(old->LayersChangedSignal, d.get(), &Private::onLayersChanged);
-    if (map) HOBindMember(map->LayersChangedSignal, d.get(), &Private::onLayersChanged);
+    if (old) {
+        HOUnbindMember(old->LayersChangedSignal, d.get(), &Private::onLayersChanged);
+        HOUnbindMember(old->GetGraphicsLayer()->ElementsChangedSignal, d.get(), &Private::onElementsChanged);
+    }
+    if (map) {
+        HOBindMember(map->LayersChangedSignal, d.get(), &Private::onLayersChanged);
+        HOBindMember(map->GetGraphicsLayer()->ElementsChangedSignal, d.get(), &Private::onElementsChanged);
+    }
     // Waits (a few milliseconds) so that no picture of the old map is published after this.
     d->renderer->Stop(true);
     d->renderer->ClearFrame();

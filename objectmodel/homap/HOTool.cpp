@@ -14,6 +14,7 @@ void HOTool::ClearToolPaint() {}
 HOTool::Parameters& HOTool::GetParameters() { return m_parameters; }
 void HOTool::SetParameter(const HOString& key, const HOString& value) { m_parameters[key] = value; }
 void HOTool::AddPoint(const HOPoint&) {}
+void HOTool::AddPoint(const HOPoint& point, PointInput) { AddPoint(point); }
 void HOTool::CancelPoint() {}
 bool HOTool::AcceptsPointInput() { return false; }
 void HOTool::OnMouseDown(int, int, int) {}

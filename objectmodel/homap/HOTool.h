@@ -24,6 +24,8 @@ class HOView;
 class HOTool : public HORefBase {
 public:
     using Parameters = std::map<HOString, HOString>;
+    // How a typed point is given: in the map's units, or as longitude and latitude in degrees.
+    enum PointInput { MapUnits, LonLatDegrees };
 
     virtual void Activate();
     virtual void Deactivate();
@@ -40,6 +42,9 @@ public:
     virtual void AddPoint(const HOPoint& point);
     virtual void CancelPoint();
     virtual bool AcceptsPointInput();
+
+    // A typed point; the default hands it to AddPoint() as it stands.
+    virtual void AddPoint(const HOPoint& point, PointInput input);
 
     // Input handed on by the view. Buttons: 1 left, 2 right, 3 middle, 0 none; x, y in view pixels.
     virtual void OnMouseDown(int button, int x, int y);

@@ -1,6 +1,65 @@
 #include "HOMapTool.h"
 
+#include <ogr_spatialref.h>
+
+#include <Qt>
+#include <memory>
+
+#include "HOCoordinateSystem.h"
+#include "HOFeatureLayer.h"
+#include "HOGeometryProject.h"
+#include "HOMap.h"
+
 namespace HXObjects {
+
+namespace {
+
+bool HasSelection(HOMap* map) {
+    if (!map->GetGraphicsLayer()->GetSelectedIds().empty()) return true;
+    for (const auto& layer : map->GetLayers(true)) {
+        auto* features = dynamic_cast<HOFeatureLayer*>(layer.get());
+        if (features && features->HasSelectedFeatures()) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+void HOMapTool::AddPoint(const HOPoint& point, PointInput input) {
+    AddPoint(input == LonLatDegrees ? FromLonLat(TargetMap(), point) : point);
+}
+
+HOPoint HOMapTool::FromLonLat(HOMap* map, const HOPoint& lonLat) {
+    const HORefPtr<HOCoordinateSystem> system = map ? map->GetSpatialReference() : nullptr;
+    if (!system || !system->IsProjected()) return lonLat;
+    // Degrees on the map system's own datum.
+    std::unique_ptr<OGRSpatialReference> geographic(system->Ogr()->CloneGeogCS());
+    const HORefPtr<HOCoordinateSystem> from = HOCoordinateSystem::FromOgr(geographic.get());
+    HOGeometryProject project;
+    HOPoint point = lonLat;
+    if (!from || !project.SetPrj(from.get(), system.get(), nullptr) || !project.ProjPoint(point.x, point.y))
+        return lonLat;
+    return point;
+}
+
+bool HOMapTool::OnKeyDown(int key) {
+    HOMap* map = TargetMap();
+    return key == Qt::Key_Delete && map && HasSelection(map);
+}
+
+HOMap* HOMapTool::TargetMap() const {
+    HOMapView* view = MapView();
+    if (!view && GetToolBuddy()) view = GetToolBuddy()->GetMapView();
+    return view ? view->GetMap() : nullptr;
+}
+
+void HOMapTool::OpenContextMenu(int x, int y) const {
+    if (HOToolBuddy* buddy = GetToolBuddy()) buddy->OnContextMenu(x, y);
+}
+
+void HOMapTool::RefreshPaint() const {
+    if (HOMapView* view = MapView()) view->RefreshToolPaint();
+}
 
 HOMapView* HOMapTool::MapView() const {
     return dynamic_cast<HOMapView*>(GetView());

@@ -1,15 +1,33 @@
 #pragma once
 // HOMapTool: the base of the built-in tools that work on a map view. It gives them the map view
 // their input comes from, pixel-to-map conversion, and the buddy's cursor and keyboard modifiers.
-// A tool handed to any other kind of view does nothing.
+// A tool handed to any other kind of view does nothing. Every map tool answers the Delete key when
+// something is selected, so that the host's deletion takes over.
 #include "HOMapView.h"
 #include "HOTool.h"
 #include "HOToolBuddy.h"
 
 namespace HXObjects {
 
+class HOMap;
+
 class HOMapTool : public HOTool {
+public:
+    using HOTool::AddPoint;
+    // Longitude and latitude are projected into a projected map's system first.
+    void AddPoint(const HOPoint& point, PointInput input) override;
+    bool OnKeyDown(int key) override;
+
+    // The map point of longitude and latitude in the map's system (as given when it has no projection).
+    static HOPoint FromLonLat(HOMap* map, const HOPoint& lonLat);
+
 protected:
+    // The map the tool edits: its view's, else (a command that never becomes current) the buddy's.
+    HOMap* TargetMap() const;
+    // A right click asks the buddy for its context menu.
+    void OpenContextMenu(int x, int y) const;
+    // Tells the view that the tool's temporary drawing changed.
+    void RefreshPaint() const;
     // The view as a map view; null when there is none or it is not a map view.
     HOMapView* MapView() const;
     // The map point under a view pixel.

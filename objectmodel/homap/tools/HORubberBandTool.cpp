@@ -27,6 +27,7 @@ void HORubberBandTool::OnMouseMove(int, int x, int y) {
 }
 
 void HORubberBandTool::OnMouseUp(int button, int x, int y) {
+    if (button == 2) OpenContextMenu(x, y);
     if (button != 1 || !m_pressed) return;
     m_pressed = false;
     setBand(HORect());
@@ -66,7 +67,7 @@ void HORubberBandTool::setBand(const HORect& band) {
         if (band == m_band) return;
         m_band = band;
     }
-    if (HOMapView* view = MapView()) view->RefreshToolPaint();
+    RefreshPaint();
 }
 
 }  // namespace HXObjects

@@ -1,7 +1,8 @@
 #pragma once
 // HORubberBandTool: the base of the tools that act on a click or on a box dragged with the left
 // button. While dragging, the box is drawn over the map as the tool's temporary drawing; on release
-// the subclass gets either the clicked map point or the box in map units.
+// the subclass gets either the clicked map point or the box in map units. A right click asks for the
+// context menu.
 #include "HOMapTool.h"
 #include "HORect.h"
 

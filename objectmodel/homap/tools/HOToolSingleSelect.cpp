@@ -1,11 +1,16 @@
 #include "HOToolSingleSelect.h"
 
+#include <QPainter>
+#include <Qt>
 #include <algorithm>
+#include <cstdlib>
 #include <iterator>
 
 #include "HOCoordinateSystem.h"
 #include "HOFeatureLayer.h"
+#include "HOGeometryPainter.h"
 #include "HOMap.h"
+#include "edit/HOElementEditor.h"
 
 namespace HXObjects {
 
@@ -54,6 +59,99 @@ std::vector<int> HOToolSingleSelect::Combine(const std::vector<int>& before, con
 void HOToolSingleSelect::Activate() {
     HORubberBandTool::Activate();
     ShowCursor(HOToolBuddy::ArrowCursor);
+}
+
+void HOToolSingleSelect::Deactivate() {
+    endDrag();
+    HORubberBandTool::Deactivate();  // clears the band too
+}
+
+void HOToolSingleSelect::ClearToolPaint() {
+    endDrag();
+    HORubberBandTool::ClearToolPaint();
+}
+
+void HOToolSingleSelect::OnMouseDown(int button, int x, int y) {
+    if (button == 1) m_grabbed = elementAt(x, y);
+    if (!m_grabbed) return HORubberBandTool::OnMouseDown(button, x, y);
+    m_grabX = x;
+    m_grabY = y;
+    m_moving = false;
+}
+
+void HOToolSingleSelect::OnMouseMove(int button, int x, int y) {
+    if (!m_grabbed) return HORubberBandTool::OnMouseMove(button, x, y);
+    m_moving = m_moving || std::abs(x - m_grabX) >= kMinimumBoxPixels || std::abs(y - m_grabY) >= kMinimumBoxPixels;
+    if (!m_moving) return;
+    const HOPoint shift = ToMap(x, y) - ToMap(m_grabX, m_grabY);
+    std::vector<HORefPtr<HOGeometry>> preview;
+    for (const auto& element : draggedElements(m_grabbed))
+        preview.push_back(HOElementEditor::Translated(*element->GetGeometry(), shift.x, shift.y));
+    {
+        std::lock_guard<std::mutex> lock(paintMutex());
+        m_preview = std::move(preview);
+    }
+    ShowCursor(HOToolBuddy::SizeAllCursor);
+    RefreshPaint();
+}
+
+void HOToolSingleSelect::OnMouseUp(int button, int x, int y) {
+    if (!m_grabbed || button != 1) return HORubberBandTool::OnMouseUp(button, x, y);
+    const HORefPtr<HOElement> grabbed = m_grabbed;
+    const bool moved = m_moving;
+    const HOPoint from = ToMap(m_grabX, m_grabY), shift = ToMap(x, y) - from;
+    endDrag();
+    if (!moved) return OnClick(from);
+    std::vector<int> ids;
+    for (const auto& element : draggedElements(grabbed)) ids.push_back(element->GetID());
+    HOElementEditor::Move(TargetMap(), ids, shift.x, shift.y);
+}
+
+bool HOToolSingleSelect::OnKeyDown(int key) {
+    if (key != Qt::Key_Escape) return HORubberBandTool::OnKeyDown(key);
+    if (m_grabbed) {
+        endDrag();
+    } else if (HOMap* map = TargetMap()) {
+        map->GetGraphicsLayer()->ClearSelection();
+        map->GetGraphicsLayer()->NotifyElementsChanged();
+    }
+    return true;
+}
+
+void HOToolSingleSelect::DrawToolPaint(QPainter& painter, const HODisplayTransform& transform) {
+    HORubberBandTool::DrawToolPaint(painter, transform);
+    std::lock_guard<std::mutex> lock(paintMutex());
+    HOGeometryPainter preview(painter, transform);
+    for (const auto& geometry : m_preview) preview.DrawHighlight(*geometry, QColor(255, 0, 0), 1.0);
+}
+
+HORefPtr<HOElement> HOToolSingleSelect::elementAt(int x, int y) const {
+    HOMap* map = MapView() ? MapView()->GetMap() : nullptr;
+    if (!map) return nullptr;
+    const auto elements = map->GetGraphicsLayer()->LocateElements(ToMap(x, y), PixelsToMap(kTolerancePixels),
+                                                                   MapView()->GetScreenDisplay());
+    return elements.empty() ? nullptr : elements.front();
+}
+
+std::vector<HORefPtr<HOElement>> HOToolSingleSelect::draggedElements(const HORefPtr<HOElement>& grabbed) const {
+    HOMap* map = TargetMap();
+    if (!map) return {};
+    const HORefPtr<HOGraphicsLayer> graphics = map->GetGraphicsLayer();
+    if (!graphics->IsElementSelected(grabbed->GetID())) return {grabbed};
+    return graphics->GetSelectedElements();
+}
+
+void HOToolSingleSelect::endDrag() {
+    const bool shown = m_moving;
+    m_grabbed = nullptr;
+    m_moving = false;
+    {
+        std::lock_guard<std::mutex> lock(paintMutex());
+        m_preview.clear();
+    }
+    if (!shown) return;
+    ShowCursor(HOToolBuddy::ArrowCursor);
+    RefreshPaint();
 }
 
 HOToolSingleSelect::Mode HOToolSingleSelect::currentMode() const {
@@ -109,6 +207,7 @@ void HOToolSingleSelect::apply(HOMap* map, const std::vector<LayerPick>& picks) 
         count += static_cast<int>(ids.size());
     }
     selectFeatureNum = count;
+    map->GetGraphicsLayer()->NotifyElementsChanged();
     MapView()->RefreshMap(false, HORect());
 }
 

@@ -1,0 +1,12 @@
+#include "HOCmdDeleteElement.h"
+
+#include "edit/HOElementEditor.h"
+
+namespace HXObjects {
+
+void HOCmdDeleteElement::Activate() {
+    HOMapTool::Activate();
+    HOElementEditor::DeleteSelected(TargetMap());
+}
+
+}  // namespace HXObjects
