@@ -30,7 +30,8 @@ public:
     }
 
     QString text() {
-        const QString rest = QString::fromUtf8(reinterpret_cast<const char*>(mData + mPos), int(mSize - mPos));
+        const QString rest =
+            QString::fromUtf8(reinterpret_cast<const char*>(mData + mPos), int(mSize - mPos));
         mPos = mSize;
         return rest;
     }
@@ -61,7 +62,7 @@ private:
     std::abort();
 }
 
-#define FUZZ_CHECK(property, context) \
-    do {                               \
+#define FUZZ_CHECK(property, context)                  \
+    do {                                               \
         if (!(property)) fuzzFail(#property, context); \
     } while (0)

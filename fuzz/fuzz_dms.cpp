@@ -12,9 +12,13 @@ using HXObjects::HOUnitConversion;
 
 namespace {
 
-QString numberText(double value) { return QString::number(value, 'g', 17); }
+QString numberText(double value) {
+    return QString::number(value, 'g', 17);
+}
 
-bool sameSign(double a, double b) { return std::signbit(a) == std::signbit(b); }
+bool sameSign(double a, double b) {
+    return std::signbit(a) == std::signbit(b);
+}
 
 // The two decimal digits after the point of |packed| (minutes), then the rest (seconds), for angles
 // small enough that a double holds those digits. Digits are read with slack for binary noise, as
@@ -33,8 +37,9 @@ void checkDegrees(double degrees) {
     const double dms = HOUnitConversion::DegreeToDms(degrees);
     const double ddm = HOUnitConversion::DegreeToDdm(degrees);
     if (!std::isfinite(degrees)) {
-        FUZZ_CHECK(std::isnan(degrees) ? std::isnan(dms) && std::isnan(ddm) : dms == degrees && ddm == degrees,
-                   context);
+        FUZZ_CHECK(
+            std::isnan(degrees) ? std::isnan(dms) && std::isnan(ddm) : dms == degrees && ddm == degrees,
+            context);
         return;
     }
     FUZZ_CHECK(std::isfinite(dms) && std::isfinite(ddm), context);
@@ -43,7 +48,8 @@ void checkDegrees(double degrees) {
     FUZZ_CHECK(sixtiethsBelow60(dms, 2) && sixtiethsBelow60(ddm, 1), context + " packed " + numberText(dms));
     if (std::fabs(degrees) > 1000.0) return;
     const double back = CcurrencyFunc::DmsToDegree(dms);
-    FUZZ_CHECK(std::fabs(back - degrees) <= 1e-9, context + " packed " + numberText(dms) + " read " + numberText(back));
+    FUZZ_CHECK(std::fabs(back - degrees) <= 1e-9,
+               context + " packed " + numberText(dms) + " read " + numberText(back));
 }
 
 void checkPacked(double packed) {
@@ -70,13 +76,13 @@ void checkProjection(FuzzInput& input) {
     const double falseEasting = input.rawDouble();
     double northing = 0.0;
     double easting = 0.0;
-    const bool projected = CcurrencyFunc::bl2XY(ellipsoid, lat, lon, centralMeridian, 0, falseEasting, &northing,
-                                                &easting, format);
-    const QString context = QString("ellipsoid %1 format %2 lat %3 lon %4 L0 %5 FE %6")
-                                .arg(ellipsoid)
-                                .arg(format)
-                                .arg(numberText(lat), numberText(lon), numberText(centralMeridian),
-                                     numberText(falseEasting));
+    const bool projected = CcurrencyFunc::bl2XY(ellipsoid, lat, lon, centralMeridian, 0, falseEasting,
+                                                &northing, &easting, format);
+    const QString context =
+        QString("ellipsoid %1 format %2 lat %3 lon %4 L0 %5 FE %6")
+            .arg(ellipsoid)
+            .arg(format)
+            .arg(numberText(lat), numberText(lon), numberText(centralMeridian), numberText(falseEasting));
     if (projected) {
         FUZZ_CHECK(std::isfinite(northing) && std::isfinite(easting), context);
     } else {

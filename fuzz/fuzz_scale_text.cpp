@@ -8,7 +8,9 @@
 
 namespace {
 
-QString numberText(double value) { return QString::number(value, 'g', 17); }
+QString numberText(double value) {
+    return QString::number(value, 'g', 17);
+}
 
 // The box shows toString of a ratio and then holds what that text reads as: a usable scale (or 0,
 // "no scale") that it shows again unchanged, or it refuses the text and keeps its scale. (The text

@@ -1,13 +1,13 @@
 // hxmapviewer: a small desktop map viewer built on HXMapCanvas.
 //   hxmapviewer [--size WxH] [--crs DEFINITION] [FILE...]
 //   hxmapviewer --screenshot out.png [--size 1280x800] [--crs EPSG:4490] [FILE...]
-#include "HXViewerWindow.h"
-
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QRegularExpression>
 #include <cstdio>
 #include <cstring>
+
+#include "HXViewerWindow.h"
 
 namespace {
 
@@ -95,7 +95,8 @@ int main(int argc, char** argv) {
         return fail(QString("--crs: %1").arg(error));
     }
     if (parser.isSet(screenshot) || parser.isSet(size)) window.resize(wanted);
-    if (parser.isSet(screenshot)) return takeScreenshot(window, parser.value(screenshot), parser.positionalArguments());
+    if (parser.isSet(screenshot))
+        return takeScreenshot(window, parser.value(screenshot), parser.positionalArguments());
     window.showAndOpen(parser.positionalArguments());
     return app.exec();
 }

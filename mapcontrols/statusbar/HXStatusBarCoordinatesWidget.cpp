@@ -96,15 +96,16 @@ PositionText formatInUnit(int unit, const QPointF& raw, const std::function<QPoi
             return {HXCoordinateText::pair(degrees.x(), degrees.y()), unitLabel(*known)};
         case HOUnitDegreeMinuteSecond:
             return {HXCoordinateText::pair(HOUnitConversion::DegreeToDms(degrees.x()),
-                             HOUnitConversion::DegreeToDms(degrees.y())),
+                                           HOUnitConversion::DegreeToDms(degrees.y())),
                     unitLabel(*known)};
         case HOUnitDegreeDecimalMinute:
             return {HXCoordinateText::pair(HOUnitConversion::DegreeToDdm(degrees.x()),
-                             HOUnitConversion::DegreeToDdm(degrees.y())),
+                                           HOUnitConversion::DegreeToDdm(degrees.y())),
                     unitLabel(*known)};
         default: {
             const QPointF m = metres();
-            return {HXCoordinateText::pair(m.x() / known->metresPerUnit, m.y() / known->metresPerUnit), unitLabel(*known)};
+            return {HXCoordinateText::pair(m.x() / known->metresPerUnit, m.y() / known->metresPerUnit),
+                    unitLabel(*known)};
         }
     }
 }
@@ -250,8 +251,10 @@ void HXStatusBarCoordinatesWidget::showExtent() {
     }
     mLabelUnit->setText(label);
 
-    const QString text = HXCoordinateText::number(extent.minx) + QLatin1Char(',') + HXCoordinateText::number(extent.miny) +
-                         QStringLiteral(" ; ") + HXCoordinateText::number(extent.maxx) + QLatin1Char(',') + HXCoordinateText::number(extent.maxy);
+    const QString text = HXCoordinateText::number(extent.minx) + QLatin1Char(',') +
+                         HXCoordinateText::number(extent.miny) + QStringLiteral(" ; ") +
+                         HXCoordinateText::number(extent.maxx) + QLatin1Char(',') +
+                         HXCoordinateText::number(extent.maxy);
     mLineEdit->setText(text);
     mLineEdit->setToolTip(text);
 }

@@ -1,22 +1,21 @@
 // The reference viewer on the generated sample region: what a person sees, and how it reports files
 // it cannot open.
-#include "HOFeatureLayer.h"
-#include "HOMap.h"
-#include "HOMapView.h"
-#include "HXMapCanvas.h"
-#include "HXApplication.h"
-#include "HXCommandDock.h"
-#include "HXMapWidget.h"
-#include "HXMessageBar.h"
-#include "HXViewerWindow.h"
-
 #include <QLineEdit>
 #include <QProcess>
 #include <QScreen>
-#include <QSettings>
 #include <QStatusBar>
 #include <QTextEdit>
 #include <QtTest>
+
+#include "HOFeatureLayer.h"
+#include "HOMap.h"
+#include "HOMapView.h"
+#include "HXApplication.h"
+#include "HXCommandDock.h"
+#include "HXMapCanvas.h"
+#include "HXMapWidget.h"
+#include "HXMessageBar.h"
+#include "HXViewerWindow.h"
 
 using namespace HXObjects;
 
@@ -175,7 +174,8 @@ void TestViewer::badOptionsAreRefused_data() {
     QTest::newRow("size 100000x100000") << QStringList{"--size", "100000x100000"} << "--size '100000x100000'";
     QTest::newRow("size not WxH") << QStringList{"--size", "wide"} << "--size 'wide'";
     QTest::newRow("crs unreadable") << QStringList{"--crs", "EPSG:nonsense"} << "cannot read 'EPSG:nonsense'";
-    QTest::newRow("crs geocentric") << QStringList{"--crs", "EPSG:4978"} << "neither geographic nor projected";
+    QTest::newRow("crs geocentric") << QStringList{"--crs", "EPSG:4978"}
+                                    << "neither geographic nor projected";
     QTest::newRow("crs vertical") << QStringList{"--crs", "EPSG:5773"} << "neither geographic nor projected";
 }
 
@@ -185,7 +185,8 @@ void TestViewer::badOptionsAreRefused() {
     QTemporaryDir dir;
     const QString out = dir.filePath("x.png");
     QProcess viewer;
-    viewer.start(HX_VIEWER_BIN, QStringList{"--screenshot", out} + options + QStringList{samplePath("region.gpkg")});
+    viewer.start(HX_VIEWER_BIN,
+                 QStringList{"--screenshot", out} + options + QStringList{samplePath("region.gpkg")});
     QVERIFY2(viewer.waitForFinished(60000), "the viewer did not exit within 60 s");
     QCOMPARE(viewer.exitCode(), 2);
     const QString error = QString::fromUtf8(viewer.readAllStandardError());
