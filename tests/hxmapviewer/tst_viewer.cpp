@@ -240,7 +240,6 @@ void TestViewer::firstRenderIsAtTheFinalSize() {
     const HOSize asked = window.canvas()->GetMapView()->GetScreenDisplay()->GetDeviceSize();
     QCOMPARE(QSize(asked.width, asked.height), shown);
     QVERIFY(window.messageBar()->isVisible());
-    QVERIFY(window.canvas()->GetMapView()->IsRendering());
     QVERIFY2(window.waitForRender(120000), "no finished map within 120 s");
     QCOMPARE(widget->size(), shown);
 }
