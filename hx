@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
-# Front script: ./hx run [FILE...] | test | build | bench | deps
+# Front script: ./hx run [FILE...] | test | build | fuzz [SECONDS] | bench | deps
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 jobs=$(nproc 2>/dev/null || echo 2)
 
 packages=(cmake ninja-build g++ ccache pkg-config qtbase5-dev qtbase5-dev-tools libqt5svg5-dev
-          qttools5-dev qttools5-dev-tools libgdal-dev libproj-dev libboost-dev fonts-dejavu-core fontconfig)
+          qttools5-dev qttools5-dev-tools libgdal-dev libproj-dev libboost-dev fonts-dejavu-core fontconfig
+          clang libclang-rt-14-dev)
 bench_packages=(mapserver-bin python3-mapnik hyperfine)
 
 missing() {
@@ -32,20 +33,48 @@ install_packages() {
   fi
 }
 
-configure() { # dir, extra cmake args...
-  local dir=$1; shift
+configure() { # source dir, build dir, extra cmake args...
+  local src=$1 dir=$2; shift 2
   local gen=()
   command -v ninja >/dev/null && gen=(-G Ninja)
   if [ ! -f "$dir/CMakeCache.txt" ]; then
-    cmake -S "$root" -B "$dir" "${gen[@]}" "$@"
+    cmake -S "$src" -B "$dir" "${gen[@]}" "$@"
   else
     cmake "$dir" "$@" >/dev/null
   fi
 }
 
 release_build() {
-  configure "$root/build/release" -DCMAKE_BUILD_TYPE=Release -DHX_BUILD_TESTS=OFF "$@"
+  configure "$root" "$root/build/release" -DCMAKE_BUILD_TYPE=Release -DHX_BUILD_TESTS=OFF "$@"
   cmake --build "$root/build/release" -j "$jobs"
+}
+
+# The text parsers under libFuzzer (fuzz/): a small clang build of their sources alone.
+fuzz_dir="$root/build/fuzz"
+fuzz_targets=(scale_text coordinate_text permissive_number dms)
+
+fuzz_build() {
+  configure "$root/fuzz" "$fuzz_dir" -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=Debug >/dev/null
+  cmake --build "$fuzz_dir" -j "$jobs" >"$fuzz_dir/build.log" 2>&1 || { cat "$fuzz_dir/build.log"; return 1; }
+}
+
+fuzz_run() { # seconds per target: prints the executions each reached; non-zero when one crashed
+  local seconds=$1 failed=0 t log runs
+  mkdir -p "$fuzz_dir/crashes"
+  for t in "${fuzz_targets[@]}"; do
+    log="$fuzz_dir/$t.log"
+    mkdir -p "$fuzz_dir/corpus/$t"
+    if "$fuzz_dir/fuzz_$t" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 \
+         -artifact_prefix="$fuzz_dir/crashes/$t-" "$fuzz_dir/corpus/$t" "$root/fuzz/seeds/$t" >"$log" 2>&1; then
+      runs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")
+      echo "fuzz $t: ${runs:-?} executions in ${seconds} s, no crash"
+    else
+      echo "fuzz $t: FAILED (log: $log; input kept in $fuzz_dir/crashes)"
+      grep -E -A2 '^property failed|ERROR: (libFuzzer|AddressSanitizer)|runtime error' "$log" | head -n 12 || true
+      failed=1
+    fi
+  done
+  return "$failed"
 }
 
 sample_dir="$root/build/sample"
@@ -65,10 +94,25 @@ case "$cmd" in
   test)
     install_packages "${packages[@]}"
     dir="$root/build/asan"
-    configure "$dir" -DCMAKE_BUILD_TYPE=Debug -DHX_SANITIZE=ON -DHX_BUILD_TESTS=ON
+    configure "$root" "$dir" -DCMAKE_BUILD_TYPE=Debug -DHX_SANITIZE=ON -DHX_BUILD_TESTS=ON
     cmake --build "$dir" -j "$jobs"
     cd "$dir"
-    QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j "$jobs" "$@" ;;
+    ctest_status=0
+    QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j "$jobs" "$@" 2>&1 | tee "$dir/ctest.log" || ctest_status=$?
+    # Then the parsers under the fuzzer for a short while (HX_FUZZ_SECONDS each, 0 to skip); ctest's
+    # summary is repeated last, as the closing lines.
+    fuzz_status=0
+    fuzz_seconds=${HX_FUZZ_SECONDS:-10}
+    if [ "$fuzz_seconds" != 0 ]; then
+      { fuzz_build && fuzz_run "$fuzz_seconds"; } || fuzz_status=1
+    fi
+    sed -n '/tests passed, /,$p' "$dir/ctest.log"
+    [ "$fuzz_status" = 0 ] || echo "hx: a fuzz target failed (see above)" >&2
+    [ "$ctest_status" = 0 ] && [ "$fuzz_status" = 0 ] ;;
+  fuzz)
+    install_packages "${packages[@]}"
+    fuzz_build
+    fuzz_run "${1:-60}" ;;
   run)
     install_packages "${packages[@]}"
     release_build
@@ -82,6 +126,6 @@ case "$cmd" in
     release_build -DHX_BUILD_BENCH=ON
     exec "$root/bench/run" "$root/build/release" "$@" ;;
   *)
-    echo "usage: ./hx run [FILE...] | test [ctest args] | build | bench | deps" >&2
+    echo "usage: ./hx run [FILE...] | test [ctest args] | build | fuzz [seconds per target, default 60] | bench | deps" >&2
     [ "$cmd" = help ] || exit 2 ;;
 esac

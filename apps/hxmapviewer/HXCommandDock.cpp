@@ -5,6 +5,7 @@
 #include "HXViewerTools.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -31,6 +32,20 @@ HXCommandDock::HXCommandDock(HXMapCanvas* canvas, QWidget* parent)
     layout->addLayout(row);
     setWidget(body);
     connect(mEdit, &QLineEdit::returnPressed, this, &HXCommandDock::runCommand);
+    mEdit->installEventFilter(this);
+}
+
+// A command is one short line: Home belongs to the map (full extent) even while typing, as it does
+// everywhere else in the window.
+bool HXCommandDock::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == mEdit && event->type() == QEvent::ShortcutOverride) {
+        auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_Home && key->modifiers() == Qt::NoModifier) {
+            key->ignore();  // not overridden: the window's shortcut runs
+            return true;
+        }
+    }
+    return QDockWidget::eventFilter(watched, event);
 }
 
 void HXCommandDock::SetEditInfo(HOString text) { mEdit->setText(text.toQString()); }

@@ -25,6 +25,9 @@ public:
 
     QString log() const;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void runCommand();
 

@@ -30,6 +30,7 @@
 #include <QInputDialog>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QScreen>
 #include <QSettings>
 #include <QStyle>
 #include <QThread>
@@ -42,6 +43,30 @@ namespace {
 const char* const kFileFilter =
     "Map data (*.gpkg *.shp *.geojson *.json *.kml *.gml *.tab *.mif *.csv *.tif *.tiff *.img *.jp2 *.png *.jpg *.vrt);;"
     "All files (*)";
+
+// The map's coordinate system from what a person typed: null, with the reason, when it cannot be
+// read or is one a flat map cannot be drawn in (geocentric, vertical).
+HORefPtr<HOCoordinateSystem> readMapCoordinateSystem(const QString& definition, QString* error) {
+    HORefPtr<HOCoordinateSystem> system = HOCoordinateSystem::FromUserInput(HOString(definition));
+    if (!system) {
+        *error = QCoreApplication::translate("HXViewerWindow", "cannot read '%1'").arg(definition);
+        return nullptr;
+    }
+    if (!system->IsGeographic() && !system->IsProjected()) {
+        *error = QCoreApplication::translate("HXViewerWindow", "'%1' is neither geographic nor projected")
+                     .arg(definition);
+        return nullptr;
+    }
+    return system;
+}
+
+// The size a window opens at before the user chose one: three quarters of the screen.
+QRect firstGeometry() {
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    QRect rect(QPoint(), screen.size() * 3 / 4);
+    rect.moveCenter(screen.center());
+    return rect;
+}
 }  // namespace
 
 HXViewerWindow::HXViewerWindow(QWidget* parent) : QMainWindow(parent) {
@@ -143,7 +168,7 @@ void HXViewerWindow::rebuildRecentMenu() {
 
 void HXViewerWindow::restoreSettings() {
     QSettings settings(HXApplication::hxgisSettingsFilePath(), QSettings::IniFormat);
-    restoreGeometry(settings.value("viewer/geometry").toByteArray());
+    if (!restoreGeometry(settings.value("viewer/geometry").toByteArray())) setGeometry(firstGeometry());
     restoreState(settings.value("viewer/state").toByteArray());
 }
 
@@ -197,11 +222,13 @@ void HXViewerWindow::openWithPrompt() {
     if (!paths.isEmpty()) openFiles(paths);
 }
 
-bool HXViewerWindow::setCoordinateSystem(const QString& definition) {
-    HORefPtr<HOCoordinateSystem> system = HOCoordinateSystem::FromUserInput(HOString(definition));
+bool HXViewerWindow::setCoordinateSystem(const QString& definition, QString* error) {
+    QString reason;
+    HORefPtr<HOCoordinateSystem> system = readMapCoordinateSystem(definition, &reason);
     HOMapView* view = mCanvas->GetMapView();
     if (!system || !view) {
-        mMessageBar->pushWarning(tr("Coordinate system"), tr("cannot read '%1'").arg(definition));
+        mMessageBar->pushWarning(tr("Coordinate system"), reason);
+        if (error) *error = reason;
         return false;
     }
     view->GetMap()->SetSpatialReference(system);
@@ -227,10 +254,24 @@ void HXViewerWindow::zoomToFullExtent() {
     if (HOMapView* view = mCanvas->GetMapView()) view->ZoomToFullExtent();
 }
 
+int HXViewerWindow::showAndOpen(const QStringList& paths) {
+    show();
+    settleLayout();
+    const int failures = openFiles(paths);
+    // The message bar just took its room above the map: lay out now and draw at that size, rather
+    // than after the canvas's delay for a window being dragged to a new size.
+    settleLayout();
+    mCanvas->refresh();
+    return failures;
+}
+
+void HXViewerWindow::settleLayout() {
+    QApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+}
+
 bool HXViewerWindow::waitForRender(int timeoutMs) {
     QElapsedTimer clock;
     clock.start();
-    const int before = mRendersFinished.load();
     HOMapView* view = mCanvas->GetMapView();
     if (!view || view->GetMap()->GetLayerCount() == 0) {
         QApplication::processEvents();
@@ -238,18 +279,23 @@ bool HXViewerWindow::waitForRender(int timeoutMs) {
     }
     while (clock.elapsed() < timeoutMs) {
         QApplication::processEvents(QEventLoop::AllEvents, 50);
-        // Final only once the view has the drawing widget's size: a picture of an earlier size
-        // is followed by another render.
-        const HOSize drawn = view->GetScreenDisplay()->GetDeviceSize();
-        const QSize shown = mCanvas->findChild<HXMapWidget*>()->size();
-        const bool sized = drawn.width == shown.width() && drawn.height == shown.height();
-        if (sized && mRendersFinished.load() > before && !view->IsRendering()) {
+        if (pictureIsFinal()) {
             QApplication::processEvents();
             return true;
         }
         QThread::msleep(10);
     }
     return false;
+}
+
+// A picture of an earlier size, or one still to be replaced by a render that runs or waits, is not
+// final. The picture may have been finished before anyone started waiting for it.
+bool HXViewerWindow::pictureIsFinal() const {
+    HOMapView* view = mCanvas->GetMapView();
+    const HOSize drawn = view->GetScreenDisplay()->GetDeviceSize();
+    const QSize shown = mCanvas->findChild<HXMapWidget*>()->size();
+    const bool sized = drawn.width == shown.width() && drawn.height == shown.height();
+    return sized && mRendersFinished.load() > 0 && !view->IsRendering();
 }
 
 bool HXViewerWindow::eventFilter(QObject* watched, QEvent* event) {

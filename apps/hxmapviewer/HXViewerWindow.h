@@ -31,9 +31,14 @@ public:
     // Adds every layer of the files to the map; returns how many files failed. Errors go to the
     // message bar and errors().
     int openFiles(const QStringList& paths);
-    // "EPSG:4490", WKT or a PROJ string; false (map unchanged) when it cannot be read.
-    bool setCoordinateSystem(const QString& definition);
-    // Processes events until a render has finished and none is running, or the time is up.
+    // Shows the window, opens the files and starts the first render at once, at the size the
+    // window settles on once the message bar reports the files. Returns how many files failed.
+    int showAndOpen(const QStringList& paths);
+    // "EPSG:4490", WKT or a PROJ string of a geographic or projected system; false (map unchanged,
+    // the reason in error) otherwise.
+    bool setCoordinateSystem(const QString& definition, QString* error = nullptr);
+    // Processes events until the view is sized to the drawing widget, a picture has been finished
+    // and no render runs or waits; false when the time is up first.
     bool waitForRender(int timeoutMs);
 
     HXMapCanvas* canvas() const { return mCanvas; }
@@ -59,6 +64,8 @@ private:
     void addLayer(HXObjects::HOLayer* layer);
     void bindIdentifyTool();
     void restoreSettings();
+    void settleLayout();
+    bool pictureIsFinal() const;
     void onRenderFinished(void* sender, HXObjects::HOEvent* event);
     void onIdentified(void* sender, HXObjects::HOEvent* event);
 

@@ -1,15 +1,20 @@
 // hxmapviewer: a small desktop map viewer built on HXMapCanvas.
-//   hxmapviewer [FILE...]
+//   hxmapviewer [--size WxH] [--crs DEFINITION] [FILE...]
 //   hxmapviewer --screenshot out.png [--size 1280x800] [--crs EPSG:4490] [FILE...]
-#include "HXViewerWindow.h"
-
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QRegularExpression>
 #include <cstdio>
 #include <cstring>
 
+#include "HXViewerWindow.h"
+
 namespace {
+
+// Each side of a window the viewer opens; outside this a window is unusable or its images do not fit
+// in memory.
+constexpr int kMinSide = 16;
+constexpr int kMaxSide = 16384;
 
 bool wantsScreenshot(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
@@ -18,14 +23,22 @@ bool wantsScreenshot(int argc, char** argv) {
     return false;
 }
 
+// "WxH" with both sides in range; an invalid size otherwise.
 QSize parseSize(const QString& text) {
-    const QRegularExpressionMatch m = QRegularExpression("^(\\d+)x(\\d+)$").match(text);
-    return m.hasMatch() ? QSize(m.captured(1).toInt(), m.captured(2).toInt()) : QSize();
+    const QRegularExpressionMatch m = QRegularExpression("^(\\d{1,6})x(\\d{1,6})$").match(text);
+    if (!m.hasMatch()) return QSize();
+    const QSize size(m.captured(1).toInt(), m.captured(2).toInt());
+    const auto inRange = [](int side) { return side >= kMinSide && side <= kMaxSide; };
+    return inRange(size.width()) && inRange(size.height()) ? size : QSize();
+}
+
+int fail(const QString& message) {
+    std::fprintf(stderr, "hxmapviewer: %s\n", qPrintable(message));
+    return 2;
 }
 
 int takeScreenshot(HXViewerWindow& window, const QString& out, const QStringList& files) {
-    window.show();
-    const int failures = window.openFiles(files);
+    const int failures = window.showAndOpen(files);
     const bool rendered = window.waitForRender(120000);
     if (!window.grab().save(out)) {
         std::fprintf(stderr, "hxmapviewer: cannot write '%s'\n", qPrintable(out));
@@ -56,19 +69,34 @@ int main(int argc, char** argv) {
     parser.addHelpOption();
     parser.addPositionalArgument("files", "Vector or raster files to open.", "[FILE...]");
     QCommandLineOption screenshot("screenshot", "Render, write the window to a PNG and exit.", "out.png");
-    QCommandLineOption size("size", "Window size for the screenshot.", "WxH", "1280x800");
-    QCommandLineOption crs("crs", "The map's coordinate system (EPSG code, WKT or PROJ).", "definition");
+    QCommandLineOption size("size",
+                            QString("Window size, each side %1 to %2 pixels (default for a screenshot: "
+                                    "1280x800; otherwise the last size used, at first 3/4 of the screen).")
+                                .arg(kMinSide)
+                                .arg(kMaxSide),
+                            "WxH", "1280x800");
+    QCommandLineOption crs("crs",
+                           "The map's coordinate system (EPSG code, WKT or PROJ); it must be geographic "
+                           "or projected.",
+                           "definition");
     parser.addOptions({screenshot, size, crs});
     parser.process(app);
 
-    HXViewerWindow window;
-    if (parser.isSet(crs)) window.setCoordinateSystem(parser.value(crs));
-    if (parser.isSet(screenshot)) {
-        const QSize wanted = parseSize(parser.value(size));
-        window.resize(wanted.isValid() ? wanted : QSize(1280, 800));
-        return takeScreenshot(window, parser.value(screenshot), parser.positionalArguments());
+    const QSize wanted = parseSize(parser.value(size));
+    if (!wanted.isValid()) {
+        return fail(QString("--size '%1': expected WxH with each side %2 to %3 pixels")
+                        .arg(parser.value(size))
+                        .arg(kMinSide)
+                        .arg(kMaxSide));
     }
-    window.show();
-    window.openFiles(parser.positionalArguments());
+    HXViewerWindow window;
+    QString error;
+    if (parser.isSet(crs) && !window.setCoordinateSystem(parser.value(crs), &error)) {
+        return fail(QString("--crs: %1").arg(error));
+    }
+    if (parser.isSet(screenshot) || parser.isSet(size)) window.resize(wanted);
+    if (parser.isSet(screenshot))
+        return takeScreenshot(window, parser.value(screenshot), parser.positionalArguments());
+    window.showAndOpen(parser.positionalArguments());
     return app.exec();
 }

@@ -5,11 +5,11 @@
 #include <QLocale>
 #include <QSettings>
 #include <QSignalBlocker>
-#include <cmath>
-#include <limits>
+#include <cstdlib>
 
 #include "HXApplication.h"
 #include "HXGis.h"
+#include "private/HXScaleText.h"
 
 namespace {
 
@@ -25,10 +25,6 @@ QString configuredScales() {
 // The denominator after the ':' of a "1:n" text as a plain C-locale integer; 0 when it is not one.
 int plainDenominator(const QString& text) {
     return text.section(QLatin1Char(':'), 1, 1).toInt(nullptr, 10);
-}
-
-bool fitsInt64(double value) {
-    return std::isfinite(value) && std::fabs(value) < static_cast<double>(std::numeric_limits<qint64>::max());
 }
 
 }  // namespace
@@ -86,37 +82,11 @@ void HXScaleComboBox::showPopup() {
 }
 
 QString HXScaleComboBox::toString(double scale) {
-    if (scale == 0.0) return QStringLiteral("0");
-    const bool reduction = scale <= 1.0;
-    const double value = reduction ? 1.0 / scale : scale;
-    // Not a number or beyond a 64-bit denominator: no text, so no such scale can be applied.
-    if (!fitsInt64(value)) return QString();
-    const qint64 rounded = qRound64(value);
-    if (rounded < 0) return QString();
-    const QString number = QLocale().toString(rounded);
-    return reduction ? QStringLiteral("1:%1").arg(number) : QStringLiteral("%1:1").arg(number);
+    return HXScaleText::toString(scale);
 }
 
 double HXScaleComboBox::toDouble(const QString& scaleString, bool* returnOk) {
-    bool ok = false;
-    double scale = HXGis::permissiveToDouble(scaleString, ok);
-    if (!ok) {
-        const QStringList parts = scaleString.split(QLatin1Char(':'), Qt::KeepEmptyParts);
-        if (parts.size() == 2) {
-            bool numeratorOk = false;
-            bool denominatorOk = false;
-            const int numerator = HXGis::permissiveToInt(parts.at(0), numeratorOk);
-            const int denominator = HXGis::permissiveToInt(parts.at(1), denominatorOk);
-            if (numeratorOk && denominatorOk) {
-                ok = true;
-                scale = static_cast<double>(numerator) / static_cast<double>(denominator);
-            }
-        }
-    }
-    // "inf", "nan" and "1:0" are numbers to the parser but no scale.
-    ok = ok && std::isfinite(scale);
-    if (returnOk) *returnOk = ok;
-    return scale;
+    return HXScaleText::toDouble(scaleString, returnOk);
 }
 
 void HXScaleComboBox::updateScales(const QStringList& scales) {
@@ -151,11 +121,8 @@ void HXScaleComboBox::setMinScale(double scale) {
 }
 
 void HXScaleComboBox::fixupScale() {
-    const bool typedAsNumber = currentText().split(QLatin1Char(':')).size() != 2;
     bool ok = false;
-    double newScale = toDouble(currentText(), &ok);
-    // A plain number of at least 1 is a denominator (50000 means 1:50 000); below 1 it is a ratio.
-    if (ok && typedAsNumber && newScale >= 1.0) newScale = 1.0 / newScale;
+    const double newScale = HXScaleText::fromTyped(currentText(), &ok);
     // Unreadable text, or a number too large to show as a scale, reverts to the current scale.
     if (!ok || !setScaleString(toString(newScale))) setScaleString(toString(mScale));
 }

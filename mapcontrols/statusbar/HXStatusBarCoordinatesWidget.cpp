@@ -18,6 +18,7 @@
 #include "HOMapView.h"
 #include "HOUnitConversion.h"
 #include "HXMapCanvas.h"
+#include "private/HXCoordinateText.h"
 
 using namespace HXObjects;
 
@@ -25,7 +26,6 @@ namespace {
 
 const char* const kCoordsIcon = ":/icon/res/main/cor.png";
 const char* const kExtentsIcon = ":/icon/res/main/extents.png";
-const char* const kSeparator = " , ";
 
 // A display unit the widget knows: its label and, for lengths, metres per unit (0 for angles).
 struct DisplayUnit {
@@ -59,14 +59,6 @@ QString unitLabel(const DisplayUnit& unit) {
     return QCoreApplication::translate("HXStatusBarCoordinatesWidget", unit.label);
 }
 
-QString number(double value) {
-    return QString::number(value, 'f', 3);
-}
-
-QString pairText(double first, double second) {
-    return number(first) + kSeparator + number(second);
-}
-
 // The 6-degree zone of a longitude. The integer conversion truncates toward zero, so longitudes
 // between -12 and -6 fall in zone 0 (central meridian -3) too, not in zone -1.
 int sixDegreeZone(double lon) {
@@ -98,21 +90,22 @@ PositionText formatInUnit(int unit, const QPointF& raw, const std::function<QPoi
     if (!known) return {};
     switch (unit) {
         case HOUnitUnknown:
-            return {pairText(raw.x(), raw.y()), unitLabel(*known)};
+            return {HXCoordinateText::pair(raw.x(), raw.y()), unitLabel(*known)};
         case HOUnitDegree:
         case HOUnitDecimalDegree:
-            return {pairText(degrees.x(), degrees.y()), unitLabel(*known)};
+            return {HXCoordinateText::pair(degrees.x(), degrees.y()), unitLabel(*known)};
         case HOUnitDegreeMinuteSecond:
-            return {pairText(HOUnitConversion::DegreeToDms(degrees.x()),
-                             HOUnitConversion::DegreeToDms(degrees.y())),
+            return {HXCoordinateText::pair(HOUnitConversion::DegreeToDms(degrees.x()),
+                                           HOUnitConversion::DegreeToDms(degrees.y())),
                     unitLabel(*known)};
         case HOUnitDegreeDecimalMinute:
-            return {pairText(HOUnitConversion::DegreeToDdm(degrees.x()),
-                             HOUnitConversion::DegreeToDdm(degrees.y())),
+            return {HXCoordinateText::pair(HOUnitConversion::DegreeToDdm(degrees.x()),
+                                           HOUnitConversion::DegreeToDdm(degrees.y())),
                     unitLabel(*known)};
         default: {
             const QPointF m = metres();
-            return {pairText(m.x() / known->metresPerUnit, m.y() / known->metresPerUnit), unitLabel(*known)};
+            return {HXCoordinateText::pair(m.x() / known->metresPerUnit, m.y() / known->metresPerUnit),
+                    unitLabel(*known)};
         }
     }
 }
@@ -133,7 +126,7 @@ PositionText formatPosition(const QPointF& p, HOMap* map) {
         const auto metres = [x, y] { return gaussKrugerPosition(x, y); };
         return formatInUnit(unit, p, metres, p);
     }
-    return {pairText(x, y), unitLabel(*findDisplayUnit(HOUnitUnknown))};
+    return {HXCoordinateText::pair(x, y), unitLabel(*findDisplayUnit(HOUnitUnknown))};
 }
 
 }  // namespace
@@ -234,19 +227,9 @@ void HXStatusBarCoordinatesWidget::extentsViewToggled(bool theFlag) {
 
 void HXStatusBarCoordinatesWidget::validateCoordinates() {
     if (!mMapCanvas) return;
-    const QString text = mLineEdit->text().replace(QRegExp(QStringLiteral(" {2,}")), QStringLiteral(" "));
-    bool xOk = false;
-    bool yOk = false;
     double x = 0.0;
     double y = 0.0;
-    const auto parsePair = [&](QChar separator) {
-        const QStringList parts = text.split(separator, Qt::KeepEmptyParts);
-        if (parts.size() != 2) return false;
-        x = parts.at(0).toDouble(&xOk);
-        y = parts.at(1).toDouble(&yOk);
-        return xOk && yOk;
-    };
-    if (!parsePair(QLatin1Char(',')) && !parsePair(QLatin1Char(' '))) return;
+    if (!HXCoordinateText::parse(mLineEdit->text(), &x, &y)) return;
     mMapCanvas->setCenter(HOPoint(x, y));
     mMapCanvas->refresh();
 }
@@ -268,8 +251,10 @@ void HXStatusBarCoordinatesWidget::showExtent() {
     }
     mLabelUnit->setText(label);
 
-    const QString text = number(extent.minx) + QLatin1Char(',') + number(extent.miny) +
-                         QStringLiteral(" ; ") + number(extent.maxx) + QLatin1Char(',') + number(extent.maxy);
+    const QString text = HXCoordinateText::number(extent.minx) + QLatin1Char(',') +
+                         HXCoordinateText::number(extent.miny) + QStringLiteral(" ; ") +
+                         HXCoordinateText::number(extent.maxx) + QLatin1Char(',') +
+                         HXCoordinateText::number(extent.maxy);
     mLineEdit->setText(text);
     mLineEdit->setToolTip(text);
 }

@@ -1,17 +1,21 @@
 // The reference viewer on the generated sample region: what a person sees, and how it reports files
 // it cannot open.
+#include <QLineEdit>
+#include <QProcess>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTextEdit>
+#include <QtTest>
+
 #include "HOFeatureLayer.h"
 #include "HOMap.h"
 #include "HOMapView.h"
+#include "HXApplication.h"
+#include "HXCommandDock.h"
 #include "HXMapCanvas.h"
 #include "HXMapWidget.h"
 #include "HXMessageBar.h"
 #include "HXViewerWindow.h"
-
-#include <QProcess>
-#include <QStatusBar>
-#include <QTextEdit>
-#include <QtTest>
 
 using namespace HXObjects;
 
@@ -46,6 +50,12 @@ private slots:
     void unreadableFilesAreReportedAndLayersKept();
     void screenshotProgramWritesThePicture();
     void screenshotProgramFailsOnAMissingFile();
+    void badOptionsAreRefused_data();
+    void badOptionsAreRefused();
+    void opensAtThreeQuartersOfTheScreenThenAtTheSavedSize();
+    void homeShowsTheFullExtentWhileTheCommandLineHasFocus();
+    void firstRenderIsAtTheFinalSize();
+    void waitEndsAtOnceForAPictureFinishedBefore();
 
 private:
     std::unique_ptr<HXViewerWindow> openSample();
@@ -58,8 +68,7 @@ void TestViewer::initTestCase() {
 std::unique_ptr<HXViewerWindow> TestViewer::openSample() {
     auto window = std::make_unique<HXViewerWindow>();
     window->resize(1100, 750);
-    window->show();
-    if (window->openFiles({samplePath("region.gpkg")}) != 0) return nullptr;
+    if (window->showAndOpen({samplePath("region.gpkg")}) != 0) return nullptr;
     if (!window->waitForRender(120000)) return nullptr;
     return window;
 }
@@ -154,6 +163,95 @@ void TestViewer::screenshotProgramFailsOnAMissingFile() {
     QVERIFY(viewer.waitForFinished(180000));
     QVERIFY(viewer.exitCode() != 0);
     QVERIFY(QString::fromUtf8(viewer.readAllStandardError()).contains("cannot open"));
+}
+
+void TestViewer::badOptionsAreRefused_data() {
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("size 0x0") << QStringList{"--size", "0x0"} << "--size '0x0'";
+    QTest::newRow("size 1x1") << QStringList{"--size", "1x1"} << "--size '1x1'";
+    QTest::newRow("size too tall") << QStringList{"--size", "800x16385"} << "--size '800x16385'";
+    QTest::newRow("size 100000x100000") << QStringList{"--size", "100000x100000"} << "--size '100000x100000'";
+    QTest::newRow("size not WxH") << QStringList{"--size", "wide"} << "--size 'wide'";
+    QTest::newRow("crs unreadable") << QStringList{"--crs", "EPSG:nonsense"} << "cannot read 'EPSG:nonsense'";
+    QTest::newRow("crs geocentric") << QStringList{"--crs", "EPSG:4978"}
+                                    << "neither geographic nor projected";
+    QTest::newRow("crs vertical") << QStringList{"--crs", "EPSG:5773"} << "neither geographic nor projected";
+}
+
+void TestViewer::badOptionsAreRefused() {
+    QFETCH(QStringList, options);
+    QFETCH(QString, reason);
+    QTemporaryDir dir;
+    const QString out = dir.filePath("x.png");
+    QProcess viewer;
+    viewer.start(HX_VIEWER_BIN,
+                 QStringList{"--screenshot", out} + options + QStringList{samplePath("region.gpkg")});
+    QVERIFY2(viewer.waitForFinished(60000), "the viewer did not exit within 60 s");
+    QCOMPARE(viewer.exitCode(), 2);
+    const QString error = QString::fromUtf8(viewer.readAllStandardError());
+    QVERIFY2(error.contains(reason), qPrintable(error));
+    QVERIFY(!QFile::exists(out));
+}
+
+void TestViewer::opensAtThreeQuartersOfTheScreenThenAtTheSavedSize() {
+    QFile::remove(HXApplication::hxgisSettingsFilePath());
+    const QSize screen = QGuiApplication::primaryScreen()->availableGeometry().size();
+    const QSize chosen = screen * 2 / 3;
+    {
+        HXViewerWindow first;
+        QCOMPARE(first.size(), screen * 3 / 4);
+        first.show();
+        first.resize(chosen);
+        QTRY_COMPARE_WITH_TIMEOUT(first.size(), chosen, 5000);
+        first.close();
+    }
+    HXViewerWindow second;
+    QCOMPARE(second.size(), chosen);
+    QFile::remove(HXApplication::hxgisSettingsFilePath());
+}
+
+void TestViewer::homeShowsTheFullExtentWhileTheCommandLineHasFocus() {
+    auto window = openSample();
+    QVERIFY(window);
+    const HORect full = window->canvas()->extent();
+    window->canvas()->zoomIn();
+    QVERIFY(window->canvas()->extent().Width() < full.Width() * 0.9);
+
+    QVERIFY(QTest::qWaitForWindowActive(window.get(), 5000));
+    auto* command = window->commandDock()->findChild<QLineEdit*>();
+    command->setFocus();
+    QTRY_VERIFY_WITH_TIMEOUT(command->hasFocus(), 5000);
+    QTest::keyClicks(command, "pan");
+    QTest::keyClick(command, Qt::Key_Home);
+    QCOMPARE(window->canvas()->extent().Width(), full.Width());
+    QCOMPARE(window->canvas()->extent().Height(), full.Height());
+    QCOMPARE(command->text(), QString("pan"));  // typing is left alone
+}
+
+// The message bar takes its room before the first render: the view is asked for a picture at the
+// drawing widget's final size, with nothing left to lay out.
+void TestViewer::firstRenderIsAtTheFinalSize() {
+    HXViewerWindow window;
+    window.resize(900, 600);
+    QCOMPARE(window.showAndOpen({samplePath("region.gpkg")}), 0);
+    auto* widget = window.canvas()->findChild<HXMapWidget*>();
+    const QSize shown = widget->size();
+    const HOSize asked = window.canvas()->GetMapView()->GetScreenDisplay()->GetDeviceSize();
+    QCOMPARE(QSize(asked.width, asked.height), shown);
+    QVERIFY(window.messageBar()->isVisible());
+    QVERIFY2(window.waitForRender(120000), "no finished map within 120 s");
+    QCOMPARE(widget->size(), shown);
+}
+
+// A render that finished before the wait began is the picture; nothing else will come to end the
+// wait (the message bar has nothing left to show or hide).
+void TestViewer::waitEndsAtOnceForAPictureFinishedBefore() {
+    auto window = openSample();
+    QVERIFY(window);
+    window->messageBar()->clearWidgets();
+    QVERIFY2(window->waitForRender(120000), "no finished map within 120 s after the message bar went");
+    QVERIFY2(window->waitForRender(2000), "waited for a picture that was already there");
 }
 
 QTEST_MAIN(TestViewer)

@@ -154,6 +154,8 @@ private slots:
         QTest::newRow("missing second number") << "12.5," << false;
         QTest::newRow("decimal comma") << "12,5 40" << false;
         QTest::newRow("empty") << "" << false;
+        QTest::newRow("not finite") << "inf,40" << false;
+        QTest::newRow("not a number") << "12.5 nan" << false;
     }
 
     void typedCoordinates() {
