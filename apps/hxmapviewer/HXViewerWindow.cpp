@@ -52,7 +52,7 @@ HORefPtr<HOCoordinateSystem> readMapCoordinateSystem(const QString& definition, 
         *error = QCoreApplication::translate("HXViewerWindow", "cannot read '%1'").arg(definition);
         return nullptr;
     }
-    if (!system->IsGeographic() && !system->IsProjected()) {
+    if (!system->CanDrawMap()) {
         *error = QCoreApplication::translate("HXViewerWindow", "'%1' is neither geographic nor projected")
                      .arg(definition);
         return nullptr;

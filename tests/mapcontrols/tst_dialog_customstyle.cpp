@@ -18,7 +18,7 @@
 #include "HXCustomRenderDialog.h"
 #include "HXDialogTesting.h"
 #include "HXMapCanvas.h"
-#include "HXModalDriver.h"
+#include "HXModalAnswer.h"
 #include "HXStylePickerDialog.h"
 
 using namespace HXObjects;
@@ -127,7 +127,7 @@ bool hasColor(const QPixmap& pixmap, const QColor& color) {
 
 // Picks row `row` of the picker opened by the button and presses OK (or Cancel for row -1).
 void pickStyle(QDialog* dialog, const QString& kind, int row) {
-    HXModalDriver<HXStylePickerDialog> picker([row](HXStylePickerDialog* d) {
+    HXModalAnswer<HXStylePickerDialog> picker([row](HXStylePickerDialog* d) {
         auto* list = d->findChild<QListWidget*>("mSymbolList");
         if (row >= 0)
             QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
@@ -137,7 +137,7 @@ void pickStyle(QDialog* dialog, const QString& kind, int row) {
                           Qt::LeftButton);
     });
     QTest::mouseClick(child<QPushButton>(dialog, "pushButton_" + kind), Qt::LeftButton);
-    QVERIFY2(picker.done(), "the style picker did not open");
+    QVERIFY2(picker.answered, "the style picker did not open");
 }
 
 }  // namespace
@@ -256,9 +256,9 @@ private slots:
     void noSelectionNoDialog() {
         Scene scene;
         scene.presetStyles("lines:1=red");
-        HXModalDriver<QDialog> guard([](QDialog* dialog) { dialog->reject(); }, 300);
+        HXModalAnswer<QDialog> guard([](QDialog* dialog) { dialog->reject(); }, 300);
         scene.canvas.CustomStyle();
-        QVERIFY2(!guard.done(), "a dialog opened without a selection");
+        QVERIFY2(!guard.answered, "a dialog opened without a selection");
         QCOMPARE(scene.customStyles(), QString("lines:1=#ff0000"));
     }
 
@@ -326,7 +326,7 @@ private slots:
         Scene scene;
         scene.select(selection);
         scene.presetStyles(presets);
-        HXModalDriver<HXCustomRenderDialog> driver([&](HXCustomRenderDialog* dialog) {
+        HXModalAnswer<HXCustomRenderDialog> driver([&](HXCustomRenderDialog* dialog) {
             auto* buttons = child<QDialogButtonBox>(dialog, "buttonBox");
             for (const QString& step : steps.split("; ")) {
                 const QStringList words = step.split(' ');
@@ -350,7 +350,7 @@ private slots:
             }
         });
         scene.canvas.CustomStyle();
-        QVERIFY2(driver.done(), "the custom style dialog did not open");
+        QVERIFY2(driver.answered, "the custom style dialog did not open");
         QCOMPARE(scene.customStyles(), styles);
         QCOMPARE(scene.view->calls.join("; "), redraws);
     }
@@ -359,13 +359,13 @@ private slots:
         Scene scene;
         scene.select("points:1 lines:1 polysA:1");
         scene.presetStyles("lines:1=green polysA:1=blue");
-        HXModalDriver<HXCustomRenderDialog> driver([&](HXCustomRenderDialog* dialog) {
+        HXModalAnswer<HXCustomRenderDialog> driver([&](HXCustomRenderDialog* dialog) {
             pickStyle(dialog, "point", 11);
             saveScreenshot(dialog, "customstyle");
             dialog->reject();
         });
         scene.canvas.CustomStyle();
-        QVERIFY(driver.done());
+        QVERIFY(driver.answered);
     }
 };
 

@@ -22,7 +22,7 @@
 #include "HXColorBtn.h"
 #include "HXDialogTesting.h"
 #include "HXMapCanvas.h"
-#include "HXModalDriver.h"
+#include "HXModalAnswer.h"
 #include "HxRulerAndGridSettingsDialog.h"
 
 using namespace HXObjects;
@@ -478,7 +478,7 @@ private slots:
         grid->set_km_grid_ruler_label_font_width(10);
         grid->set_bl_grid_color(HOColor(10, 20, 30, 128));
 
-        HXModalDriver<HxRulerAndGridSettingsDialog> driver(
+        HXModalAnswer<HxRulerAndGridSettingsDialog> driver(
             [&](HxRulerAndGridSettingsDialog* dialog) {
                 QTest::mouseClick(child<QCheckBox>(dialog, "mCheckBoxDrawBLGrid"), Qt::LeftButton, {},
                                   QPoint(5, 5));
@@ -495,7 +495,7 @@ private slots:
             },
             dialogShown ? 10000 : 300);
         canvas.SetMapGridAndRuler();
-        QCOMPARE(driver.done(), dialogShown);
+        QCOMPARE(driver.answered, dialogShown);
         const bool written = ok && dialogShown;
         QCOMPARE(view->calls.join("; "), QString(written ? "RequestRedraw 0" : ""));
         QCOMPARE(grid->get_draw_bl_grid(), written);

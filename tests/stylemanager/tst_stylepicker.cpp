@@ -15,7 +15,7 @@
 
 #include "HXColorBtn.h"
 #include "HXDialogTesting.h"
-#include "HXModalDriver.h"
+#include "HXModalAnswer.h"
 #include "HXStyleLibrary.h"
 #include "HXStyleManager.h"
 #include "HXStylePickerDialog.h"
@@ -219,7 +219,7 @@ private slots:
         const QString libraryBefore =
             describe(HXStyleLibrary::instance().symbols(type)[std::size_t(row)].style.get());
 
-        HXModalDriver<HXStylePickerDialog> driver([&](HXStylePickerDialog* dialog) {
+        HXModalAnswer<HXStylePickerDialog> driver([&](HXStylePickerDialog* dialog) {
             auto* list = child<QListWidget>(dialog, "mSymbolList");
             list->scrollToItem(list->item(row));
             QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
@@ -230,12 +230,12 @@ private slots:
                 typeInto(child<QDoubleSpinBox>(dialog, "mOutlineWidthSpin"), outlineWidth);
             if (!opacity.isEmpty()) typeInto(child<QSpinBox>(dialog, "mOpacitySpin"), opacity);
             if (!color.isEmpty()) {
-                HXModalDriver<QColorDialog> colorDriver([&](QColorDialog* colors) {
+                HXModalAnswer<QColorDialog> colorDriver([&](QColorDialog* colors) {
                     colors->setCurrentColor(QColor(color));
                     colors->accept();
                 });
                 QTest::mouseClick(child<HXColorBtn>(dialog, "mColorButton"), Qt::LeftButton);
-                QVERIFY2(colorDriver.done(), "the colour dialog did not open");
+                QVERIFY2(colorDriver.answered, "the colour dialog did not open");
             }
             auto* buttons = child<QDialogButtonBox>(dialog, "mButtonBox");
             saveScreenshot(dialog, QString("stylepicker-%1").arg(type));
@@ -243,7 +243,7 @@ private slots:
                               Qt::LeftButton);
         });
         const HORefPtr<HOStyle> chosen(selectStyle(type));
-        QVERIFY2(driver.done(), "the picker did not open");
+        QVERIFY2(driver.answered, "the picker did not open");
         QCOMPARE(describe(chosen.get()), style);
         // The library's symbol is a template: editing the choice leaves it as it was.
         QCOMPARE(describe(HXStyleLibrary::instance().symbols(type)[std::size_t(row)].style.get()),
