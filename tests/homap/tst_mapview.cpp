@@ -279,6 +279,11 @@ private slots:
         QTest::newRow("a line is widened")
             << QList<HORect>{HORect(0, 10, 5, 5)} << -1 << HORect(0, 10, 0, 10);
         QTest::newRow("inverted is ignored") << QList<HORect>{HORect(2, 1, 0, 1)} << -1 << HORect();
+        // A layer without features (the empty rectangle) or with a broken extent takes no part.
+        QTest::newRow("an empty layer is ignored")
+            << QList<HORect>{HORect(), HORect(5, 6, 5, 6)} << -1 << HORect(5, 6, 5, 6);
+        QTest::newRow("a non-finite extent is ignored")
+            << QList<HORect>{HORect(5, 6, 5, 6), HORect(0, qInf(), 0, 1)} << -1 << HORect(5, 6, 5, 6);
     }
 
     void fullExtent() {
