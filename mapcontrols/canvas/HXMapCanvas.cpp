@@ -17,7 +17,9 @@
 #include "HXPanState.h"
 #include "HXScaleComboBox.h"
 #include "HXStatusBarCoordinatesWidget.h"
+#include "HXStatusBarInputGuard.h"
 #include "HXStatusBarScaleWidget.h"
+#include "private/HXViewBindings.h"
 
 using namespace HXObjects;
 
@@ -33,7 +35,11 @@ void IgnoreSize(QWidget* widget) {
 }  // namespace
 
 HXMapCanvas::HXMapCanvas(ViewMode mode, QWidget* parent)
-    : QWidget(parent), HOToolBuddy(), mViewMode(mode), mPanState(new HXPanState()) {
+    : QWidget(parent),
+      HOToolBuddy(),
+      mViewMode(mode),
+      mPanState(new HXPanState()),
+      mBindings(std::make_unique<HXViewBindings>()) {
     setFocusPolicy(Qt::WheelFocus);
 
     mMapWidget = new HXMapWidget(this);
@@ -56,8 +62,8 @@ HXMapCanvas::HXMapCanvas(ViewMode mode, QWidget* parent)
     setAttribute(Qt::WA_MouseTracking, true);
 
     if (mPageLayoutView)
-        HOBindMember(mPageLayoutView->ActiveElementChangedSignal, this,
-                     &HXMapCanvas::pagelyoutViewChangeActiveCallback);
+        mBindings->bind(mPageLayoutView, mPageLayoutView->ActiveElementChangedSignal, this,
+                        &HXMapCanvas::pagelyoutViewChangeActiveCallback);
     HOBindMember(Request3DRefreshSignal, this, &HXMapCanvas::onRequest3DRefresh);
 
     const QString pluginDirectory = QCoreApplication::applicationDirPath() + "/plugins";
@@ -73,13 +79,14 @@ HXMapCanvas::HXMapCanvas(ViewMode mode, QWidget* parent)
 
     SetToolBuddy(this);
 
-    if (mMapView) HOBindMember(mMapView->BoundChangedSignal, this, &HXMapCanvas::viewBoundChangedCallback);
+    if (mMapView)
+        mBindings->bind(mMapView, mMapView->BoundChangedSignal, this, &HXMapCanvas::viewBoundChangedCallback);
     HOView* drawn = nullptr;
     if (mode == MapViewMode) drawn = mMapView;
     if (mode == PageLayoutMode) drawn = mPageLayoutView;
     if (drawn) {
-        HOBindMember(drawn->RedrawSignal, mMapWidget, &HXMapWidget::onViewRedraw);
-        HOBindMember(drawn->ScaleChangedSignal, this, &HXMapCanvas::scaleChangedCallback);
+        mBindings->bind(drawn, drawn->RedrawSignal, mMapWidget, &HXMapWidget::onViewRedraw);
+        mBindings->bind(drawn, drawn->ScaleChangedSignal, this, &HXMapCanvas::scaleChangedCallback);
     }
 
     connect(this, SIGNAL(signal_updateScale()), this, SLOT(updateScale()));
@@ -93,6 +100,7 @@ void HXMapCanvas::buildStatusBar() {
     mStatusBar->setCursor(Qt::ArrowCursor);
     mStatusBar->setStyleSheet(kStatusBarStyleSheet);
     mStatusBar->setFont(font);
+    mStatusBar->installEventFilter(new HXStatusBarInputGuard(mStatusBar));
 
     mCoordsWidget = new HXStatusBarCoordinatesWidget(mStatusBar);
     mCoordsWidget->setObjectName("mCoordsEdit");
@@ -137,19 +145,27 @@ HXMapCanvas::~HXMapCanvas() {
     if (mMapView) {
         HOUnbindMember(mMapView->BoundChangedSignal, this, &HXMapCanvas::viewBoundChangedCallback);
         mMapView->StopRender(true);
-        HOUnbindMember(mMapView->RedrawSignal, mMapWidget, &HXMapWidget::onViewRedraw);
-        HOUnbindMember(mMapView->ScaleChangedSignal, this, &HXMapCanvas::scaleChangedCallback);
+        unbindAll(mMapView);
         mMapView.reset();
     }
-    if (mPageLayoutView) {
-        HOUnbindMember(mPageLayoutView->RedrawSignal, mMapWidget, &HXMapWidget::onViewRedraw);
-        HOUnbindMember(mPageLayoutView->ActiveElementChangedSignal, this,
-                       &HXMapCanvas::pagelyoutViewChangeActiveCallback);
-        HOUnbindMember(mPageLayoutView->ScaleChangedSignal, this, &HXMapCanvas::scaleChangedCallback);
-    }
+    if (mPageLayoutView) unbindAll(mPageLayoutView);
     HOUnbindMember(Request3DRefreshSignal, this, &HXMapCanvas::onRequest3DRefresh);
+    // Views replaced on the way keep some callbacks (the first map view its scale and bound ones).
+    for (HOView* view : mBindings->boundViews()) unbindAll(view);
     HOMapViewManager::GetInstance()->removeGroup(mMapViewGroupId);
     delete mPanState;
+}
+
+void HXMapCanvas::unbindAll(HOView* view) {
+    HOUnbindMember(view->RedrawSignal, mMapWidget, &HXMapWidget::onViewRedraw);
+    HOUnbindMember(view->ScaleChangedSignal, this, &HXMapCanvas::scaleChangedCallback);
+    if (auto* map = dynamic_cast<HOMapView*>(view))
+        HOUnbindMember(map->BoundChangedSignal, this, &HXMapCanvas::viewBoundChangedCallback);
+    if (auto* layout = dynamic_cast<HOPageLayoutView*>(view))
+        HOUnbindMember(layout->ActiveElementChangedSignal, this,
+                       &HXMapCanvas::pagelyoutViewChangeActiveCallback);
+    // A view that outlives the canvas must not tell it of its scale.
+    if (view->GetToolBuddy() == this) view->SetToolBuddy(nullptr);
 }
 
 HOMapView* HXMapCanvas::GetMapView() const {
@@ -165,10 +181,18 @@ void HXMapCanvas::SetMapView(HOMapView* view) {
     // A null view only cuts the drawing; the old view and its other bindings stay.
     if (!view) return;
     if (GetMapView()) view->SetSize(HOSize(width(), height()));
+    // The replaced view's scale changes no longer concern this canvas (nor, should the view outlive
+    // it, a dead one).
+    if (mViewMode == MapViewMode && mMapView && mMapView != view && mMapView->GetToolBuddy() == this)
+        mMapView->SetToolBuddy(nullptr);
     mMapView = view;
+    if (mToolBuddy) view->SetToolBuddy(mToolBuddy);
     HOMapViewManager::GetInstance()->activate(view);
-    if (mViewMode == MapViewMode)
-        HOBindMember(GetMapView()->RedrawSignal, mMapWidget, &HXMapWidget::onViewRedraw);
+    if (mViewMode == MapViewMode) {
+        mBindings->bind(view, view->RedrawSignal, mMapWidget, &HXMapWidget::onViewRedraw);
+        // The new view draws at the canvas's magnification too.
+        view->SetMagnification(magnificationFactor());
+    }
 }
 
 HOPageLayoutView* HXMapCanvas::GetPageLayoutView() {
@@ -179,9 +203,9 @@ void HXMapCanvas::SetPageLayoutView(HOPageLayoutView* view) {
     mPageLayoutView = view;
     // Outside the contract; without a layout there is nothing to bind.
     if (!mPageLayoutView) return;
-    HOBindMember(mPageLayoutView->RedrawSignal, mMapWidget, &HXMapWidget::onViewRedraw);
-    HOBindMember(mPageLayoutView->ActiveElementChangedSignal, this,
-                 &HXMapCanvas::pagelyoutViewChangeActiveCallback);
+    mBindings->bind(view, view->RedrawSignal, mMapWidget, &HXMapWidget::onViewRedraw);
+    mBindings->bind(view, view->ActiveElementChangedSignal, this,
+                    &HXMapCanvas::pagelyoutViewChangeActiveCallback);
 }
 
 void HXMapCanvas::SetToolBuddy(HOToolBuddy* buddy) {

@@ -5,19 +5,24 @@
 // and a render toggle, and is the object model's tool buddy. The view mode is fixed at construction.
 //
 // Ownership: child widgets through the widget tree; one reference on each stored view; tools, the
-// command control and the tool buddy are borrowed.
+// command control and the tool buddy are borrowed. The destructor unbinds every callback the canvas
+// bound to any view still alive, also those a replaced view keeps.
+//
+// Input that belongs to the status bar (clicks on its labels, keys typed into its boxes) stays
+// there: it never reaches the view or the current tool.
 //
 // The members are defined in the folder of the subsystem they belong to: canvas/ (views, rendering,
 // navigation), interaction/ (tools, input, notices, file prompts, context menu), dialogs/.
-#include "HOPageLayoutView.h"
+#include <QPointF>
+#include <QWidget>
+#include <memory>
+
 #include "HOMapView.h"
+#include "HOPageLayoutView.h"
 #include "HORefPtr.h"
 #include "HOToolBuddy.h"
 #include "HXMapControlsExport.h"
 #include "HXMapSettings.h"
-
-#include <QPointF>
-#include <QWidget>
 
 class QAction;
 class QContextMenuEvent;
@@ -28,6 +33,7 @@ class HXMapWidget;
 class HXStatusBarCoordinatesWidget;
 class HXStatusBarScaleWidget;
 class HXTooltip;
+class HXViewBindings;
 struct HXPanState;
 
 namespace HXObjects {
@@ -201,6 +207,8 @@ private:
     void buildStatusBar();
     // The view navigation acts on: the map view in map-view mode, the layout in page-layout mode.
     HXObjects::HOView* navigatedView() const;
+    // Removes every callback the canvas may have bound to the view, and itself as its tool buddy.
+    void unbindAll(HXObjects::HOView* view);
 
     // Tool-host and input state (interaction/).
     bool mIsBrowseTool = false;
@@ -236,4 +244,5 @@ private:
     HXObjects::HOToolBuddy* mToolBuddy = nullptr;
     bool mDocStateChanged = false;
     HXObjects::HOLayer* mCurrentLayer = nullptr;
+    std::unique_ptr<HXViewBindings> mBindings;
 };

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "HXMapCanvas.h"
+#include "HXStatusBarCoordinatesWidget.h"
 #include "HXStatusBarScaleWidget.h"
 
 using namespace HXObjects;
@@ -21,6 +22,18 @@ const double kMagnificationTolerance = 0.01;
 // binary) meet the tolerance exactly.
 double MagnificationChange(double to, double from) {
     return std::round((to - from) * 1e9) / 1e9;
+}
+
+bool IsFinite(const HOPoint& p) {
+    return std::isfinite(p.x) && std::isfinite(p.y);
+}
+
+bool IsUsable(const HORect& r) {
+    return r.IsFinite() && !r.IsEmpty();
+}
+
+bool IsUsableFactor(double factor) {
+    return std::isfinite(factor) && factor > 0.0;
 }
 
 }  // namespace
@@ -50,17 +63,21 @@ HORect HXMapCanvas::extent() {
 
 void HXMapCanvas::setCenter(const HOPoint& p) {
     HOView* view = navigatedView();
-    if (!view) return;
+    if (!view || !IsFinite(p)) return;
     const HORect current = view->GetExtent();
     // An empty extent has no size to keep (and would recentre again through setExtent for ever).
     if (current.IsEmpty()) return;
     const double halfWidth = current.Width() / 2.0;
     const double halfHeight = current.Height() / 2.0;
+    const HORect recentred(p.x - halfWidth, p.x + halfWidth, p.y - halfHeight, p.y + halfHeight);
+    // Far out (1e308) the extent's size is lost in rounding; such a rectangle would recentre for ever.
+    if (!IsUsable(recentred)) return;
     // The view's extent is the one shown, so it goes in as magnified.
-    setExtent(HORect(p.x - halfWidth, p.x + halfWidth, p.y - halfHeight, p.y + halfHeight), true);
+    setExtent(recentred, true);
 }
 
 void HXMapCanvas::setExtent(const HORect& rect, bool magnified) {
+    if (!rect.IsFinite()) return;
     if (rect == extent() && !magnified) return;
     if (rect.IsEmpty()) {
         if (!mMapSettings.hasValidSettings()) return;
@@ -73,6 +90,7 @@ void HXMapCanvas::setExtent(const HORect& rect, bool magnified) {
 }
 
 void HXMapCanvas::zoomByFactor(double factor, const HOPoint* center) {
+    if (!IsUsableFactor(factor) || (center && !IsFinite(*center))) return;
     if (mScaleLocked) {
         setMagnificationFactor(magnificationFactor() / factor);
         return;
@@ -90,7 +108,7 @@ void HXMapCanvas::zoomScale(double target) {
     if (!view) return;
     const double ratio = target / view->GetScale();
     // A zero scale (the view's or the target) has no ratio to zoom by.
-    if (!std::isfinite(ratio) || ratio <= 0.0) return;
+    if (!IsUsableFactor(ratio)) return;
     if (mScaleLocked)
         setMagnificationFactor(magnificationFactor() / ratio);
     else
@@ -117,6 +135,7 @@ void HXMapCanvas::setMagnificationFactor(double factor) {
     // Lopsided on purpose: a decrease of exactly a hundredth is applied, an increase is not.
     if (change > -kMagnificationTolerance && change <= kMagnificationTolerance) return;
     mMapSettings.setMagnificationFactor(m);
+    if (auto* view = dynamic_cast<HOViewportView*>(navigatedView())) view->SetMagnification(m);
     refresh();
     emit magnificationChanged(m);
 }
@@ -140,6 +159,7 @@ void HXMapCanvas::updateScale() {
     const double s = view->GetScale();
     if (s == 0.0) return;
     mScaleWidget->setScale(1.0 / s);
+    if (mCoordsWidget) mCoordsWidget->showMapUnit();
     emit extentsChanged();
 }
 

@@ -110,7 +110,8 @@ void ApplyKeyBinding(HXMapCanvas* canvas, QKeyEvent* e, bool viewUsedKey) {
 
 void HXMapCanvas::mousePressEvent(QMouseEvent* e) {
     if (e->button() == Qt::MiddleButton) {
-        QApplication::setOverrideCursor(Qt::ClosedHandCursor);
+        // One cursor per drag: the application's cursor stack gets back exactly what it was given.
+        if (!mPanState->overrideCursor) QApplication::setOverrideCursor(Qt::ClosedHandCursor);
         mPanState->overrideCursor = true;
         mPanState->pressPos = mPanState->lastMousePos;
     }
@@ -173,7 +174,9 @@ void HXMapCanvas::mouseMoveEvent(QMouseEvent* e) {
 }
 
 void HXMapCanvas::mouseReleaseEvent(QMouseEvent* e) {
-    if (e->button() == Qt::MiddleButton) {
+    // A release without its press (the second release of a double click) has no cursor to restore:
+    // restoring anyway would take the host's own cursor.
+    if (e->button() == Qt::MiddleButton && mPanState->overrideCursor) {
         QApplication::restoreOverrideCursor();
         mPanState->overrideCursor = false;
     }

@@ -55,6 +55,7 @@ void HXMapCanvas::setMapTool(HOTool* tool) {
         return;
     }
     tool->SetToolBuddy(mToolBuddy);
+    tool->SetParameter(HOTool::kZoomFactorParameter, HOString(QString::number(mWheelFactor)));
     if (tool->IsOneShot()) {
         tool->Activate();
         tool->Deactivate();

@@ -110,23 +110,47 @@ PositionText formatInUnit(int unit, const QPointF& raw, const std::function<QPoi
     }
 }
 
+// How a map's positions are shown: converted from projected metres, from geographic degrees, or
+// raw (no coordinate system, or one in another unit).
+enum class PositionKind { Projected, Geographic, Raw };
+
+PositionKind positionKind(HOCoordinateSystem* cs) {
+    if (cs && cs->IsProjected() && cs->GetUnit() == HOUnitMeter) return PositionKind::Projected;
+    if (cs && !cs->IsProjected() && cs->IsGeographic() && cs->GetUnit() == HOUnitDegree)
+        return PositionKind::Geographic;
+    return PositionKind::Raw;
+}
+
 PositionText formatPosition(const QPointF& p, HOMap* map) {
     const int unit = map->GetMapDisplayUnit();
     const HORefPtr<HOCoordinateSystem> cs = map->GetSpatialReference();
     const double x = p.x();
     const double y = p.y();
-    if (cs && cs->IsProjected() && cs->GetUnit() == HOUnitMeter) {
-        double lon = 0.0;
-        double lat = 0.0;
-        cs->ToGeographic(x, y, &lon, &lat);
-        const auto metres = [p] { return p; };
-        return formatInUnit(unit, p, metres, QPointF(lon, lat));
-    }
-    if (cs && !cs->IsProjected() && cs->IsGeographic() && cs->GetUnit() == HOUnitDegree) {
-        const auto metres = [x, y] { return gaussKrugerPosition(x, y); };
-        return formatInUnit(unit, p, metres, p);
+    switch (positionKind(cs.get())) {
+        case PositionKind::Projected: {
+            double lon = 0.0;
+            double lat = 0.0;
+            cs->ToGeographic(x, y, &lon, &lat);
+            const auto metres = [p] { return p; };
+            return formatInUnit(unit, p, metres, QPointF(lon, lat));
+        }
+        case PositionKind::Geographic: {
+            const auto metres = [x, y] { return gaussKrugerPosition(x, y); };
+            return formatInUnit(unit, p, metres, p);
+        }
+        case PositionKind::Raw:
+            break;
     }
     return {HXCoordinateText::pair(x, y), unitLabel(*findDisplayUnit(HOUnitUnknown))};
+}
+
+// The label formatPosition gives the map's positions.
+QString mapUnitLabel(HOMap* map) {
+    const HORefPtr<HOCoordinateSystem> cs = map->GetSpatialReference();
+    const DisplayUnit* unit = positionKind(cs.get()) == PositionKind::Raw
+                                  ? findDisplayUnit(HOUnitUnknown)
+                                  : findDisplayUnit(map->GetMapDisplayUnit());
+    return unit ? unitLabel(*unit) : QString();
 }
 
 }  // namespace
@@ -181,17 +205,26 @@ void HXStatusBarCoordinatesWidget::setMapCanvas(HXMapCanvas* canvas) {
         disconnect(mMapCanvas, SIGNAL(xyCoordinates(const QPointF&, HXObjects::HOMap*)), this,
                    SLOT(showMouseCoordinates(const QPointF&, HXObjects::HOMap*)));
         disconnect(mMapCanvas, SIGNAL(extentsChanged()), this, SLOT(showExtent()));
+        disconnect(mMapCanvas, &HXMapCanvas::extentsChanged, this,
+                   &HXStatusBarCoordinatesWidget::showMapUnit);
     }
     mMapCanvas = canvas;
     if (!mMapCanvas) return;
     connect(mMapCanvas, SIGNAL(xyCoordinates(const QPointF&, HXObjects::HOMap*)), this,
             SLOT(showMouseCoordinates(const QPointF&, HXObjects::HOMap*)));
     connect(mMapCanvas, SIGNAL(extentsChanged()), this, SLOT(showExtent()));
+    connect(mMapCanvas, &HXMapCanvas::extentsChanged, this, &HXStatusBarCoordinatesWidget::showMapUnit);
 }
 
 void HXStatusBarCoordinatesWidget::setFont(const QFont& font) {
     mLineEdit->setFont(font);
     mLabelUnit->setFont(font);
+}
+
+void HXStatusBarCoordinatesWidget::showMapUnit() {
+    if (!mMapCanvas || mToggleExtentsViewButton->isChecked()) return;
+    HOMapView* view = mMapCanvas->GetMapView();
+    if (HOMap* map = view ? view->GetMap() : nullptr) mLabelUnit->setText(mapUnitLabel(map));
 }
 
 void HXStatusBarCoordinatesWidget::showMouseCoordinates(const QPointF& p, HOMap* curMap) {

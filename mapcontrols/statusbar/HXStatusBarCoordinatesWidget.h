@@ -28,6 +28,10 @@ public:
     void setMapCanvas(HXMapCanvas* canvas);
     // On the line edit and the unit label (not on the button).
     void setFont(const QFont& font);
+    // In mouse mode, labels the canvas's current map with its display unit, as the next mouse move
+    // over it will; called whenever the canvas's extent or scale changes, so that the unit shows
+    // before the mouse first moves. Without a map the label stays.
+    void showMapUnit();
 
     QLabel* mLabelUnit = nullptr;
     QLineEdit* mLineEdit = nullptr;

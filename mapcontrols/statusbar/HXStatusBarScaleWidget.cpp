@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
+#include <cmath>
 
 #include "HXMapCanvas.h"
 #include "HXScaleComboBox.h"
@@ -60,5 +61,9 @@ void HXStatusBarScaleWidget::updateScales() {
 }
 
 void HXStatusBarScaleWidget::userScale() {
-    if (mMapCanvas) mMapCanvas->zoomScale(1.0 / mScaleEdit->scale());
+    if (!mMapCanvas) return;
+    mMapCanvas->zoomScale(1.0 / mScaleEdit->scale());
+    // A scale the canvas did not take (0, or one beyond its zoom limits) gives way to the one shown.
+    const double shown = mMapCanvas->scale();
+    if (std::isfinite(shown) && shown > 0.0) setScale(1.0 / shown);
 }

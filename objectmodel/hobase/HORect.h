@@ -2,6 +2,8 @@
 // HORect: an extent held as minimum x, maximum x, minimum y, maximum y (the order of OGR's envelope).
 // A rectangle without positive width and height (the default one included) is empty; operations
 // that take an area read an empty rectangle as "everything".
+#include <cmath>
+
 #include "HOPoint.h"
 
 namespace HXObjects {
@@ -13,10 +15,15 @@ struct HORect {
     double maxy = 0.0;
 
     HORect() = default;
-    HORect(double minX, double maxX, double minY, double maxY) : minx(minX), maxx(maxX), miny(minY), maxy(maxY) {}
+    HORect(double minX, double maxX, double minY, double maxY)
+        : minx(minX), maxx(maxX), miny(minY), maxy(maxY) {}
 
     // False for NaN bounds too.
     bool IsEmpty() const { return !(maxx > minx && maxy > miny); }
+    // No bound is infinite or NaN.
+    bool IsFinite() const {
+        return std::isfinite(minx) && std::isfinite(maxx) && std::isfinite(miny) && std::isfinite(maxy);
+    }
     double Width() const { return maxx - minx; }
     double Height() const { return maxy - miny; }
     HOPoint Center() const { return {(minx + maxx) / 2.0, (miny + maxy) / 2.0}; }

@@ -130,9 +130,10 @@ HORect HOMap::GetFullExtent() const {
     std::optional<HORect> full;
     for (const auto& layer : layers) {
         if (!layer->IsVisible()) continue;
-        // A single point or a straight line has a flat extent; it still counts.
+        // A single point or a straight line has a flat extent; it still counts. A layer without
+        // features reports the empty rectangle (all zero) and does not.
         const HORect e = layer->GetExtentIn(system.get());
-        if (!(e.maxx >= e.minx && e.maxy >= e.miny) || !std::isfinite(e.Width() + e.Height())) continue;
+        if (e == HORect() || !(e.maxx >= e.minx && e.maxy >= e.miny) || !e.IsFinite()) continue;
         full = full ? HORect(std::min(full->minx, e.minx), std::max(full->maxx, e.maxx),
                              std::min(full->miny, e.miny), std::max(full->maxy, e.maxy))
                     : e;

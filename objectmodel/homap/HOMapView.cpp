@@ -1,6 +1,7 @@
 #include "HOMapView.h"
 
 #include <QPainter>
+#include <cmath>
 #include <cstring>
 #include <optional>
 
@@ -21,6 +22,14 @@
 #include "HOViewport.h"
 
 namespace HXObjects {
+
+namespace {
+constexpr double kEquatorMetres = 2.0 * M_PI * HOMapScale::kEarthRadius;
+constexpr double kMinMetresPerPixel = 0.001;
+constexpr double kMaxMetresPerPixel = kEquatorMetres / 8.0;
+constexpr double kMaxCentreMetres = 1.0e8;
+constexpr int kFullExtentMarginPixels = 8;
+}  // namespace
 
 class HOMapView::Private {
 public:
@@ -83,7 +92,9 @@ void HOMapView::Private::fitFullExtentIfNone() {
     }
     if (!shown) return;
     const HORect full = shown->GetFullExtent();
-    q->Navigate([&](HOViewport& v) { return !v.HasExtent() && v.Extent().IsEmpty() && v.Fit(full); });
+    q->Navigate([&](HOViewport& v) {
+        return !v.HasExtent() && v.Extent().IsEmpty() && v.Fit(full, kFullExtentMarginPixels);
+    });
 }
 
 void HOMapView::Private::compose(HOGraphics& surface) {
@@ -196,6 +207,15 @@ void HOMapView::OnExtentChanged() {
     BoundChangedSignal.fire(this, &event);
 }
 
+HOViewport::Limits HOMapView::NavigationLimits() const {
+    const double metresPerUnit = MetresPerUnit();
+    HOViewport::Limits limits;
+    limits.minUnitsPerPixel = kMinMetresPerPixel / metresPerUnit;
+    limits.maxUnitsPerPixel = kMaxMetresPerPixel / metresPerUnit;
+    limits.maxCentre = kMaxCentreMetres / metresPerUnit;
+    return limits;
+}
+
 void HOMapView::OnNavigated(int settleDelayMs) {
     d->requestRender(false, {}, settleDelayMs);
 }
@@ -251,10 +271,8 @@ void HOMapView::SetMap(HOMap* map) {
     d->renderer->ClearFrame();
     const HORect full = map ? map->GetFullExtent() : HORect();
     const bool moved = Navigate([&](HOViewport& v) {
-        HOViewport fresh;
-        fresh.SetSize(v.Size());
-        fresh.Fit(full);
-        v = fresh;
+        v.Clear();
+        v.Fit(full, kFullExtentMarginPixels);
         return true;
     });
     if (!moved) d->requestRender(false, {}, 0);
@@ -331,7 +349,9 @@ void HOMapView::RequestRedraw(bool all) {
 
 void HOMapView::ZoomToFullExtent() {
     HOMap* map = GetMap();
-    if (map) SetExtent(map->GetFullExtent());
+    if (!map) return;
+    const HORect full = map->GetFullExtent();
+    Navigate([&](HOViewport& v) { return v.Fit(full, kFullExtentMarginPixels); });
 }
 
 bool HOMapView::IsRendering() const {

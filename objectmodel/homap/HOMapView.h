@@ -5,14 +5,20 @@
 // a new render runs after a pan or zoom it shows the previous picture moved and scaled to the new
 // extent.
 //
+// Navigation stays where a person can still find the map: from a millimetre per pixel (about 1:4 on
+// a 96 dpi screen) out to the equator across eight pixels (about 5000 km per pixel), with the centre
+// no farther than 100 000 km from the origin along either axis (for a geographic map: 898 degrees),
+// whatever the map's unit. The full extent is shown with a margin of 8 pixels, so that features on
+// its boundary are drawn whole.
+//
 // Threads: navigation and input on the GUI thread; RedrawSignal, RenderFinishedSignal and Draw()
 // may run on the render thread. Created by HOMapViewManager::addView (reference-counted).
+#include <memory>
+
 #include "HOMapCache.h"
 #include "HORefPtr.h"
 #include "HOString.h"
 #include "HOViewportView.h"
-
-#include <memory>
 
 namespace HXObjects {
 
@@ -63,7 +69,7 @@ public:
     // Asks for a new picture after display settings changed (grid, styles).
     virtual void RequestRedraw(bool all);
 
-    // Fits the map's full extent into the view.
+    // Fits the map's full extent into the view, a few pixels in from its edges.
     void ZoomToFullExtent();
     bool IsRendering() const;
     // Fired once when a render completes (not when it is cancelled), on the render thread.
@@ -84,6 +90,7 @@ protected:
 
 private:
     void OnExtentChanged() override;
+    HOViewport::Limits NavigationLimits() const override;
     void OnNavigated(int settleDelayMs) override;
     double MetresPerUnit() const override;
     void OnPanStarted() override;

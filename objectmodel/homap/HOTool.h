@@ -6,13 +6,13 @@
 // Threads: input arrives on the GUI thread. DrawToolPaint() may be called on a view's render thread
 // while the GUI thread changes the tool's state, so tools guard their temporary drawing with
 // paintMutex().
+#include <map>
+#include <mutex>
+
 #include "HODisplayTransform.h"
 #include "HOPoint.h"
 #include "HORefBase.h"
 #include "HOString.h"
-
-#include <map>
-#include <mutex>
 
 class QPainter;
 
@@ -63,6 +63,9 @@ public:
 
     // Number of features picked by the last selection.
     static int selectFeatureNum;
+    // The parameter under which a tool host hands over its zoom factor (a number above 1, as text):
+    // one zoom step of a zooming tool.
+    static constexpr const char* kZoomFactorParameter = "WheelFactor";
 
 protected:
     HOTool() = default;

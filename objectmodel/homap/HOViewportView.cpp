@@ -4,6 +4,7 @@
 
 #include "HOMapScale.h"
 #include "HOTool.h"
+#include "HOToolBuddy.h"
 
 namespace HXObjects {
 
@@ -23,15 +24,19 @@ HOViewportView::~HOViewportView() {
 }
 
 bool HOViewportView::Navigate(const std::function<bool(HOViewport&)>& change, int settleDelayMs) {
+    const HOViewport::Limits limits = NavigationLimits();
     HORect oldExtent, newExtent;
     double oldScale = 0.0, newScale = 0.0;
+    HOToolBuddy* buddy = nullptr;
     {
         std::lock_guard<std::mutex> lock(m_mutex);
+        m_viewport.SetLimits(limits);
         oldExtent = m_viewport.Extent();
-        oldScale = m_viewport.IsDrawable() ? m_viewport.UnitsPerPixel() : 0.0;
+        oldScale = m_viewport.IsDrawable() ? m_viewport.ScaleUnitsPerPixel() : 0.0;
         if (!change(m_viewport)) return false;
         newExtent = m_viewport.Extent();
-        newScale = m_viewport.IsDrawable() ? m_viewport.UnitsPerPixel() : 0.0;
+        newScale = m_viewport.IsDrawable() ? m_viewport.ScaleUnitsPerPixel() : 0.0;
+        buddy = m_buddy;
         m_display.SetDisplayTransform(m_viewport.Transform());
         m_display.SetDeviceSize(m_viewport.Size());
     }
@@ -40,6 +45,7 @@ bool HOViewportView::Navigate(const std::function<bool(HOViewport&)>& change, in
     if (newScale != oldScale) {
         HOEvent event;
         ScaleChangedSignal.fire(this, &event);
+        if (buddy) buddy->ScaleChanged();
     }
     OnNavigated(settleDelayMs);
     FireRedraw();
@@ -157,7 +163,7 @@ double HOViewportView::GetScale() {
     {
         std::lock_guard<std::mutex> lock(m_mutex);
         if (!m_viewport.IsDrawable()) return 0.0;
-        unitsPerPixel = m_viewport.UnitsPerPixel();
+        unitsPerPixel = m_viewport.ScaleUnitsPerPixel();
         dpi = m_dpi;
     }
     return HOMapScale::Denominator(unitsPerPixel, MetresPerUnit(), dpi);
@@ -170,7 +176,11 @@ void HOViewportView::SetScale(double denominator) {
         dpi = m_dpi;
     }
     const double unitsPerPixel = HOMapScale::UnitsPerPixel(denominator, MetresPerUnit(), dpi);
-    Navigate([&](HOViewport& v) { return v.SetUnitsPerPixel(unitsPerPixel); });
+    Navigate([&](HOViewport& v) { return v.SetUnitsPerPixel(unitsPerPixel / v.Magnification()); });
+}
+
+void HOViewportView::SetMagnification(double magnification) {
+    Navigate([&](HOViewport& v) { return v.SetMagnification(magnification); });
 }
 
 void HOViewportView::SetCurrentTool(HOTool* tool) {

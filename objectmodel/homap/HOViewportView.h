@@ -2,17 +2,19 @@
 // HOViewportView: what a map view and a page-layout view do alike — a viewport navigated under one
 // lock, the screen display that mirrors it, zooming, the middle-button pan, and the current tool (with
 // its buddy) that receives the input. A derived view says what a navigation means to it (render again,
-// lay frames out again), how many metres one of its units is, and how a pan moves it.
+// lay frames out again), how many metres one of its units is, how far it may be navigated and how a
+// pan moves it. Whenever its scale changes it tells its tool buddy (ScaleChanged), so that a host
+// that shows it learns of every zoom.
 //
 // Threads: navigation and input on the GUI thread; the lock, the display transform and the screen
 // display may be used from a render thread. No lock is held while a signal fires or a hook runs.
-#include "HORefPtr.h"
-#include "HOView.h"
-#include "HOViewport.h"
-
 #include <QPoint>
 #include <functional>
 #include <mutex>
+
+#include "HORefPtr.h"
+#include "HOView.h"
+#include "HOViewport.h"
 
 namespace HXObjects {
 
@@ -42,6 +44,10 @@ public:
     HOTool* GetCurrentTool() const override;
     HOToolBuddy* GetToolBuddy() const override;
 
+    // Draws the view `magnification` times larger without changing its scale (a non-positive or
+    // non-finite factor is ignored).
+    void SetMagnification(double magnification);
+
 protected:
     // Shows `initial` once the view has a size (an empty rectangle: nothing yet).
     explicit HOViewportView(const HORect& initial = HORect());
@@ -65,6 +71,8 @@ protected:
 private:
     // The hooks run without the lock.
     virtual void OnExtentChanged() {}
+    // The limits every navigation keeps within; none by default.
+    virtual HOViewport::Limits NavigationLimits() const { return {}; }
     // After a real navigation, before RedrawSignal. A costly reaction may wait `settleDelayMs` for
     // more changes (a resize in progress).
     virtual void OnNavigated(int settleDelayMs) = 0;

@@ -1,6 +1,7 @@
 // Navigation of a map view (display transform, true scales, zoom about a point, change signals), the
 // map's layer list, coordinate system and full extent.
 #include <QtTest>
+#include <cmath>
 
 #include "HOCoordinateSystem.h"
 #include "HOGraphics.h"
@@ -185,6 +186,80 @@ private slots:
         QCOMPARE(view->GetDisplayTransform().unitsPerPixel, 0.5);
     }
 
+    void navigationLimits_data() {
+        QTest::addColumn<int>("system");  // EPSG code of the map, 0: none (metres)
+        QTest::addColumn<QString>("moves");
+        QTest::addColumn<double>("metresPerUnit");
+        const double degree = HOMapScale::MetresPerUnit(HOUnitDegree);
+        // The wheel turns at the pixel (390, 10), far from the centre, so the centre runs away too.
+        QTest::newRow("sixty notches out") << 0 << "out 60" << 1.0;
+        QTest::newRow("sixty notches out and back in") << 0 << "out 60, in 60" << 1.0;
+        QTest::newRow("degrees, sixty out and back in") << 4326 << "out 60, in 60" << degree;
+        QTest::newRow("a hundred notches in") << 0 << "in 100" << 1.0;
+        QTest::newRow("a nanometre extent") << 0 << "fit tiny" << 1.0;
+        QTest::newRow("an extent far out") << 0 << "fit far" << 1.0;
+        QTest::newRow("degrees, an extent far out") << 4326 << "fit far" << degree;
+    }
+
+    // However the view is zoomed or fitted it stays where the map can be found: from a millimetre per
+    // pixel to the equator across eight pixels, with the centre within 100 000 km of the origin.
+    void navigationLimits() {
+        QFETCH(int, system);
+        QFETCH(QString, moves);
+        QFETCH(double, metresPerUnit);
+        const auto view = viewOf(HOSize(400, 300), HORect(100, 120, 20, 35));
+        HORefPtr<HOMap> map(new HOMap);
+        map->AddLayer(new HOTestRectLayer(HORect(100, 120, 20, 35), Qt::red,
+                                          system ? HOCoordinateSystem::FromEpsg(system) : nullptr));
+        view->SetMap(map);
+        view->StopRender(true);
+        for (const QString& move : moves.split(", ")) {
+            const QStringList word = move.split(' ');
+            for (int i = 0; word[0] != "fit" && i < word[1].toInt(); ++i)
+                view->Wheel(0, word[0] == "in" ? 120 : -120, 390, 10);
+            if (move == "fit tiny") view->SetExtent(HORect(5, 5 + 1e-9, 5, 5 + 1e-9));
+            if (move == "fit far") view->SetExtent(HORect(1e15, 1e15 + 1000, -1e15, -1e15 + 1000));
+        }
+        view->StopRender(true);
+        const double metresPerPixel = view->GetDisplayTransform().unitsPerPixel * metresPerUnit;
+        const HOPoint centre = view->GetCenter();
+        QVERIFY2(
+            metresPerPixel >= 0.001 * (1 - 1e-9) && metresPerPixel <= 2 * M_PI * 6378137.0 / 8 * (1 + 1e-9),
+            qPrintable(QString::number(metresPerPixel)));
+        QVERIFY2(std::abs(centre.x) * metresPerUnit <= 1e8 * (1 + 1e-9) &&
+                     std::abs(centre.y) * metresPerUnit <= 1e8 * (1 + 1e-9),
+                 qPrintable(QString("%1, %2").arg(centre.x).arg(centre.y)));
+        QVERIFY(std::isfinite(view->GetScale()) && view->GetScale() > 0);
+    }
+
+    // The full extent lies 8 pixels in from the nearer edges, so features on its boundary show whole;
+    // a magnification draws larger at the same scale.
+    void fullExtentMarginAndMagnification() {
+        HORefPtr<HOMap> map(new HOMap);
+        map->AddLayer(new HOTestRectLayer(HORect(0, 400, 0, 100), Qt::red));
+        const auto view = viewOf(HOSize(400, 300), HORect(0, 10, 0, 10));
+        view->SetMap(map);
+        view->SetExtent(HORect(0, 10, 0, 10));
+        view->ZoomToFullExtent();
+        view->StopRender(true);
+        const HODisplayTransform shown = view->GetDisplayTransform();
+        QCOMPARE(shown.ToDevice(HOPoint(0, 100)).x, 8.0);
+        QCOMPARE(shown.ToDevice(HOPoint(400, 0)).x, 392.0);
+        QCOMPARE(view->GetCenter(), HOPoint(200, 50));
+
+        HOSignalCounter bound(view->BoundChangedSignal), scale(view->ScaleChangedSignal);
+        const double before = view->GetScale();
+        view->SetMagnification(2.0);
+        view->StopRender(true);
+        QCOMPARE(view->GetScale(), before);
+        QCOMPARE(view->GetDisplayTransform().unitsPerPixel, shown.unitsPerPixel / 2);
+        QCOMPARE(view->GetCenter(), HOPoint(200, 50));
+        QVERIFY(bound.count == 1 && scale.count == 0);
+        view->SetScale(before / 2);  // the scale asked for, drawn magnified
+        QCOMPARE(view->GetScale(), before / 2);
+        QCOMPARE(view->GetDisplayTransform().unitsPerPixel, shown.unitsPerPixel / 4);
+    }
+
     void badInputIsANoOp() {
         const auto view = viewOf(HOSize(400, 300), HORect(0, 400, 0, 300));
         HOSignalCounter bound(view->BoundChangedSignal);
@@ -279,6 +354,11 @@ private slots:
         QTest::newRow("a line is widened")
             << QList<HORect>{HORect(0, 10, 5, 5)} << -1 << HORect(0, 10, 0, 10);
         QTest::newRow("inverted is ignored") << QList<HORect>{HORect(2, 1, 0, 1)} << -1 << HORect();
+        // A layer without features (the empty rectangle) or with a broken extent takes no part.
+        QTest::newRow("an empty layer is ignored")
+            << QList<HORect>{HORect(), HORect(5, 6, 5, 6)} << -1 << HORect(5, 6, 5, 6);
+        QTest::newRow("a non-finite extent is ignored")
+            << QList<HORect>{HORect(5, 6, 5, 6), HORect(0, qInf(), 0, 1)} << -1 << HORect(5, 6, 5, 6);
     }
 
     void fullExtent() {

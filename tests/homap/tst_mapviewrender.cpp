@@ -41,14 +41,16 @@ struct Scene {
     explicit Scene(std::vector<std::pair<HORect, QColor>> rects, int renderMs = 0,
                    HORefPtr<HOMapView> v = new HOMapView("render"))
         : map(new HOMap), view(std::move(v)) {
+        // Placed before the layers come, so that only the extent asked for is ever rendered (the
+        // full extent would be shown with a margin).
+        view->SetSize(100, 100);
+        view->SetMap(map);
+        view->SetExtent(HORect(0, 100, 0, 100));
         for (const auto& [rect, color] : rects) {
             layers.emplace_back(new HOTestRectLayer(rect, color));
             layers.back()->renderMs = renderMs;
             map->AddLayer(layers.back());
         }
-        view->SetSize(100, 100);
-        view->SetMap(map);
-        view->SetExtent(HORect(0, 100, 0, 100));
     }
     bool idle() const { return !view->IsRendering(); }
     HORefPtr<HOMap> map;
@@ -344,7 +346,11 @@ private slots:
         view->SetMap(map);
         QVERIFY(view->GetExtent().IsEmpty() && !view->IsRendering());
         map->AddLayer(layer);
-        QCOMPARE(view->GetExtent(), HORect(10, 40, 10, 20));  // ten pixels per degree
+        // The full extent fits 8 pixels in from the nearer edges (top and bottom), centred.
+        const HODisplayTransform shown = view->GetDisplayTransform();
+        QCOMPARE(view->GetCenter(), HOPoint(25, 15));
+        QVERIFY(qFuzzyCompare(shown.ToDevice(HOPoint(10, 20)).y, 8.0));
+        QVERIFY(qFuzzyCompare(shown.ToDevice(HOPoint(10, 10)).y, 92.0));
         QTRY_VERIFY_WITH_TIMEOUT(finished.count > 0 && !view->IsRendering(), kTimeout);
         const QImage image = drawn(view, 300, 100);
         QVERIFY(image.pixel(50, 50) == kRed && image.pixel(150, 50) == kWhite &&

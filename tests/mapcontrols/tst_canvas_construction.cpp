@@ -234,6 +234,40 @@ private slots:
         QCOMPARE(updates.count(), mode == HXMapCanvas::MapViewMode ? 1 : 0);
     }
 
+    void replacedViewsAreUnboundAtDestruction_data() {
+        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
+        QTest::newRow("map view") << HXMapCanvas::MapViewMode;
+        QTest::newRow("layout") << HXMapCanvas::PageLayoutMode;
+    }
+
+    // Views that outlive the canvas, the replaced ones too, keep no callback into it and do not have
+    // it as their tool buddy; a zoom of the first view then reaches nothing (the sanitizers watch).
+    void replacedViewsAreUnboundAtDestruction() {
+        QFETCH(HXMapCanvas::ViewMode, mode);
+        auto* canvas = new HXMapCanvas(mode, nullptr);
+        auto* widget = canvas->findChild<HXMapWidget*>();
+        const HOToolBuddy* buddy = canvas;
+        HORefPtr<HOMapView> first = FirstView(*canvas);
+        HORefPtr<HOMapView> second = new HOMapView();
+        QList<HORefPtr<HOView>> views{first, second};
+        canvas->SetMapView(second);
+        if (mode == HXMapCanvas::PageLayoutMode) {
+            views << HORefPtr<HOView>(canvas->GetPageLayoutView())
+                  << HORefPtr<HOView>(new HOPageLayoutView());
+            canvas->SetPageLayoutView(static_cast<HOPageLayoutView*>(views.last().get()));
+        }
+        delete canvas;
+        for (const HORefPtr<HOView>& view : views) {
+            QCOMPARE(BoundOnView(view, canvas, widget), QString("||"));
+            QVERIFY(view->GetToolBuddy() != buddy);
+        }
+        first->SetSize(100, 100);
+        first->SetExtent(HORect(0, 10, 0, 10));
+        first->ZoomIn();
+        HOEvent event;
+        first->ScaleChangedSignal.fire(first, &event);
+    }
+
     void replacedLayoutKeepsOldBindings() {
         HXMapCanvas canvas(HXMapCanvas::PageLayoutMode, nullptr);
         auto* widget = canvas.findChild<HXMapWidget*>();

@@ -1,7 +1,10 @@
 // Input routing: which view gets each mouse and key event with which button code, the host signals
 // around the hand-over and their order, the middle-button cursor, the map position under the mouse,
 // and the canvas's own key bindings in each view mode.
+#include <QLabel>
+#include <QLineEdit>
 #include <QSignalSpy>
+#include <QStatusBar>
 #include <QtTest>
 
 #include "HOCMDPool.h"
@@ -9,6 +12,8 @@
 #include "HOTestPrinters.h"
 #include "HOTrackCancel.h"
 #include "HXInputCanvas.h"
+#include "HXStatusBarCoordinatesWidget.h"
+#include "HXStatusBarScaleWidget.h"
 
 using namespace HXObjects;
 
@@ -154,6 +159,77 @@ private slots:
         QVERIFY(!QApplication::overrideCursor());
         fixture.mouse(QEvent::MouseButtonRelease, Qt::MiddleButton, Qt::NoButton, {});
         QVERIFY(!QApplication::overrideCursor());
+        // A double click's second release has no press of its own: the host's cursor stays.
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease,
+                                QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
+            const bool held = type != QEvent::MouseButtonRelease;
+            fixture.mouse(type, Qt::MiddleButton, held ? Qt::MiddleButton : Qt::NoButton, {});
+        }
+        QVERIFY(QApplication::overrideCursor() && QApplication::overrideCursor()->shape() == Qt::WaitCursor);
+        QApplication::restoreOverrideCursor();
+        QVERIFY(!QApplication::overrideCursor());
+    }
+
+    void statusBarInputStaysThere_data() {
+        QTest::addColumn<QString>("target");
+        QTest::addColumn<QString>("input");
+        QTest::newRow("click on the scale label") << "scale label"
+                                                  << "click";
+        QTest::newRow("double click on the unit label") << "unit label"
+                                                        << "double click";
+        QTest::newRow("click on the bar") << "bar"
+                                          << "click";
+        QTest::newRow("wheel over the unit label") << "unit label"
+                                                   << "wheel";
+        QTest::newRow("Up in the coordinates box") << "coordinates"
+                                                   << "Up";
+        QTest::newRow("PageUp in the coordinates box") << "coordinates"
+                                                       << "PageUp";
+        QTest::newRow("PageDown in the coordinates box") << "coordinates"
+                                                         << "PageDown";
+        QTest::newRow("Ctrl+C in the coordinates box") << "coordinates"
+                                                       << "Ctrl+C";
+    }
+
+    // Input that the status bar's widgets leave unused reaches neither the view, nor the tool, nor
+    // the canvas's key bindings and host signals.
+    void statusBarInputStaysThere() {
+        QFETCH(QString, target);
+        QFETCH(QString, input);
+        HXInputCanvas fixture(kMap);
+        fixture.canvas.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&fixture.canvas));
+        HORefPtr<HORecordingTool> tool = new HORecordingTool("A");
+        fixture.canvas.setMapTool(tool);
+        fixture.map->calls.clear();
+        RecordSignals(fixture);
+        QStatusBar* bar = fixture.canvas.StatusBar();
+        auto* coords = bar->findChild<HXStatusBarCoordinatesWidget*>();
+        const QHash<QString, QWidget*> targets{
+            {"scale label", bar->findChild<HXStatusBarScaleWidget*>()->mScaleLabel},
+            {"unit label", coords->mLabelUnit},
+            {"bar", bar},
+            {"coordinates", coords->mLineEdit}};
+        QWidget* widget = targets.value(target);
+        HXMapCanvas::wheelEventSt = false;
+        const QPoint middle = widget->rect().center();
+        if (input == "click") QTest::mouseClick(widget, Qt::LeftButton, {}, middle);
+        if (input == "double click") QTest::mouseDClick(widget, Qt::LeftButton, {}, middle);
+        if (input == "wheel") {
+            QWheelEvent wheel(middle, widget->mapToGlobal(middle), QPoint(), QPoint(0, 120), Qt::NoButton,
+                              Qt::NoModifier, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(widget, &wheel);
+        }
+        if (input == "Up") QTest::keyClick(widget, Qt::Key_Up);
+        if (input == "PageUp") QTest::keyClick(widget, Qt::Key_PageUp);
+        if (input == "PageDown") QTest::keyClick(widget, Qt::Key_PageDown);
+        if (input == "Ctrl+C") QTest::keyClick(widget, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(fixture.map->calls, QStringList());
+        QVERIFY(!HXMapCanvas::wheelEventSt);
+        QCOMPARE(fixture.map->extent, kStart);
+        QCOMPARE(fixture.canvas.getMapTool(), static_cast<HOTool*>(tool.get()));
+        QCOMPARE(tool->calls, (QStringList{"SetToolBuddy", "SetToolBuddy", "Activate"}));
     }
 
     // The map position under the mouse and the map it lies in. On the map view the transform maps

@@ -1,17 +1,21 @@
 // The canvas between its host and its views: which view operations magnifying, zooms, recentring,
 // the wheel, resizing, the render toggle and the scale update reach in each mode, with the host's
 // signals; and setting extents.
+#include <QLineEdit>
 #include <QStatusBar>
 #include <QToolButton>
 #include <QtTest>
 #include <functional>
 
 #include "HODataFrame.h"
+#include "HOMap.h"
 #include "HORecordingView.h"
 #include "HOTestPrinters.h"
+#include "HOTestRectLayer.h"
 #include "HXMapCanvas.h"
 #include "HXMapWidget.h"
 #include "HXScaleComboBox.h"
+#include "HXStatusBarCoordinatesWidget.h"
 
 using namespace HXObjects;
 Q_DECLARE_METATYPE(HXMapCanvas::ViewMode)
@@ -110,6 +114,32 @@ void Run(RecordingCanvas& f, const QString& step, QStringList& log) {
     QVERIFY2(run, qPrintable("unknown step " + step));
     run();
 }
+
+// A shown canvas whose own map view shows (0, 400) x (0, 300) of a map with one layer.
+struct RealCanvas {
+    RealCanvas() : canvas(HXMapCanvas::MapViewMode, nullptr) {
+        canvas.setWindowState(Qt::WindowNoState);
+        canvas.resize(400, 325);
+        canvas.show();
+        map->AddLayer(new HOTestRectLayer(HORect(0, 200, 0, 150), Qt::red));
+        canvas.GetMapView()->SetMap(map);
+        canvas.setExtent(HORect(0, 400, 0, 300));
+    }
+    ~RealCanvas() { canvas.GetMapView()->StopRender(true); }
+    QLineEdit* coordinates() {
+        return canvas.StatusBar()->findChild<HXStatusBarCoordinatesWidget*>()->mLineEdit;
+    }
+    HXScaleComboBox* scaleBox() { return canvas.StatusBar()->findChild<HXScaleComboBox*>(); }
+    // Types the text into a box over what it holds, and presses Return.
+    static void type(QLineEdit* box, const QString& text) {
+        box->selectAll();
+        QTest::keyClicks(box, text);
+        QTest::keyClick(box, Qt::Key_Return);
+    }
+
+    HORefPtr<HOMap> map = new HOMap();
+    HXMapCanvas canvas;
+};
 
 }  // namespace
 
@@ -220,6 +250,59 @@ private slots:
         for (const QString& call : fixture.map->calls()) calls << "map " + call;
         for (const QString& call : fixture.layout->calls()) calls << "layout " + call;
         QCOMPARE(calls + log, expected);
+    }
+
+    void refusedNavigation_data() {
+        QTest::addColumn<QString>("step");
+        // Typed after an accepted centre: far out the extent's size is lost in rounding, and
+        // infinities and NaN have no place at all.
+        for (const char* text : {"1e308, 1e308", "-1e308, 1e308", "1e300, 5", "inf, 0", "nan, nan"})
+            QTest::newRow(qPrintable(QString("centre %1").arg(text))) << QString("centre ") + text;
+        QTest::newRow("scale box 0") << "scale 0";
+        QTest::newRow("extent with NaN") << "extent nan";
+        QTest::newRow("infinite extent") << "extent inf";
+        QTest::newRow("factor 0") << "factor 0";
+        QTest::newRow("negative factor") << "factor -2";
+        QTest::newRow("infinite factor") << "factor inf";
+        QTest::newRow("NaN factor") << "factor nan";
+        QTest::newRow("factor about a NaN point") << "factor about nan";
+        QTest::newRow("scale NaN") << "zoomScale nan";
+    }
+
+    // Nothing moves, the host hears of no change and the scale box shows the scale the map has.
+    void refusedNavigation() {
+        QFETCH(QString, step);
+        RealCanvas f;
+        RealCanvas::type(f.coordinates(), "1000, 1000");
+        const HORect accepted = f.canvas.extent();
+        QCOMPARE(accepted.Center(), HOPoint(1000, 1000));
+        QSignalSpy extents(&f.canvas, &HXMapCanvas::extentsChanged);
+        const double nan = qQNaN(), inf = qInf();
+        const HOPoint nowhere(nan, 0);
+        const QString argument = step.section(' ', 1);
+        if (step.startsWith("centre")) RealCanvas::type(f.coordinates(), argument);
+        if (step == "scale 0") RealCanvas::type(f.scaleBox()->lineEdit(), "0");
+        if (step == "extent nan") f.canvas.setExtent(HORect(0, nan, 0, 10), true);
+        if (step == "extent inf") f.canvas.setExtent(HORect(-inf, inf, -inf, inf), true);
+        if (step.startsWith("factor ") && step != "factor about nan")
+            f.canvas.zoomByFactor(argument.toDouble());
+        if (step == "factor about nan") f.canvas.zoomByFactor(0.5, &nowhere);
+        if (step == "zoomScale nan") f.canvas.zoomScale(nan);
+        QCOMPARE(f.canvas.extent(), accepted);
+        QCOMPARE(extents.count(), 0);
+        QCOMPARE(f.scaleBox()->currentText(), HXScaleComboBox::toString(1.0 / f.canvas.scale()));
+    }
+
+    // A view given by SetMapView tells the canvas of its scale through the tool buddy.
+    void replacedViewReachesTheScaleBox() {
+        RealCanvas f;
+        HORefPtr<HOMapView> second = new HOMapView();
+        second->SetMap(f.map);
+        f.canvas.SetMapView(second);
+        second->ZoomByFactor(0.25, nullptr);
+        second->StopRender(true);
+        QCOMPARE(qRound(1.0 / f.scaleBox()->scale()), qRound(second->GetScale()));
+        QCOMPARE(f.scaleBox()->currentText(), HXScaleComboBox::toString(1.0 / second->GetScale()));
     }
 
     void setExtent() {

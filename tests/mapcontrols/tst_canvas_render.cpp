@@ -6,8 +6,10 @@
 #include <atomic>
 #include <thread>
 
+#include "HOCMDPool.h"
 #include "HOMap.h"
 #include "HOTestRectLayer.h"
+#include "HOTool.h"
 #include "HXMapCanvas.h"
 #include "HXMapWidget.h"
 #include "HXTooltip.h"
@@ -56,12 +58,17 @@ HXMapWidget* ShowWithMapSize(HXMapCanvas& canvas, const QSize& size) {
     return widget->size() == size ? widget : nullptr;
 }
 
-// Waits until the worker has finished and its last redraw reached the GUI thread.
+// Waits (at most 20 s) until the view has the drawing widget's size and nothing rendering or
+// scheduled: the worker's last redraw, made before it went idle, is then in the widget's image.
 bool WaitForPicture(HXMapCanvas& canvas) {
-    QTest::qWait(20);
-    if (!QTest::qWaitFor([&] { return !canvas.GetMapView()->IsRendering(); }, 20000)) return false;
-    QTest::qWait(50);
-    return true;
+    HOMapView* view = canvas.GetMapView();
+    const auto* widget = canvas.findChild<HXMapWidget*>();
+    return QTest::qWaitFor(
+        [&] {
+            const HOSize size = view->GetScreenDisplay()->GetDeviceSize();
+            return QSize(size.width, size.height) == widget->size() && !view->IsRendering();
+        },
+        20000);
 }
 
 // A 400 x 300 drawing area over the map square (0, 400) x (0, 300) of background, with land in its
@@ -240,6 +247,56 @@ private slots:
         image = widget->grab().toImage();
         QCOMPARE(CountPixels(image, kLand), 200 * 150);
         QCOMPARE(CountPixels(image, kLand) + CountPixels(image, kMapColour), 500 * 400);
+    }
+
+    // With the scale locked a zoom magnifies: the picture grows about the centre, the scale stays.
+    void lockedZoomMagnifies() {
+        HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
+        HORefPtr<HOMap> map;
+        HXMapWidget* widget = ShowRealMap(canvas, map);
+        QVERIFY(widget);
+        // The land's right edge (map x 200) is at pixel 150, the centre (250, 150) at pixel (200, 150).
+        canvas.setExtent(HORect(50, 450, 0, 300));
+        QVERIFY(WaitForPicture(canvas));
+        QCOMPARE(CountPixels(widget->grab().toImage(), kLand), 150 * 150);
+        const double scale = canvas.scale();
+        canvas.setScaleLocked(true);
+        canvas.zoomByFactor(0.5);
+        QCOMPARE(canvas.magnificationFactor(), 2.0);
+        QVERIFY(WaitForPicture(canvas));
+        QCOMPARE(canvas.scale(), scale);
+        // Twice as large: the right edge at pixel 200 - 2 * 50, the top edge stays on the centre line.
+        const QImage image = widget->grab().toImage();
+        QCOMPARE(CountPixels(image, kLand), 100 * 150);
+        QCOMPARE(image.pixelColor(99, 151), kLand);
+        QCOMPARE(image.pixelColor(101, 151), kMapColour);
+    }
+
+    void zoomToolsUseTheWheelFactor_data() {
+        QTest::addColumn<QString>("tool");
+        QTest::addColumn<double>("wheelFactor");  // 0: the canvas's own
+        QTest::addColumn<double>("scaleFactor");
+        QTest::newRow("zoom in, the canvas's factor") << "HXObjects::HOToolZoomIn" << 0.0 << 0.5;
+        QTest::newRow("zoom in by 4") << "HXObjects::HOToolZoomIn" << 4.0 << 0.25;
+        QTest::newRow("zoom out by 3") << "HXObjects::HOToolZoomOut" << 3.0 << 3.0;
+    }
+
+    // A click of a zoom tool zooms by the wheel factor the host gave the canvas.
+    void zoomToolsUseTheWheelFactor() {
+        QFETCH(QString, tool);
+        QFETCH(double, wheelFactor);
+        QFETCH(double, scaleFactor);
+        HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
+        HORefPtr<HOMap> map;
+        QVERIFY(ShowRealMap(canvas, map));
+        if (wheelFactor > 0) canvas.setWheelFactor(wheelFactor);
+        canvas.setMapTool(HOCMDPool::GetInstance()->GetTool(HOString(tool)));
+        const double before = canvas.scale();
+        QTest::mouseClick(&canvas, Qt::LeftButton, {}, QPoint(100, 100));
+        QVERIFY2(qFuzzyCompare(canvas.scale(), before * scaleFactor),
+                 qPrintable(QString::number(canvas.scale() / before)));
+        canvas.setMapTool(static_cast<HOTool*>(nullptr));
+        canvas.GetMapView()->StopRender(true);
     }
 
     void wheelZoomsAboutTheCursor_data() {

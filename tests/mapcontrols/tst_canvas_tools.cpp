@@ -1,8 +1,10 @@
 // The canvas as tool host: installing, reinstalling and removing tools in each view mode, the
 // digitising flags, the cursor table, the context menu a tool asks for, and what a tool says through
 // the canvas: tips, notices, the host's command line and the file prompts.
+#include <QAbstractItemView>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -30,14 +32,44 @@ QString NewPathOptions(HXMapCanvas& canvas) {
         .arg(canvas.getNewPathOption_AddFeature());
 }
 
-// Answers the next modal dialog of type D once it is up; `answer` gets the dialog.
+// Answers the next modal dialog of type D once it is up; `answer` gets the dialog. After 10 s any
+// dialog still up (the one answered, or one it opened in turn) is rejected, so that the code under
+// test returns and the test fails (`failure` says why) instead of hanging.
 template <class D>
-void AnswerDialog(std::function<void(D*)> answer) {
-    QTimer::singleShot(10, [=] {
+class DialogAnswer {
+public:
+    explicit DialogAnswer(std::function<void(D*)> answer) : mAnswer(std::move(answer)) {
+        QObject::connect(&mPoll, &QTimer::timeout, [this] { answerDialog(); });
+        mPoll.start(10);
+        // A timer of its own: the poll does not fire again while an answer runs a nested dialog.
+        QObject::connect(&mDeadline, &QTimer::timeout, [this] { giveUp(); });
+        mDeadline.start(10000);
+    }
+    QString failure;
+
+private:
+    void answerDialog() {
         auto* dialog = qobject_cast<D*>(QApplication::activeModalWidget());
-        dialog ? answer(dialog) : AnswerDialog<D>(answer);
-    });
-}
+        if (!dialog) return;
+        mPoll.stop();
+        mAnswered = true;
+        mAnswer(dialog);
+    }
+    void giveUp() {
+        mPoll.stop();
+        if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+            if (failure.isEmpty()) failure = "a dialog was still open after 10 s";
+            dialog->reject();
+            mDeadline.start(10);  // and whatever it was covering
+            return;
+        }
+        if (failure.isEmpty() && !mAnswered) failure = "no dialog came within 10 s";
+    }
+    std::function<void(D*)> mAnswer;
+    QTimer mPoll;
+    QTimer mDeadline;
+    bool mAnswered = false;
+};
 
 }  // namespace
 
@@ -311,14 +343,14 @@ private slots:
         fixture.canvas.setMapTool(doubleLine);
         double shownValue = -100;
         HXPopupAnswer menu("Please input line width");
-        AnswerDialog<QInputDialog>([&](QInputDialog* dialog) {
+        DialogAnswer<QInputDialog> dialogAnswer([&](QInputDialog* dialog) {
             shownValue = dialog->doubleValue();
             if (answer < 0) return dialog->reject();
             dialog->setDoubleValue(answer);
             dialog->accept();
         });
         fixture.canvas.OnContextMenu(30, 40);
-        QTRY_VERIFY(shownValue != -100);
+        QVERIFY2(dialogAnswer.failure.isEmpty(), qPrintable(dialogAnswer.failure));
         QCOMPARE(shownValue, shown);
         QCOMPARE(doubleLine->GetParameters()["LineWidth"].toQString(), after);
     }
@@ -352,8 +384,8 @@ private slots:
         QSignalSpy spy(&fixture.canvas, &HXMapCanvas::contextMenuTrigger);
         HXPopupAnswer answer;
         QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5));
+        // A menu would run (and be answered) inside the handler.
         QApplication::sendEvent(&fixture.canvas, &event);
-        QTest::qWait(50);
         QVERIFY(!answer.shown);
         QCOMPARE(spy.count(), 1);
         QCOMPARE(spy.at(0).at(0).value<void*>(), static_cast<void*>(&fixture.canvas));
@@ -423,14 +455,19 @@ private slots:
         for (const QString& name : choice) {
             expected << rowDir.filePath("chosen/" + name);
             QFile(expected.last()).open(QIODevice::WriteOnly);
-            quoted << '"' + expected.last() + '"';
+            quoted << '"' + name + '"';
         }
         QString shown;
-        AnswerDialog<QFileDialog>([&](QFileDialog* dialog) {
+        DialogAnswer<QFileDialog> answer([&](QFileDialog* dialog) {
             shown = dialog->directory().absolutePath();
             if (choice.isEmpty()) return dialog->reject();
-            dialog->selectFile(quoted.join(' '));
-            static_cast<QDialog*>(dialog)->accept();  // QFileDialog::accept is protected
+            // Typed as a person types them, in the directory of the files: selectFile leaves the name
+            // box alone once it has the focus, and a directory selected in the list would be opened.
+            dialog->setDirectory(rowDir.filePath("chosen"));
+            dialog->findChild<QLineEdit*>("fileNameEdit")->setText(multi ? quoted.join(' ') : choice.first());
+            for (auto* view : dialog->findChildren<QAbstractItemView*>())
+                if (view->selectionModel()) view->selectionModel()->clearSelection();
+            static_cast<QDialog*>(dialog)->done(QDialog::Accepted);  // past the checks of accept()
         });
         HXMapCanvas canvas(kMap, nullptr);
         QStringList paths;
@@ -441,6 +478,7 @@ private slots:
             paths << canvas.getOpenFileName("Open", HOString(dirArgument), "All (*)").toQString();
             paths.removeAll(QString());
         }
+        QVERIFY2(answer.failure.isEmpty(), qPrintable(answer.failure));
         QCOMPARE(paths, expected);
         QCOMPARE(shown == QFileInfo(remembered).absoluteFilePath(), opensAtRemembered);
         // One file: its directory is remembered; several: the directory the prompt started in.

@@ -12,6 +12,7 @@
 #include "HOTestPrinters.h"
 #include "HOToolIdentify.h"
 #include "HXInputCanvas.h"
+#include "HXMapWidget.h"
 
 using namespace HXObjects;
 
@@ -39,8 +40,15 @@ struct SampleCanvas {
         canvas.resize(800, 625);
         canvas.show();
         view()->SetMap(map);
-        QTest::qWait(50);
-        QTRY_VERIFY_WITH_TIMEOUT(!view()->IsRendering(), 20000);
+        // Sized (a map view to the drawing widget) with nothing left to render.
+        const auto* widget = canvas.findChild<HXMapWidget*>();
+        const auto settled = [&] {
+            const HOSize size = view()->GetScreenDisplay()->GetDeviceSize();
+            const bool sized =
+                canvas.IsMapView() ? QSize(size.width, size.height) == widget->size() : size.width > 0;
+            return sized && !view()->IsRendering();
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(settled(), 20000);
         if (tool) canvas.setMapTool(tool);
     }
     HOMapView* view() { return canvas.GetMapView(); }

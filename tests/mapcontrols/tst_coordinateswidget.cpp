@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpression>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QToolButton>
 #include <QtTest>
@@ -12,6 +13,7 @@
 #include "HOMap.h"
 #include "HOMapView.h"
 #include "HOTestPrinters.h"
+#include "HOTestRectLayer.h"
 #include "HXMapCanvas.h"
 #include "HXStatusBarCoordinatesWidget.h"
 
@@ -62,6 +64,32 @@ class TestCoordinatesWidget : public QObject {
     QTemporaryDir mSettingsDir;
 
 private slots:
+    void unitShownBeforeTheMouseMoves_data() {
+        QTest::addColumn<QString>("system");
+        QTest::addColumn<int>("displayUnit");
+        QTest::addColumn<QString>("label");
+        QTest::newRow("geographic") << "EPSG:4326" << int(HOUnitDegree) << "Degree";
+        QTest::newRow("projected in metres") << "EPSG:3857" << int(HOUnitMeter) << "m";
+        QTest::newRow("projected, shown in kilometres") << "EPSG:3857" << int(HOUnitKilometer) << "Kilometer";
+        QTest::newRow("no system") << "" << int(HOUnitMeter) << "Unknown unit";
+    }
+
+    // As soon as a map is shown the canvas's own unit label names its display unit, before the
+    // mouse has moved over it.
+    void unitShownBeforeTheMouseMoves() {
+        QFETCH(QString, system);
+        QFETCH(int, displayUnit);
+        HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
+        HORefPtr<HOMap> map = MakeMap(system, displayUnit);
+        map->AddLayer(new HOTestRectLayer(HORect(10, 20, 30, 40), Qt::red, map->GetSpatialReference()));
+        map->SetMapDisplayUnit(static_cast<HOUnitType>(displayUnit));
+        QLabel* unit = canvas.StatusBar()->findChild<HXStatusBarCoordinatesWidget*>()->mLabelUnit;
+        QCOMPARE(unit->text(), QStringLiteral("unknown unit"));
+        canvas.GetMapView()->SetMap(map);
+        QTEST(unit->text(), "label");
+        canvas.GetMapView()->StopRender(true);
+    }
+
     void initTestCase() {
         QVERIFY(mSettingsDir.isValid());
         qputenv("HXGIS_SETTINGS_FILE", mSettingsDir.filePath(QStringLiteral("hxgis.ini")).toLocal8Bit());

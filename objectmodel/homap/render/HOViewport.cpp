@@ -9,54 +9,86 @@ namespace {
 bool usable(const HOSize& size) {
     return size.width > 0 && size.height > 0;
 }
-bool finite(const HORect& r) {
-    return std::isfinite(r.minx) && std::isfinite(r.maxx) && std::isfinite(r.miny) && std::isfinite(r.maxy);
+bool positiveFinite(double value) {
+    return std::isfinite(value) && value > 0.0;
 }
 }  // namespace
+
+double HOViewport::limitedUnitsPerPixel(double unitsPerPixel) const {
+    return std::clamp(unitsPerPixel, m_limits.minUnitsPerPixel, m_limits.maxUnitsPerPixel);
+}
+
+HOPoint HOViewport::limitedCentre(const HOPoint& centre) const {
+    return {std::clamp(centre.x, -m_limits.maxCentre, m_limits.maxCentre),
+            std::clamp(centre.y, -m_limits.maxCentre, m_limits.maxCentre)};
+}
 
 void HOViewport::SetSize(const HOSize& size) {
     m_size = HOSize(std::max(size.width, 0), std::max(size.height, 0));
     if (usable(m_size) && !m_pendingFit.IsEmpty()) {
         const HORect pending = m_pendingFit;
         m_pendingFit = HORect();
-        Fit(pending);
+        Fit(pending, m_pendingMargin);
     }
 }
 
-bool HOViewport::Fit(const HORect& rect) {
-    if (rect.IsEmpty() || !finite(rect)) return false;
+bool HOViewport::Fit(const HORect& rect, int marginPixels) {
+    if (rect.IsEmpty() || !rect.IsFinite()) return false;
     if (!usable(m_size)) {
         m_pendingFit = rect;
+        m_pendingMargin = marginPixels;
         return true;
     }
-    const double unitsPerPixel = std::max(rect.Width() / m_size.width, rect.Height() / m_size.height);
-    if (!std::isfinite(unitsPerPixel) || unitsPerPixel <= 0.0) return false;
-    m_unitsPerPixel = unitsPerPixel;
-    m_center = rect.Center();
+    // A margin never takes more than half of the view.
+    const int margin = std::clamp(marginPixels, 0, std::min(m_size.width, m_size.height) / 4);
+    const double unitsPerPixel =
+        std::max(rect.Width() / (m_size.width - 2 * margin), rect.Height() / (m_size.height - 2 * margin));
+    if (!positiveFinite(unitsPerPixel)) return false;
+    m_unitsPerPixel = limitedUnitsPerPixel(unitsPerPixel);
+    m_center = limitedCentre(rect.Center());
     m_hasExtent = true;
     return true;
 }
 
 bool HOViewport::SetUnitsPerPixel(double unitsPerPixel) {
-    if (!m_hasExtent || !std::isfinite(unitsPerPixel) || unitsPerPixel <= 0.0) return false;
-    m_unitsPerPixel = unitsPerPixel;
+    if (!m_hasExtent || !positiveFinite(unitsPerPixel)) return false;
+    m_unitsPerPixel = limitedUnitsPerPixel(unitsPerPixel);
     return true;
 }
 
 bool HOViewport::ZoomByFactor(double factor, const HOPoint& fixed) {
-    if (!std::isfinite(factor) || factor <= 0.0 || !std::isfinite(fixed.x) || !std::isfinite(fixed.y))
+    if (!m_hasExtent || !positiveFinite(factor) || !std::isfinite(fixed.x) || !std::isfinite(fixed.y))
         return false;
-    const HOPoint centre(fixed.x + (m_center.x - fixed.x) * factor,
-                         fixed.y + (m_center.y - fixed.y) * factor);
-    if (!SetUnitsPerPixel(m_unitsPerPixel * factor)) return false;
-    m_center = centre;
+    const double unitsPerPixel = limitedUnitsPerPixel(m_unitsPerPixel * factor);
+    if (!positiveFinite(unitsPerPixel)) return false;
+    // The factor the limits leave, so that the fixed point stays put even at a limit.
+    const double applied = unitsPerPixel / m_unitsPerPixel;
+    m_center = limitedCentre(
+        HOPoint(fixed.x + (m_center.x - fixed.x) * applied, fixed.y + (m_center.y - fixed.y) * applied));
+    m_unitsPerPixel = unitsPerPixel;
     return true;
 }
 
 bool HOViewport::SetCenter(const HOPoint& centre) {
     if (!m_hasExtent || !std::isfinite(centre.x) || !std::isfinite(centre.y)) return false;
-    m_center = centre;
+    m_center = limitedCentre(centre);
     return true;
+}
+
+bool HOViewport::SetMagnification(double magnification) {
+    if (!positiveFinite(magnification)) return false;
+    const double scaleUnitsPerPixel = ScaleUnitsPerPixel();
+    m_magnification = magnification;
+    if (m_hasExtent) m_unitsPerPixel = limitedUnitsPerPixel(scaleUnitsPerPixel / magnification);
+    return true;
+}
+
+void HOViewport::Clear() {
+    m_center = HOPoint();
+    m_unitsPerPixel = 1.0;
+    m_hasExtent = false;
+    m_pendingFit = HORect();
+    m_pendingMargin = 0;
 }
 
 HODisplayTransform HOViewport::Transform() const {

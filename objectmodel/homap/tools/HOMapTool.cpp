@@ -1,5 +1,6 @@
 #include "HOMapTool.h"
 
+#include <cmath>
 #include <ogr_spatialref.h>
 
 #include <Qt>
@@ -82,6 +83,14 @@ void HOMapTool::ShowCursor(HOToolBuddy::HOCursor shape) const {
 HOToolBuddy::HOKeyboardModifier HOMapTool::Modifiers() const {
     HOToolBuddy* buddy = GetToolBuddy();
     return buddy ? buddy->GetKeyboardModifiers() : HOToolBuddy::NoModifier;
+}
+
+double HOMapTool::ZoomFactor() {
+    const Parameters& parameters = GetParameters();
+    const auto given = parameters.find(kZoomFactorParameter);
+    bool ok = false;
+    const double factor = given == parameters.end() ? 0.0 : given->second.toQString().toDouble(&ok);
+    return ok && std::isfinite(factor) && factor > 1.0 ? factor : 2.0;
 }
 
 }  // namespace HXObjects

@@ -36,6 +36,8 @@ protected:
     double PixelsToMap(double pixels) const;
     void ShowCursor(HOToolBuddy::HOCursor shape) const;
     HOToolBuddy::HOKeyboardModifier Modifiers() const;
+    // The zoom factor the tool host handed over (kZoomFactorParameter); 2 until one is given.
+    double ZoomFactor();
 };
 
 }  // namespace HXObjects

@@ -8,7 +8,7 @@ void HOToolZoomIn::Activate() {
 }
 
 void HOToolZoomIn::OnClick(const HOPoint& point) {
-    MapView()->ZoomByFactor(0.5, &point);
+    MapView()->ZoomByFactor(1.0 / ZoomFactor(), &point);
 }
 
 void HOToolZoomIn::OnBox(const HORect& box) {

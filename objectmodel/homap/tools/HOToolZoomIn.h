@@ -1,6 +1,6 @@
 #pragma once
-// HOToolZoomIn ("HXObjects::HOToolZoomIn"): a click zooms in by 2 about the clicked point; a
-// dragged box becomes the visible extent.
+// HOToolZoomIn ("HXObjects::HOToolZoomIn"): a click zooms in about the clicked point by the zoom
+// factor the tool host gives (2 unless it gives another); a dragged box becomes the visible extent.
 #include "HORubberBandTool.h"
 
 namespace HXObjects {

@@ -17,7 +17,7 @@ HORect HOToolZoomOut::ExtentShowingIn(const HORect& current, const HORect& box) 
 }
 
 void HOToolZoomOut::OnClick(const HOPoint& point) {
-    MapView()->ZoomByFactor(2.0, &point);
+    MapView()->ZoomByFactor(ZoomFactor(), &point);
 }
 
 void HOToolZoomOut::OnBox(const HORect& box) {

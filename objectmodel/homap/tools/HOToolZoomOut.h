@@ -1,6 +1,7 @@
 #pragma once
-// HOToolZoomOut ("HXObjects::HOToolZoomOut"): a click zooms out by 2 about the clicked point; after
-// a drag the whole current extent fits into the dragged box.
+// HOToolZoomOut ("HXObjects::HOToolZoomOut"): a click zooms out about the clicked point by the zoom
+// factor the tool host gives (2 unless it gives another); after a drag the whole current extent
+// fits into the dragged box.
 #include "HORubberBandTool.h"
 
 namespace HXObjects {
