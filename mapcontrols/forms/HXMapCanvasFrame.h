@@ -6,11 +6,11 @@
 // frame being shown. The mode a form sets is thus the mode the canvas is made with. Setting another
 // mode once the canvas exists replaces it with a new canvas (what Designer does while a form is being
 // edited); every canvas keeps its own mode for life. The frame owns its canvas.
-#include "HXMapCanvas.h"
-#include "HXMapControlsExport.h"
-
 #include <QPointer>
 #include <QWidget>
+
+#include "HXMapCanvas.h"
+#include "HXMapControlsExport.h"
 
 class HXMAPCONTROLS_EXPORT HXMapCanvasFrame : public QWidget {
     Q_OBJECT

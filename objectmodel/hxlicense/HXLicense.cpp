@@ -38,7 +38,8 @@ HXLicenseStatus store(HXLicenseStatus loaded, const HXLicenseInfo& info) {
 }
 
 HXLicenseStatus judge(HXLicenseStatus loaded, const HXLicenseInfo& info) {
-    if (loaded == HXLicenseStatus::Valid && QDate::currentDate() > info.expires) return HXLicenseStatus::Expired;
+    if (loaded == HXLicenseStatus::Valid && QDate::currentDate() > info.expires)
+        return HXLicenseStatus::Expired;
     return loaded;
 }
 
@@ -68,16 +69,22 @@ HXLicenseStatus initializeFromText(const QByteArray& text, QString* error) {
     return verdict;
 }
 
-void reset() { store(HXLicenseStatus::Absent, HXLicenseInfo()); }
+void reset() {
+    store(HXLicenseStatus::Absent, HXLicenseInfo());
+}
 
 HXLicenseStatus status() {
     QMutexLocker lock(&state().mutex);
     return judge(state().loaded, state().info);
 }
 
-bool isValid() { return status() == HXLicenseStatus::Valid; }
+bool isValid() {
+    return status() == HXLicenseStatus::Valid;
+}
 
-bool hasFeature(const QString& feature) { return isValid() && info().features.contains(feature); }
+bool hasFeature(const QString& feature) {
+    return isValid() && info().features.contains(feature);
+}
 
 HXLicenseInfo info() {
     QMutexLocker lock(&state().mutex);
@@ -86,15 +93,20 @@ HXLicenseInfo info() {
 
 QString statusText(HXLicenseStatus status) {
     switch (status) {
-    case HXLicenseStatus::Valid: return QCoreApplication::translate("HXLicense", "Valid licence");
-    case HXLicenseStatus::Absent: return QCoreApplication::translate("HXLicense", "No licence");
-    case HXLicenseStatus::Malformed: return QCoreApplication::translate("HXLicense", "Not a licence file");
-    case HXLicenseStatus::UnsupportedVersion:
-        return QCoreApplication::translate("HXLicense", "Licence file of an unsupported version");
-    case HXLicenseStatus::BadSignature: return QCoreApplication::translate("HXLicense", "Licence signature invalid");
-    case HXLicenseStatus::WrongMachine:
-        return QCoreApplication::translate("HXLicense", "Licence bound to another machine");
-    case HXLicenseStatus::Expired: return QCoreApplication::translate("HXLicense", "Licence expired");
+        case HXLicenseStatus::Valid:
+            return QCoreApplication::translate("HXLicense", "Valid licence");
+        case HXLicenseStatus::Absent:
+            return QCoreApplication::translate("HXLicense", "No licence");
+        case HXLicenseStatus::Malformed:
+            return QCoreApplication::translate("HXLicense", "Not a licence file");
+        case HXLicenseStatus::UnsupportedVersion:
+            return QCoreApplication::translate("HXLicense", "Licence file of an unsupported version");
+        case HXLicenseStatus::BadSignature:
+            return QCoreApplication::translate("HXLicense", "Licence signature invalid");
+        case HXLicenseStatus::WrongMachine:
+            return QCoreApplication::translate("HXLicense", "Licence bound to another machine");
+        case HXLicenseStatus::Expired:
+            return QCoreApplication::translate("HXLicense", "Licence expired");
     }
     return QString();
 }
@@ -107,8 +119,12 @@ bool setTrustedPublicKey(const QByteArray& pem) {
     return true;
 }
 
-QByteArray trustedPublicKey() { return trustedKey().publicKeyPem(); }
+QByteArray trustedPublicKey() {
+    return trustedKey().publicKeyPem();
+}
 
-QString machineId() { return QString::fromLatin1(QSysInfo::machineUniqueId()); }
+QString machineId() {
+    return QString::fromLatin1(QSysInfo::machineUniqueId());
+}
 
 }  // namespace HXLicense

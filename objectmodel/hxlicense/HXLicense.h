@@ -5,11 +5,11 @@
 // public key: the one compiled in (HX_LICENSE_PUBLIC_KEY_FILE at build time) unless the host or a test
 // trusts another with setTrustedPublicKey before loading. Expiry is judged against today's date on
 // every query, so a licence that runs out while the program runs turns Expired.
-#include "HXLicenseInfo.h"
-#include "HXLicenseStatus.h"
-
 #include <QByteArray>
 #include <QString>
+
+#include "HXLicenseInfo.h"
+#include "HXLicenseStatus.h"
 
 namespace HXLicense {
 

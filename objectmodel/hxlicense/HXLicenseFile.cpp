@@ -9,7 +9,9 @@ const QByteArray kHeader = "HXMapControls licence ";
 const QByteArray kSignaturePrefix = "signature ed25519 ";
 const int kSignatureBytes = 64;
 
-QByteArray headerLine() { return kHeader + QByteArray::number(HXLicenseFile::kVersion) + '\n'; }
+QByteArray headerLine() {
+    return kHeader + QByteArray::number(HXLicenseFile::kVersion) + '\n';
+}
 
 HXLicenseStatus fail(HXLicenseStatus status, const QString& reason, QString* error) {
     if (error) *error = reason;
@@ -38,8 +40,8 @@ QByteArray HXLicenseFile::issue(const HXLicenseInfo& info, const HXLicenseKey& p
     return signedPart + kSignaturePrefix + signature.toBase64() + '\n';
 }
 
-HXLicenseStatus HXLicenseFile::read(const QByteArray& text, const HXLicenseKey& trustedKey, HXLicenseInfo* info,
-                                    QString* error) {
+HXLicenseStatus HXLicenseFile::read(const QByteArray& text, const HXLicenseKey& trustedKey,
+                                    HXLicenseInfo* info, QString* error) {
     const QList<QByteArray> lines = licenceLines(text);
     if (lines.isEmpty() || !lines.first().startsWith(kHeader))
         return fail(HXLicenseStatus::Malformed, "not a licence file", error);
@@ -47,8 +49,8 @@ HXLicenseStatus HXLicenseFile::read(const QByteArray& text, const HXLicenseKey& 
     const int version = lines.first().mid(kHeader.size()).trimmed().toInt(&numeric);
     if (!numeric) return fail(HXLicenseStatus::Malformed, "no format version", error);
     if (version != kVersion)
-        return fail(HXLicenseStatus::UnsupportedVersion, QString("format version %1 is not supported").arg(version),
-                    error);
+        return fail(HXLicenseStatus::UnsupportedVersion,
+                    QString("format version %1 is not supported").arg(version), error);
     if (lines.size() < 3 || !lines.last().startsWith(kSignaturePrefix))
         return fail(HXLicenseStatus::Malformed, "no signature line (truncated?)", error);
 
@@ -59,14 +61,17 @@ HXLicenseStatus HXLicenseFile::read(const QByteArray& text, const HXLicenseKey& 
     const QList<QByteArray> signedLines = lines.mid(0, lines.size() - 1);
     if (!trustedKey.verify(joinLines(signedLines), decoded.decoded))
         return fail(HXLicenseStatus::BadSignature,
-                    "the signature does not match: the licence was altered or signed by an untrusted key", error);
+                    "the signature does not match: the licence was altered or signed by an untrusted key",
+                    error);
 
     QJsonParseError parseError;
     const QJsonDocument payload = QJsonDocument::fromJson(joinLines(signedLines.mid(1)), &parseError);
-    if (!payload.isObject()) return fail(HXLicenseStatus::Malformed, "the payload is not a JSON object", error);
+    if (!payload.isObject())
+        return fail(HXLicenseStatus::Malformed, "the payload is not a JSON object", error);
     QString fieldError;
     const HXLicenseInfo read = HXLicenseInfo::fromJson(payload.object(), &fieldError);
-    if (!fieldError.isEmpty()) return fail(HXLicenseStatus::Malformed, "the payload has " + fieldError, error);
+    if (!fieldError.isEmpty())
+        return fail(HXLicenseStatus::Malformed, "the payload has " + fieldError, error);
     if (info) *info = read;
     return HXLicenseStatus::Valid;
 }

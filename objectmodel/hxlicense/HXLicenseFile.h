@@ -8,11 +8,11 @@
 // The signature covers every line above the signature line, each ended by a line feed (carriage
 // returns are dropped first, so a file that went through a Windows editor still verifies). Reading
 // checks the form and the signature before it trusts a byte of the payload.
+#include <QByteArray>
+
 #include "HXLicenseInfo.h"
 #include "HXLicenseKey.h"
 #include "HXLicenseStatus.h"
-
-#include <QByteArray>
 
 class HXLicenseFile {
 public:

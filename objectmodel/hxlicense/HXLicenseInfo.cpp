@@ -28,10 +28,14 @@ HXLicenseInfo HXLicenseInfo::fromJson(const QJsonObject& json, QString* error) {
     info.expires = dateField(json, "expires");
     info.machine = json.value("machine").toString();
     QString problem;
-    if (licensee.isEmpty()) problem = "no licensee";
-    else if (!info.issued.isValid()) problem = "no valid issue date";
-    else if (!info.expires.isValid()) problem = "no valid expiry date";
-    else if (!features.isArray()) problem = "no feature list";
+    if (licensee.isEmpty())
+        problem = "no licensee";
+    else if (!info.issued.isValid())
+        problem = "no valid issue date";
+    else if (!info.expires.isValid())
+        problem = "no valid expiry date";
+    else if (!features.isArray())
+        problem = "no feature list";
     if (!problem.isEmpty()) {
         if (error) *error = problem;
         return HXLicenseInfo();

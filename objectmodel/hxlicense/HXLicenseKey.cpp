@@ -31,7 +31,8 @@ QString lastCryptoError() {
 
 }  // namespace
 
-HXLicenseKey::HXLicenseKey(evp_pkey_st* key, bool isPrivate) : mKey(key, &EVP_PKEY_free), mPrivate(isPrivate) {}
+HXLicenseKey::HXLicenseKey(evp_pkey_st* key, bool isPrivate)
+    : mKey(key, &EVP_PKEY_free), mPrivate(isPrivate) {}
 
 HXLicenseKey HXLicenseKey::generate() {
     EVP_PKEY* key = EVP_PKEY_Q_keygen(nullptr, nullptr, "ED25519");
@@ -59,9 +60,13 @@ HXLicenseKey HXLicenseKey::fromPem(const QByteArray& pem, QString* error) {
     return HXLicenseKey(key, isPrivate);
 }
 
-bool HXLicenseKey::isNull() const { return !mKey; }
+bool HXLicenseKey::isNull() const {
+    return !mKey;
+}
 
-bool HXLicenseKey::isPrivate() const { return mKey && mPrivate; }
+bool HXLicenseKey::isPrivate() const {
+    return mKey && mPrivate;
+}
 
 QByteArray HXLicenseKey::publicKeyPem() const {
     if (!mKey) return QByteArray();
@@ -101,10 +106,11 @@ QByteArray HXLicenseKey::sign(const QByteArray& message) const {
 bool HXLicenseKey::verify(const QByteArray& message, const QByteArray& signature) const {
     if (!mKey) return false;
     DigestContext context(EVP_MD_CTX_new(), &EVP_MD_CTX_free);
-    const bool ok = context &&
-        EVP_DigestVerifyInit(context.get(), nullptr, nullptr, nullptr, mKey.get()) == 1 &&
+    const bool ok =
+        context && EVP_DigestVerifyInit(context.get(), nullptr, nullptr, nullptr, mKey.get()) == 1 &&
         EVP_DigestVerify(context.get(), reinterpret_cast<const unsigned char*>(signature.constData()),
-                         size_t(signature.size()), reinterpret_cast<const unsigned char*>(message.constData()),
+                         size_t(signature.size()),
+                         reinterpret_cast<const unsigned char*>(message.constData()),
                          size_t(message.size())) == 1;
     ERR_clear_error();
     return ok;

@@ -35,7 +35,8 @@ private slots:
         QDesignerCustomWidgetInterface* widget = Widget(name);
         QVERIFY(widget);
         QCOMPARE(widget->includeFile(), name + ".h");
-        QVERIFY2(widget->domXml().contains(QString("<widget class=\"%1\"").arg(name)), qPrintable(widget->domXml()));
+        QVERIFY2(widget->domXml().contains(QString("<widget class=\"%1\"").arg(name)),
+                 qPrintable(widget->domXml()));
         QWidget form;
         QWidget* made = widget->createWidget(&form);
         QVERIFY(made);
@@ -47,7 +48,8 @@ private slots:
     void viewModeTakesEffectAtCreation() {
         QWidget form;
         QWidget* made = Widget("HXMapCanvasFrame")->createWidget(&form);
-        const QMetaProperty mode = made->metaObject()->property(made->metaObject()->indexOfProperty("viewMode"));
+        const QMetaProperty mode =
+            made->metaObject()->property(made->metaObject()->indexOfProperty("viewMode"));
         QVERIFY(mode.isEnumType() && mode.isWritable());
         QVERIFY(made->setProperty("viewMode", HXMapCanvas::PageLayoutMode));
         QVERIFY(made->setProperty("waterMark", false));

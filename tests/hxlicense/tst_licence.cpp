@@ -58,26 +58,27 @@ private slots:
         QTest::newRow("last valid day") << 0 << "" << false << none << none << -1 << S::Valid;
         QTest::newRow("expired yesterday") << -1 << "" << false << none << none << -1 << S::Expired;
         QTest::newRow("bound to this machine") << 30 << here << false << none << none << -1 << S::Valid;
-        QTest::newRow("bound to another machine") << 30 << "0123abcd" << false << none << none << -1
-                                                  << S::WrongMachine;
-        QTest::newRow("CRLF line ends") << 30 << "" << false << QByteArray("\n") << QByteArray("\r\n") << -1
-                                        << S::Valid;
-        QTest::newRow("licensee altered") << 30 << "" << false << QByteArray("Acme") << QByteArray("Acne") << -1
-                                          << S::BadSignature;
+        QTest::newRow("bound to another machine")
+            << 30 << "0123abcd" << false << none << none << -1 << S::WrongMachine;
+        QTest::newRow("CRLF line ends")
+            << 30 << "" << false << QByteArray("\n") << QByteArray("\r\n") << -1 << S::Valid;
+        QTest::newRow("licensee altered")
+            << 30 << "" << false << QByteArray("Acme") << QByteArray("Acne") << -1 << S::BadSignature;
         QTest::newRow("feature added") << 30 << "" << false << QByteArray("\"edit\"")
                                        << QByteArray("\"edit\", \"admin\"") << -1 << S::BadSignature;
-        QTest::newRow("expired, date moved on") << -1 << "" << false
-                                                << QDate::currentDate().addDays(-1).toString(Qt::ISODate).toLatin1()
-                                                << QByteArray("2099-12-31") << -1 << S::BadSignature;
-        QTest::newRow("signed by an untrusted key") << 30 << "" << true << none << none << -1 << S::BadSignature;
+        QTest::newRow("expired, date moved on")
+            << -1 << "" << false << QDate::currentDate().addDays(-1).toString(Qt::ISODate).toLatin1()
+            << QByteArray("2099-12-31") << -1 << S::BadSignature;
+        QTest::newRow("signed by an untrusted key")
+            << 30 << "" << true << none << none << -1 << S::BadSignature;
         QTest::newRow("truncated in the payload") << 30 << "" << false << none << none << 60 << S::Malformed;
         QTest::newRow("signature cut short") << 30 << "" << false << none << none << -12 << S::Malformed;
-        QTest::newRow("signature not base64") << 30 << "" << false << QByteArray("ed25519 ")
-                                              << QByteArray("ed25519 *") << -1 << S::Malformed;
-        QTest::newRow("newer format") << 30 << "" << false << QByteArray("licence 1") << QByteArray("licence 2")
-                                      << -1 << S::UnsupportedVersion;
-        QTest::newRow("no format version") << 30 << "" << false << QByteArray("licence 1")
-                                           << QByteArray("licence x") << -1 << S::Malformed;
+        QTest::newRow("signature not base64")
+            << 30 << "" << false << QByteArray("ed25519 ") << QByteArray("ed25519 *") << -1 << S::Malformed;
+        QTest::newRow("newer format") << 30 << "" << false << QByteArray("licence 1")
+                                      << QByteArray("licence 2") << -1 << S::UnsupportedVersion;
+        QTest::newRow("no format version")
+            << 30 << "" << false << QByteArray("licence 1") << QByteArray("licence x") << -1 << S::Malformed;
         QTest::newRow("empty") << 30 << "" << false << none << none << 0 << S::Malformed;
     }
 
@@ -89,7 +90,8 @@ private slots:
         QFETCH(QByteArray, to);
         QFETCH(int, keepBytes);
         QFETCH(HXLicenseStatus, expected);
-        QByteArray text = HXLicenseFile::issue(Grant(daysLeft, machine), signedByStranger ? mStranger : mIssuer);
+        QByteArray text =
+            HXLicenseFile::issue(Grant(daysLeft, machine), signedByStranger ? mStranger : mIssuer);
         QVERIFY(!text.isEmpty());
         text = Replaced(text, from, to);
         if (keepBytes >= 0) text.truncate(keepBytes);
@@ -137,7 +139,8 @@ private slots:
 
     void trustedKeyIsAPublicEd25519Key() {
         const QByteArray trusted = HXLicense::trustedPublicKey();
-        QVERIFY(!HXLicense::setTrustedPublicKey("-----BEGIN PUBLIC KEY-----\nAAAA\n-----END PUBLIC KEY-----\n"));
+        QVERIFY(
+            !HXLicense::setTrustedPublicKey("-----BEGIN PUBLIC KEY-----\nAAAA\n-----END PUBLIC KEY-----\n"));
         QVERIFY(!HXLicense::setTrustedPublicKey(mStranger.privateKeyPem()));
         QCOMPARE(HXLicense::trustedPublicKey(), trusted);
         // The key compiled in trusts neither test key.
@@ -161,8 +164,8 @@ private slots:
         QCOMPARE(run({"keygen", key, pub}), 0);
         QCOMPARE(QFile(key).permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
         QCOMPARE(run({"keygen", key, pub}), 1);  // never over an existing private key
-        QCOMPARE(run({"issue", "--key", key, "--licensee", "Acme", "--expires", "2099-12-31", "--feature", "print",
-                      lic}),
+        QCOMPARE(run({"issue", "--key", key, "--licensee", "Acme", "--expires", "2099-12-31", "--feature",
+                      "print", lic}),
                  0);
         QCOMPARE(run({"issue", "--key", pub, "--licensee", "Acme", "--expires", "2099-12-31", lic}), 1);
         QCOMPARE(run({"verify", "--key", pub, lic}), 0);

@@ -14,8 +14,8 @@ const QColor kMapColour(10, 200, 30);
 
 bool ShowsMap(HXMapWidget* widget) {
     const QImage shown = widget->grab().toImage();
-    return shown.pixelColor(5, 5) == kMapColour && shown.pixelColor(widget->width() / 2, widget->height() / 2) ==
-                                                       kMapColour;
+    return shown.pixelColor(5, 5) == kMapColour &&
+           shown.pixelColor(widget->width() / 2, widget->height() / 2) == kMapColour;
 }
 
 }  // namespace

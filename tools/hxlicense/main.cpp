@@ -1,8 +1,7 @@
 // hxlicense: the licence issuer's tool.
 //   hxlicense keygen PRIVATE.pem PUBLIC.pem
-//   hxlicense issue --key PRIVATE.pem --licensee NAME --expires YYYY-MM-DD [--feature F]... [--machine ID] OUT
-//   hxlicense verify --key PUBLIC.pem FILE
-//   hxlicense machine-id
+//   hxlicense issue --key PRIVATE.pem --licensee NAME --expires YYYY-MM-DD [--feature F]... [--machine ID]
+//   OUT hxlicense verify --key PUBLIC.pem FILE hxlicense machine-id
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QFile>
@@ -57,7 +56,8 @@ int keygen(const QStringList& args) {
     if (key.isNull()) return fail("cannot generate an Ed25519 key");
     if (!writeFile(args[0], key.privateKeyPem(), true))
         return fail(QString("cannot write '%1' (it must not exist yet)").arg(args[0]));
-    if (!writeFile(args[1], key.publicKeyPem(), false)) return fail(QString("cannot write '%1'").arg(args[1]));
+    if (!writeFile(args[1], key.publicKeyPem(), false))
+        return fail(QString("cannot write '%1'").arg(args[1]));
     return 0;
 }
 
@@ -89,7 +89,8 @@ int verify(const QCommandLineParser& parser, const QStringList& args) {
     }
     QString error;
     const HXLicenseStatus status = HXLicense::initialize(args[0], &error);
-    QTextStream(stdout) << HXLicense::statusText(status) << (error.isEmpty() ? QString() : ": " + error) << Qt::endl;
+    QTextStream(stdout) << HXLicense::statusText(status) << (error.isEmpty() ? QString() : ": " + error)
+                        << Qt::endl;
     return status == HXLicenseStatus::Valid ? 0 : 1;
 }
 
