@@ -46,9 +46,15 @@ class HOTool;
 
 class HXMAPCONTROLS_EXPORT HXMapCanvas : public QWidget, public HXObjects::HOToolBuddy {
     Q_OBJECT
+    // What a form author sets. The view mode is chosen at construction, so it is only read here
+    // (HXMapCanvasFrame makes it settable in forms).
+    Q_PROPERTY(ViewMode viewMode READ getViewMode CONSTANT)
+    Q_PROPERTY(double wheelFactor READ wheelFactor WRITE setWheelFactor)
+    Q_PROPERTY(bool scaleLocked READ isScaleLocked WRITE setScaleLocked)
 
 public:
     enum ViewMode { PageLayoutMode = 0, MapViewMode = 1, ReservedMode = 2 };
+    Q_ENUM(ViewMode)
 
     HXMapCanvas(ViewMode mode, QWidget* parent);
     ~HXMapCanvas() override;
@@ -89,7 +95,9 @@ public:
     void setMagnificationFactor(double factor);
     double rotation() const;
     void setScaleLocked(bool locked);
+    bool isScaleLocked() const { return mScaleLocked; }
     void setWheelFactor(double factor);
+    double wheelFactor() const { return mWheelFactor; }
     void ScaleChanged() override;
     void scaleChangedCallback(void* sender, HXObjects::HOEvent* event);
     void viewBoundChangedCallback(void* sender, HXObjects::HOEvent* event);

@@ -11,6 +11,7 @@
 #include "HOMap.h"
 #include "HOMapView.h"
 #include "HOPageLayoutView.h"
+#include "HXLicense.h"
 #include "HXMapCanvas.h"
 
 using namespace HXObjects;
@@ -173,9 +174,11 @@ void HXMapWidget::removeNotice(HXNoticeItem* item) {
     delete item;
 }
 
-// This build carries no licence service: a check the host asks for finds no licence.
+// With the licence flag set, the map is shown only while the process holds a valid licence (loaded by
+// the host through HXLicense); an absent, forged, altered or expired one hides it for good. The check
+// reads the licence state from memory, so it never touches a file on the GUI thread.
 void HXMapWidget::slotCheckLic() {
-    if (!mLicenseFlag || !mLicensed) return;
+    if (!mLicenseFlag || !mLicensed || HXLicense::isValid()) return;
     mLicensed = false;
     update();
 }
