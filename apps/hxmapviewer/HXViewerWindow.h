@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <atomic>
 
+class QAction;
 class QActionGroup;
 class QMenu;
 class HXCommandDock;
@@ -46,6 +47,8 @@ public slots:
     void openWithPrompt();
     void chooseCoordinateSystem();
     void zoomToFullExtent();
+    // View > Grid: the grid and rulers that suit the map's coordinate system.
+    void setGridShown(bool shown);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -58,6 +61,7 @@ private:
     bool openSource(const QString& source);
     void bindIdentifyTool();
     void restoreSettings();
+    void applyGrid();
     void onRenderFinished(void* sender, HXObjects::HOEvent* event);
     void onIdentified(void* sender, HXObjects::HOEvent* event);
 
@@ -68,6 +72,7 @@ private:
     HXCommandDock* mCommand;
     QActionGroup* mToolGroup = nullptr;
     QMenu* mRecentMenu = nullptr;
+    QAction* mGridAction = nullptr;
     QStringList mErrors;
     HXObjects::HOToolIdentify* mIdentifyTool = nullptr;
     std::atomic<int> mRendersFinished{0};

@@ -1,6 +1,6 @@
 // hxmapviewer: a small desktop map viewer built on HXMapCanvas.
 //   hxmapviewer [FILE...]
-//   hxmapviewer --screenshot out.png [--size 1280x800] [--crs EPSG:4490] [FILE...]
+//   hxmapviewer --screenshot out.png [--size 1280x800] [--crs EPSG:4490] [--grid] [FILE...]
 #include "HXViewerWindow.h"
 
 #include <QApplication>
@@ -58,11 +58,13 @@ int main(int argc, char** argv) {
     QCommandLineOption screenshot("screenshot", "Render, write the window to a PNG and exit.", "out.png");
     QCommandLineOption size("size", "Window size for the screenshot.", "WxH", "1280x800");
     QCommandLineOption crs("crs", "The map's coordinate system (EPSG code, WKT or PROJ).", "definition");
-    parser.addOptions({screenshot, size, crs});
+    QCommandLineOption grid("grid", "Show the map's grid and rulers (View > Grid).");
+    parser.addOptions({screenshot, size, crs, grid});
     parser.process(app);
 
     HXViewerWindow window;
     if (parser.isSet(crs)) window.setCoordinateSystem(parser.value(crs));
+    if (parser.isSet(grid)) window.setGridShown(true);
     if (parser.isSet(screenshot)) {
         const QSize wanted = parseSize(parser.value(size));
         window.resize(wanted.isValid() ? wanted : QSize(1280, 800));

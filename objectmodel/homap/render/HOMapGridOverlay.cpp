@@ -15,6 +15,7 @@ namespace HXObjects {
 
 namespace {
 
+constexpr double kOuterMargin = 1.0;  // keeps the outer frame line on the surface
 constexpr double kMetresPerArcSecond = 2.0 * M_PI * HOMapScale::kEarthRadius / (360.0 * 3600.0);
 
 // One grid to draw: its lattice in grid coordinates, how it looks, how its values read.
@@ -181,19 +182,20 @@ void HOMapGridOverlay::Draw(QPainter& painter, const HOMapRulerAndGrid& s, const
         plans.push_back(std::move(bl));
     }
 
-    QRectF inner(0, 0, target.size.width, target.size.height);
+    // Lines are computed across the whole surface, so that they meet every ruler's frame, and drawn
+    // inside the innermost one.
+    const QRectF whole(0, 0, target.size.width, target.size.height);
+    QRectF inner = whole;
     for (const Plan& plan : plans) {
-        if (plan.ruler) {
-            const double t = HOGridRuler(plan.look).Thickness();
-            inner.adjust(t, t, -t, -t);
-        }
+        if (!plan.ruler || !plan.projection) continue;
+        const double t = HOGridRuler(plan.look).Thickness() + (inner == whole ? kOuterMargin : 0.0);
+        inner.adjust(t, t, -t, -t);
     }
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, true);
     painter.setClipRect(inner);
-    painter.setBrush(Qt::NoBrush);
     for (Plan& plan : plans) {
-        if (!Private::layOut(plan, target, inner) || !plan.lines) continue;
+        if (!Private::layOut(plan, target, whole) || !plan.lines) continue;
         painter.setPen(plan.pen);
         for (const HOGridLine& line : plan.drawn) painter.drawPolyline(line.points);
     }
