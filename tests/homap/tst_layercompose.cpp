@@ -45,11 +45,15 @@ private slots:
         surface->SetSize(100, 100);
         view->Draw(surface);
         const QImage image = surface->Image();
-        QCOMPARE(QColor(image.pixel(20, 50)), QColor(200, 160, 100));  // the shade covers only the right half
-        const QColor got(image.pixel(80, 50));
-        const bool close = std::abs(got.red() - expected.red()) <= 2 && std::abs(got.green() - expected.green()) <= 2 &&
-                           std::abs(got.blue() - expected.blue()) <= 2;
-        QVERIFY2(close, qPrintable(QString("got %1, expected %2").arg(got.name(), expected.name())));
+        // Blending rounds: a step or two off is the same colour.
+        const auto check = [&](const QPoint& at, const QColor& wanted) {
+            const QColor got(image.pixel(at));
+            const bool close = std::abs(got.red() - wanted.red()) <= 2 && std::abs(got.green() - wanted.green()) <= 2 &&
+                               std::abs(got.blue() - wanted.blue()) <= 2;
+            if (!close) QFAIL(qPrintable(QString("got %1, expected %2").arg(got.name(), wanted.name())));
+        };
+        check({20, 50}, QColor(200, 160, 100));  // the shade covers only the right half
+        check({80, 50}, expected);
     }
 
     void opacityIsClamped_data() {

@@ -22,7 +22,7 @@ public:
     static constexpr double kMinUnitSpacing = 0.01;
     // Lines closer than this on screen smear into a tint; more than this many per direction are
     // never drawn.
-    static constexpr double kMinPixels = 24.0;
+    static constexpr double kMinPixels = 20.0;
     static constexpr double kMaxLines = 400.0;
 
     // Arc seconds.

@@ -125,7 +125,7 @@ bool HOMapGridOverlay::Private::layOut(Plan& plan, const Target& target, const Q
     plan.dy = HOGridSpacing::Thinned(plan.dy, bounds.Height(), frame.height() / bounds.Height());
     if (plan.dx <= 0.0 || plan.dy <= 0.0) return false;
     if (!std::isfinite(plan.start.x) || !std::isfinite(plan.start.y)) plan.start = HOPoint();
-    plan.drawn = lattice.Lines(bounds, plan.start, plan.dx, plan.dy);
+    plan.drawn = lattice.Lines(bounds, plan.degrees, plan.start, plan.dx, plan.dy);
     return true;
 }
 

@@ -41,9 +41,6 @@ bool HOGridLattice::Bounds(bool geographic, HORect* bounds) const {
         y1 = std::max(y1, points[i].y);
     }
     if (x0 > x1) return false;
-    // Samples miss the extremes of curved edges: widen by a sample cell.
-    const double wx = (x1 - x0) / kBoundSamples, wy = (y1 - y0) / kBoundSamples;
-    x0 -= wx, x1 += wx, y0 -= wy, y1 += wy;
     if (geographic) {
         // A pole inside the frame: every meridian meets it.
         for (const double pole : {90.0, -90.0}) {
@@ -62,16 +59,21 @@ bool HOGridLattice::Bounds(bool geographic, HORect* bounds) const {
     return x0 < x1 && y0 < y1;
 }
 
-std::vector<HOGridLine> HOGridLattice::Lines(const HORect& bounds, const HOPoint& start, double dx,
-                                             double dy) const {
+std::vector<HOGridLine> HOGridLattice::Lines(const HORect& bounds, bool geographic, const HOPoint& start,
+                                             double dx, double dy) const {
     std::vector<HOGridLine> lines;
     if (!(dx > 0.0) || !(dy > 0.0)) return lines;
-    const double count = bounds.Width() / dx + bounds.Height() / dy + 2.0;
+    // The samples of Bounds miss the extremes of curved edges: widen by a sample cell.
+    const double wx = bounds.Width() / kBoundSamples, wy = bounds.Height() / kBoundSamples;
+    HORect wide(bounds.minx - wx, bounds.maxx + wx, bounds.miny - wy, bounds.maxy + wy);
+    if (geographic) wide = HORect(std::max(wide.minx, -180.0), std::min(wide.maxx, 180.0),
+                                  std::max(wide.miny, -90.0), std::min(wide.maxy, 90.0));
+    const double count = wide.Width() / dx + wide.Height() / dy + 2.0;
     if (!(count <= 2.0 * HOGridSpacing::kMaxLines + 2.0)) return lines;
     const int segments =
         m_projection.IsIdentity() ? 1 : std::clamp(int(kPointBudget / count), kMinSegments, kMaxSegments);
-    addLines(true, start.x, dx, bounds.minx, bounds.maxx, bounds.miny, bounds.maxy, segments, lines);
-    addLines(false, start.y, dy, bounds.miny, bounds.maxy, bounds.minx, bounds.maxx, segments, lines);
+    addLines(true, start.x, dx, wide.minx, wide.maxx, wide.miny, wide.maxy, segments, lines);
+    addLines(false, start.y, dy, wide.miny, wide.maxy, wide.minx, wide.maxx, segments, lines);
     return lines;
 }
 

@@ -20,11 +20,13 @@ class HOGridLattice {
 public:
     HOGridLattice(const HOGridProjection& projection, const HODisplayTransform& transform, const QRectF& frame);
 
-    // The grid coordinates the frame covers, widened a little; false when no point of it can be
-    // carried. `geographic` clamps them to the globe and takes in a pole seen in the frame.
+    // The grid coordinates the frame covers; false when no point of it can be carried. `geographic`
+    // clamps them to the globe and takes in a pole seen in the frame.
     bool Bounds(bool geographic, HORect* bounds) const;
-    // The lines of the lattice across `bounds`; steps must be positive (HOGridSpacing::Thinned).
-    std::vector<HOGridLine> Lines(const HORect& bounds, const HOPoint& start, double dx, double dy) const;
+    // The lines of the lattice across `bounds` (a little widened); steps must be positive
+    // (HOGridSpacing::Thinned).
+    std::vector<HOGridLine> Lines(const HORect& bounds, bool geographic, const HOPoint& start, double dx,
+                                  double dy) const;
 
 private:
     // Lines at every value `from + k * step` inside [lo, hi], sampled across [across0, across1].
