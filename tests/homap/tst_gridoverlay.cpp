@@ -1,11 +1,11 @@
 // The ruler-and-grid overlay: where its lines fall on a Gauss-Krueger, a geographic and a world map
 // (checked against PROJ through OGR), the conversion of a geographic map's grid to kilometres, the
 // rulers' labels, and settings that must neither hang nor smear.
+#include <ogr_spatialref.h>
+
 #include <QElapsedTimer>
 #include <QPainter>
 #include <QtTest>
-#include <ogr_spatialref.h>
-
 #include <cmath>
 #include <functional>
 #include <memory>
@@ -23,8 +23,12 @@ namespace {
 const HOColor kGrid(255, 0, 255), kLabel(0, 0, 255), kTick(0, 150, 0);
 constexpr int kW = 800, kH = 600;
 
-bool isGrid(QRgb c) { return qRed(c) > 200 && qBlue(c) > 200 && qGreen(c) < 100; }
-bool isLabel(QRgb c) { return qBlue(c) > 150 && qRed(c) < 110 && qGreen(c) < 110; }
+bool isGrid(QRgb c) {
+    return qRed(c) > 200 && qBlue(c) > 200 && qGreen(c) < 100;
+}
+bool isLabel(QRgb c) {
+    return qBlue(c) > 150 && qRed(c) < 110 && qGreen(c) < 110;
+}
 
 HOMapRulerAndGrid lookOnly() {
     HOMapRulerAndGrid s;
@@ -147,7 +151,10 @@ private slots:
                 const auto near = [](int pixel) { return offLattice(pixel + 0.5 - 50.0, 100.0) < 1.0; };
                 const bool onLine = near(x) || near(y);
                 if (isGrid(image.pixel(x, y)) != onLine)
-                    QFAIL(qPrintable(QString("pixel %1,%2 is %3 a grid line").arg(x).arg(y).arg(onLine ? "not" : "wrongly")));
+                    QFAIL(qPrintable(QString("pixel %1,%2 is %3 a grid line")
+                                         .arg(x)
+                                         .arg(y)
+                                         .arg(onLine ? "not" : "wrongly")));
             }
     }
 
@@ -172,7 +179,8 @@ private slots:
         const Geo geo0(target);
         QPointF centre;
         QVERIFY(geo0.toDevice(lon, lat, &centre));
-        target = targetAt(crs.toLatin1().constData(), target.transform.ToMap(centre.x(), centre.y()), unitsPerPixel);
+        target = targetAt(crs.toLatin1().constData(), target.transform.ToMap(centre.x(), centre.y()),
+                          unitsPerPixel);
         const Geo geo(target);
         const QImage image = render(manualBl(seconds), target);
         const double step = seconds / 3600.0;
@@ -182,11 +190,14 @@ private slots:
         for (double k = std::floor((lon - 1) / step); k * step <= lon + 1; ++k)
             for (double t = lat - 1; t <= lat + 1; t += step / 7.0) {
                 QPointF m, p;
-                if (!geo.toDevice(k * step, t, &m) || !geo.toDevice(t - lat + lon, std::round(t / step) * step, &p)) continue;
+                if (!geo.toDevice(k * step, t, &m) ||
+                    !geo.toDevice(t - lat + lon, std::round(t / step) * step, &p))
+                    continue;
                 for (const QPointF& q : {m, p}) {
                     if (!QRectF(3, 3, kW - 6, kH - 6).contains(q)) continue;
                     ++checked;
-                    if (!gridNear(image, q)) QFAIL(qPrintable(QString("no line at %1,%2").arg(q.x()).arg(q.y())));
+                    if (!gridNear(image, q))
+                        QFAIL(qPrintable(QString("no line at %1,%2").arg(q.x()).arg(q.y())));
                 }
             }
         QVERIFY2(checked > 50, "the lattice was not in view");
@@ -200,7 +211,8 @@ private slots:
                 double l, b;
                 QVERIFY(geo.toGeo(QPointF(x + 0.5, y + 0.5), &l, &b));
                 if (std::min(offLattice(l, step), offLattice(b, step)) > tolerance)
-                    QFAIL(qPrintable(QString("grid pixel %1,%2 is off the lattice (%3, %4)").arg(x).arg(y).arg(l).arg(b)));
+                    QFAIL(qPrintable(
+                        QString("grid pixel %1,%2 is off the lattice (%3, %4)").arg(x).arg(y).arg(l).arg(b)));
             }
     }
 
@@ -215,7 +227,8 @@ private slots:
             for (int x = 0; x < kW; ++x) {
                 if (!isGrid(image.pixel(x, y))) continue;
                 const double ex = (x + 0.5 - kW / 2.0) / (a + 2), ey = (y + 0.5 - kH / 2.0) / (b + 2);
-                if (ex * ex + ey * ey > 1.0) QFAIL(qPrintable(QString("line outside the world at %1,%2").arg(x).arg(y)));
+                if (ex * ex + ey * ey > 1.0)
+                    QFAIL(qPrintable(QString("line outside the world at %1,%2").arg(x).arg(y)));
                 ++inside;
             }
         QVERIFY(inside > 2000);
@@ -240,13 +253,15 @@ private slots:
         geo.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
         std::unique_ptr<OGRCoordinateTransformation> toGeo(OGRCreateCoordinateTransformation(&gk, &geo));
         double x = 117.3, y = 30.2;
-        std::unique_ptr<OGRCoordinateTransformation>(OGRCreateCoordinateTransformation(&geo, &gk))->Transform(1, &x, &y);
+        std::unique_ptr<OGRCoordinateTransformation>(OGRCreateCoordinateTransformation(&geo, &gk))
+            ->Transform(1, &x, &y);
         for (double e = std::ceil(x / 1000 - 1) * 1000; e < x + 1000; e += 1000) {
             double lon = e, lat = y;
             QVERIFY(toGeo->Transform(1, &lon, &lat));
             const HOPoint d = target.transform.ToDevice(HOPoint(lon, lat));
             QVERIFY(d.x > 0 && d.x < kW);
-            QVERIFY2(gridNear(image, QPointF(d.x, d.y)), qPrintable(QString("no km line at easting %1").arg(e)));
+            QVERIFY2(gridNear(image, QPointF(d.x, d.y)),
+                     qPrintable(QString("no km line at easting %1").arg(e)));
         }
     }
 
@@ -285,22 +300,29 @@ private slots:
         QTest::addColumn<HOMapRulerAndGrid>("settings");
         QTest::addColumn<QString>("crs");
         QTest::addColumn<bool>("anyLines");
-        QTest::newRow("zero km spacing") << manualKm(0, 0) << "EPSG:4509" << false;
-        QTest::newRow("negative km spacing") << manualKm(-1000, -5) << "EPSG:4509" << false;
-        QTest::newRow("km spacing of a millimetre") << manualKm(0.001, 0.001) << "EPSG:4509" << true;
-        QTest::newRow("km start far outside") << manualKm(1000, 1000, -1e12, 7e11) << "EPSG:4509" << true;
-        QTest::newRow("km spacing not a number") << manualKm(std::nan(""), 1000) << "EPSG:4509" << false;
-        QTest::newRow("bl spacing of a hundredth second") << manualBl(0.01) << "EPSG:4509" << true;
-        QTest::newRow("zero bl spacing") << manualBl(0) << "EPSG:4490" << false;
-        QTest::newRow("bl without a coordinate system") << manualBl(600) << "" << false;
+        QTest::addColumn<double>("unitsPerPixel");
+        QTest::newRow("zero km spacing") << manualKm(0, 0) << "EPSG:4509" << false << 500.0;
+        QTest::newRow("negative km spacing") << manualKm(-1000, -5) << "EPSG:4509" << false << 500.0;
+        QTest::newRow("km spacing of a millimetre") << manualKm(0.001, 0.001) << "EPSG:4509" << true << 500.0;
+        QTest::newRow("km start far outside")
+            << manualKm(1000, 1000, -1e12, 7e11) << "EPSG:4509" << true << 500.0;
+        QTest::newRow("km spacing not a number")
+            << manualKm(std::nan(""), 1000) << "EPSG:4509" << false << 500.0;
+        QTest::newRow("bl spacing of a hundredth second") << manualBl(0.01) << "EPSG:4509" << true << 500.0;
+        QTest::newRow("zero bl spacing") << manualBl(0) << "EPSG:4490" << false << 0.01;
+        QTest::newRow("bl without a coordinate system") << manualBl(600) << "" << false << 500.0;
+        // A Gauss-Krueger zone seen as a whole world: far from its meridian the projection means nothing.
+        QTest::newRow("gauss-krueger zoomed out to the world")
+            << manualBl(30 * 3600) << "EPSG:4509" << true << 60000.0;
     }
     void badSettingsNeitherHangNorSmear() {
         QFETCH(HOMapRulerAndGrid, settings);
         QFETCH(QString, crs);
         QFETCH(bool, anyLines);
+        QFETCH(double, unitsPerPixel);
         const bool geographic = crs == "EPSG:4490";
         const auto target = targetAt(crs.isEmpty() ? nullptr : crs.toLatin1().constData(),
-                                     geographic ? HOPoint(117, 30) : HOPoint(500000, 3300000), geographic ? 0.01 : 500.0);
+                                     geographic ? HOPoint(117, 30) : HOPoint(500000, 3300000), unitsPerPixel);
         QElapsedTimer timer;
         timer.start();
         const int n = gridPixels(render(settings, target));

@@ -48,7 +48,8 @@ private slots:
         // Blending rounds: a step or two off is the same colour.
         const auto check = [&](const QPoint& at, const QColor& wanted) {
             const QColor got(image.pixel(at));
-            const bool close = std::abs(got.red() - wanted.red()) <= 2 && std::abs(got.green() - wanted.green()) <= 2 &&
+            const bool close = std::abs(got.red() - wanted.red()) <= 2 &&
+                               std::abs(got.green() - wanted.green()) <= 2 &&
                                std::abs(got.blue() - wanted.blue()) <= 2;
             if (!close) QFAIL(qPrintable(QString("got %1, expected %2").arg(got.name(), wanted.name())));
         };

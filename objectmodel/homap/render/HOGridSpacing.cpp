@@ -21,8 +21,8 @@ double roundUp(double minimum, const double* steps, int count) {
 }  // namespace
 
 double HOGridSpacing::AutoAngle(double scaleDenominator, double metresPerArcSecond) {
-    static const double ladder[] = {1,    2,    5,     10,    20,    30,    60,     120,    300,   600,
-                                    1200, 1800, 3600,  7200,  18000, 36000, 54000,  108000};
+    static const double ladder[] = {1,   2,    5,    10,   20,   30,    60,    120,   300,
+                                    600, 1200, 1800, 3600, 7200, 18000, 36000, 54000, 108000};
     if (!(scaleDenominator > 0.0) || !(metresPerArcSecond > 0.0)) return ladder[12];
     const double wanted = scaleDenominator * kMinSheetSpacing / metresPerArcSecond;
     for (const double angle : ladder) {
@@ -50,7 +50,8 @@ double HOGridSpacing::Thinned(double step, double span, double pixelsPerUnit) {
     for (double power = 1.0; power < 1e18; power *= 10.0) {
         for (const double f : factors) {
             const double thinned = step * f * power;
-            if (std::abs(span) / thinned <= kMaxLines && thinned * pixelsPerUnit >= kMinPixels) return thinned;
+            if (std::abs(span) / thinned <= kMaxLines && thinned * pixelsPerUnit >= kMinPixels)
+                return thinned;
         }
     }
     return 0.0;

@@ -5,11 +5,11 @@
 #include <vector>
 
 #include "HOCoordinateSystem.h"
+#include "HOGridSpacing.h"
+#include "HOMapScale.h"
 #include "render/private/HOGridLattice.h"
 #include "render/private/HOGridProjection.h"
 #include "render/private/HOGridRuler.h"
-#include "HOGridSpacing.h"
-#include "HOMapScale.h"
 
 namespace HXObjects {
 
@@ -38,12 +38,16 @@ QString dms(double degrees, bool longitude) {
     const double s = (hundredths % 6000) / 100.0;
     QString text = QString::number(d) + QChar(0x00B0);
     if (m != 0 || s != 0.0) text += QString("%1").arg(m, 2, 10, QChar('0')) + QChar(0x2032);
-    if (s != 0.0) text += QString("%1").arg(s, s == std::floor(s) ? 2 : 5, 'f', s == std::floor(s) ? 0 : 2, QChar('0')) + QChar(0x2033);
+    if (s != 0.0)
+        text +=
+            QString("%1").arg(s, s == std::floor(s) ? 2 : 5, 'f', s == std::floor(s) ? 0 : 2, QChar('0')) +
+            QChar(0x2033);
     return text + hemisphere;
 }
 
 QString kilometres(double metres, double stepMetres) {
-    const int decimals = stepMetres >= 1000.0 ? 0 : std::min(3, int(std::ceil(-std::log10(stepMetres / 1000.0) - 1e-9)));
+    const int decimals =
+        stepMetres >= 1000.0 ? 0 : std::min(3, int(std::ceil(-std::log10(stepMetres / 1000.0) - 1e-9)));
     return QString::number(metres / 1000.0, 'f', decimals);
 }
 
@@ -63,8 +67,8 @@ QPen linePen(double width, const HOColor& color) {
 class HOMapGridOverlay::Private {
 public:
     // The projection of a kind for the system, made once per system (and zone).
-    const HOGridProjection* projection(const HORefPtr<HOCoordinateSystem>& system, HOGridProjection::Kind kind,
-                                       double meridian = 0.0);
+    const HOGridProjection* projection(const HORefPtr<HOCoordinateSystem>& system,
+                                       HOGridProjection::Kind kind, double meridian = 0.0);
     void planKilometres(const HOMapRulerAndGrid& s, Plan& plan, double scale, double metresPerUnit) const;
     void planDegrees(const HOMapRulerAndGrid& s, Plan& plan, double scale, double latitude) const;
     // Fixes the spacing for the view and computes the lines; false when nothing can be drawn.
@@ -75,7 +79,7 @@ public:
 };
 
 const HOGridProjection* HOMapGridOverlay::Private::projection(const HORefPtr<HOCoordinateSystem>& wanted,
-                                                            HOGridProjection::Kind kind, double meridian) {
+                                                              HOGridProjection::Kind kind, double meridian) {
     if (wanted.get() != system.get()) {
         projections.clear();
         system = wanted;
@@ -105,7 +109,8 @@ void HOMapGridOverlay::Private::planKilometres(const HOMapRulerAndGrid& s, Plan&
 void HOMapGridOverlay::Private::planDegrees(const HOMapRulerAndGrid& s, Plan& plan, double scale,
                                             double latitude) const {
     plan.degrees = true;
-    plan.start = HOPoint(s.get_bl_grid_x_start_position() / 3600.0, s.get_bl_grid_y_start_position() / 3600.0);
+    plan.start =
+        HOPoint(s.get_bl_grid_x_start_position() / 3600.0, s.get_bl_grid_y_start_position() / 3600.0);
     if (s.get_manually_set_bl_grid_distanse()) {
         plan.dx = s.get_bl_grid_x_distance() / 3600.0;
         plan.dy = s.get_bl_grid_y_distance() / 3600.0;
@@ -138,7 +143,8 @@ bool HOMapGridOverlay::IsEnabled(const HOMapRulerAndGrid& settings) {
 }
 
 void HOMapGridOverlay::Draw(QPainter& painter, const HOMapRulerAndGrid& s, const Target& target) {
-    if (!IsEnabled(s) || target.size.width <= 0 || target.size.height <= 0 || !(target.transform.unitsPerPixel > 0.0))
+    if (!IsEnabled(s) || target.size.width <= 0 || target.size.height <= 0 ||
+        !(target.transform.unitsPerPixel > 0.0))
         return;
     std::lock_guard<std::mutex> lock(m_mutex);
     const HORefPtr<HOCoordinateSystem>& system = target.system;

@@ -26,15 +26,16 @@ bool HillshadeWriter::write(const QString& demPath, const QString& path, QString
     const Dataset dem(GDALOpen(demPath.toUtf8().constData(), GA_ReadOnly));
     if (!dem) return failed(error, path, "cannot read the DEM");
     CPLStringList arguments;
-    for (const char* a : {"-multidirectional", "-z", "2", "-compute_edges", "-of", "GTiff", "-co", "TILED=YES",
-                          "-co", "COMPRESS=DEFLATE"})
+    for (const char* a : {"-multidirectional", "-z", "2", "-compute_edges", "-of", "GTiff", "-co",
+                          "TILED=YES", "-co", "COMPRESS=DEFLATE"})
         arguments.AddString(a);
     GDALDEMProcessingOptions* options = GDALDEMProcessingOptionsNew(arguments.List(), nullptr);
     if (!options) return failed(error, path, "bad hillshade options");
     QFile::remove(path);
     QFile::remove(path + ".aux.xml");
     int usageError = 0;
-    Dataset shade(GDALDEMProcessing(path.toUtf8().constData(), dem.get(), "hillshade", nullptr, options, &usageError));
+    Dataset shade(
+        GDALDEMProcessing(path.toUtf8().constData(), dem.get(), "hillshade", nullptr, options, &usageError));
     GDALDEMProcessingOptionsFree(options);
     if (!shade || usageError) return failed(error, path, "GDAL's hillshade failed");
     const int levels[] = {2, 4, 8, 16, 32};

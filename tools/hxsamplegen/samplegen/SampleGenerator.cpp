@@ -4,8 +4,8 @@
 #include <QElapsedTimer>
 
 #include "DemWriter.h"
-#include "HillshadeWriter.h"
 #include "GpkgWriter.h"
+#include "HillshadeWriter.h"
 #include "SampleCrs.h"
 #include "SampleRegion.h"
 
@@ -64,7 +64,8 @@ bool SampleGenerator::writeRegion(const SampleOptions& options) {
         return false;
     report(QString("wrote elevation.tif in %1 s").arg(secondsSince(step)));
     step.restart();
-    if (!HillshadeWriter::write(out.filePath("elevation.tif"), out.filePath("hillshade.tif"), &m_error)) return false;
+    if (!HillshadeWriter::write(out.filePath("elevation.tif"), out.filePath("hillshade.tif"), &m_error))
+        return false;
     report(QString("wrote hillshade.tif in %1 s").arg(secondsSince(step)));
     report(QString("done in %1 s").arg(secondsSince(total)));
     return true;

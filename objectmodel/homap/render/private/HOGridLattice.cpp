@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <cmath>
 
-#include "render/private/HOGridProjection.h"
 #include "HOGridSpacing.h"
+#include "render/private/HOGridProjection.h"
 
 namespace HXObjects {
 
 namespace {
 
-constexpr int kBoundSamples = 24;     // per side of the frame, when finding the grid bounds
+constexpr int kBoundSamples = 24;         // per side of the frame, when finding the grid bounds
 constexpr double kPointBudget = 12000.0;  // projected points per grid
 constexpr int kMinSegments = 16;
 constexpr int kMaxSegments = 160;
@@ -52,11 +52,9 @@ bool HOGridLattice::Bounds(bool geographic, HORect* bounds) const {
                 (pole > 0 ? y1 : y0) = pole;
             }
         }
-        x0 = std::max(x0, -180.0), x1 = std::min(x1, 180.0);
-        y0 = std::max(y0, -90.0), y1 = std::min(y1, 90.0);
     }
-    *bounds = HORect(x0, x1, y0, y1);
-    return x0 < x1 && y0 < y1;
+    *bounds = geographic ? onGlobe(HORect(x0, x1, y0, y1)) : HORect(x0, x1, y0, y1);
+    return bounds->minx < bounds->maxx && bounds->miny < bounds->maxy;
 }
 
 std::vector<HOGridLine> HOGridLattice::Lines(const HORect& bounds, bool geographic, const HOPoint& start,
@@ -66,8 +64,7 @@ std::vector<HOGridLine> HOGridLattice::Lines(const HORect& bounds, bool geograph
     // The samples of Bounds miss the extremes of curved edges: widen by a sample cell.
     const double wx = bounds.Width() / kBoundSamples, wy = bounds.Height() / kBoundSamples;
     HORect wide(bounds.minx - wx, bounds.maxx + wx, bounds.miny - wy, bounds.maxy + wy);
-    if (geographic) wide = HORect(std::max(wide.minx, -180.0), std::min(wide.maxx, 180.0),
-                                  std::max(wide.miny, -90.0), std::min(wide.maxy, 90.0));
+    if (geographic) wide = onGlobe(wide);
     const double count = wide.Width() / dx + wide.Height() / dy + 2.0;
     if (!(count <= 2.0 * HOGridSpacing::kMaxLines + 2.0)) return lines;
     const int segments =
@@ -75,6 +72,13 @@ std::vector<HOGridLine> HOGridLattice::Lines(const HORect& bounds, bool geograph
     addLines(true, start.x, dx, wide.minx, wide.maxx, wide.miny, wide.maxy, segments, lines);
     addLines(false, start.y, dy, wide.miny, wide.maxy, wide.minx, wide.maxx, segments, lines);
     return lines;
+}
+
+HORect HOGridLattice::onGlobe(const HORect& r) const {
+    HORect domain(-180.0, 180.0, -90.0, 90.0);
+    m_projection.Domain(&domain);
+    return HORect(std::max(r.minx, domain.minx), std::min(r.maxx, domain.maxx), std::max(r.miny, domain.miny),
+                  std::min(r.maxy, domain.maxy));
 }
 
 void HOGridLattice::addLines(bool alongY, double start, double step, double lo, double hi, double across0,

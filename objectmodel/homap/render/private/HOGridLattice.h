@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "HODisplayTransform.h"
-#include "render/private/HOGridLine.h"
 #include "HOPoint.h"
 #include "HORect.h"
+#include "render/private/HOGridLine.h"
 
 namespace HXObjects {
 
@@ -18,7 +18,8 @@ class HOGridProjection;
 
 class HOGridLattice {
 public:
-    HOGridLattice(const HOGridProjection& projection, const HODisplayTransform& transform, const QRectF& frame);
+    HOGridLattice(const HOGridProjection& projection, const HODisplayTransform& transform,
+                  const QRectF& frame);
 
     // The grid coordinates the frame covers; false when no point of it can be carried. `geographic`
     // clamps them to the globe and takes in a pole seen in the frame.
@@ -29,9 +30,11 @@ public:
                                   double dy) const;
 
 private:
+    // Longitudes and latitudes clamped to the globe, or to the projection's domain.
+    HORect onGlobe(const HORect& r) const;
     // Lines at every value `from + k * step` inside [lo, hi], sampled across [across0, across1].
-    void addLines(bool alongY, double start, double step, double lo, double hi, double across0, double across1,
-                  int segments, std::vector<HOGridLine>& out) const;
+    void addLines(bool alongY, double start, double step, double lo, double hi, double across0,
+                  double across1, int segments, std::vector<HOGridLine>& out) const;
     void addPieces(bool alongY, double value, const std::vector<HOPoint>& grid,
                    std::vector<HOGridLine>& out) const;
 

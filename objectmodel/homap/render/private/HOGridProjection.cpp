@@ -3,7 +3,9 @@
 #include <cpl_error.h>
 #include <ogr_spatialref.h>
 
+#include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "HOCoordinateSystem.h"
 
@@ -18,9 +20,13 @@ void release(OGRSpatialReference* srs) {
 }
 
 // A point is trusted only if it comes back where it started: a projection used far outside its
-// domain can give finite but meaningless numbers. Longitudes may come back a turn away (180 as -180).
+// domain gives finite but meaningless numbers, wrong by whole units, while inverse formulas near a
+// world map's rim lose a few digits. Longitudes may come back a turn away (180 as -180).
+constexpr double kNudge = 1e-7;
+constexpr double kDomainMargin = 15.0;  // degrees round a projected system's area of use
+
 bool returns(double start, double back, bool longitude) {
-    const double tolerance = 1e-6 + 1e-8 * std::abs(start);
+    const double tolerance = 1e-5 * std::max(1.0, std::abs(start));
     const double miss = std::abs(back - start);
     return miss < tolerance || (longitude && std::abs(miss - 360.0) < tolerance);
 }
@@ -33,6 +39,7 @@ public:
     double centralMeridian = 0.0;
     Transformation forward;  // grid -> map
     Transformation inverse;  // map -> grid
+    std::optional<HORect> domain;
 
     bool carry(OGRCoordinateTransformation* there, OGRCoordinateTransformation* back, bool fromGeographic,
                std::vector<HOPoint>& points, std::vector<char>& ok) const;
@@ -54,6 +61,11 @@ HOGridProjection::HOGridProjection(const HOCoordinateSystem* map, Kind kind, dou
         grid->SetLinearUnits(SRS_UL_METER, 1.0);
     }
     grid->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+    double west, south, east, north;
+    if (kind == Geographic && mapSrs.IsProjected() &&
+        mapSrs.GetAreaOfUse(&west, &south, &east, &north, nullptr) && west <= east)
+        d->domain = HORect(std::max(west - kDomainMargin, -180.0), std::min(east + kDomainMargin, 180.0),
+                           std::max(south - kDomainMargin, -90.0), std::min(north + kDomainMargin, 90.0));
     d->forward.reset(OGRCreateCoordinateTransformation(grid.get(), &mapSrs));
     d->inverse.reset(OGRCreateCoordinateTransformation(&mapSrs, grid.get()));
 }
@@ -78,7 +90,8 @@ double HOGridProjection::CentralMeridian() const {
 
 void HOGridProjection::ToMap(std::vector<HOPoint>& points, std::vector<char>& ok) const {
     ok.assign(points.size(), 1);
-    if (d->kind != Identity && !d->carry(d->forward.get(), d->inverse.get(), d->kind == Geographic, points, ok))
+    if (d->kind != Identity &&
+        !d->carry(d->forward.get(), d->inverse.get(), d->kind == Geographic, points, ok))
         ok.assign(points.size(), 0);
 }
 
@@ -86,6 +99,11 @@ void HOGridProjection::ToGrid(std::vector<HOPoint>& points, std::vector<char>& o
     ok.assign(points.size(), 1);
     if (d->kind != Identity && !d->carry(d->inverse.get(), d->forward.get(), false, points, ok))
         ok.assign(points.size(), 0);
+}
+
+bool HOGridProjection::Domain(HORect* lonLat) const {
+    if (d->domain) *lonLat = *d->domain;
+    return d->domain.has_value();
 }
 
 double HOGridProjection::ZoneMeridian(double longitude) {
@@ -108,6 +126,19 @@ bool HOGridProjection::Private::carry(OGRCoordinateTransformation* there, OGRCoo
     bx = x;
     by = y;
     back->Transform(n, bx.data(), by.data(), nullptr, backOk.data());
+    // A point exactly on a world map's rim may not come back; one nudged a hair inwards does.
+    if (std::find(backOk.begin(), backOk.end(), 0) != backOk.end()) {
+        std::vector<double> nx(n), ny(n);
+        std::vector<int> nudgedOk(n);
+        for (int i = 0; i < n; ++i) nx[i] = x[i] * (1.0 - kNudge), ny[i] = y[i] * (1.0 - kNudge);
+        back->Transform(n, nx.data(), ny.data(), nullptr, nudgedOk.data());
+        for (int i = 0; i < n; ++i) {
+            if (backOk[i] || !nudgedOk[i]) continue;
+            backOk[i] = 1;
+            bx[i] = nx[i];
+            by[i] = ny[i];
+        }
+    }
     for (int i = 0; i < n; ++i) {
         const bool finite = std::isfinite(x[i]) && std::isfinite(y[i]);
         ok[i] = thereOk[i] && backOk[i] && finite && returns(points[i].x, bx[i], fromGeographic) &&

@@ -4,12 +4,15 @@
 // map's own coordinates for a KM grid on a projected map (no transformation at all), or a
 // Gauss-Krueger 3-degree zone on the map's datum for the KM grid a geographic map shows at large
 // scales. A point the projection cannot carry (outside its domain, or one that does not come back
-// to where it started) is reported as failed, so no line is drawn there. Not thread-safe; the
+// to where it started) is reported as failed, so no line is drawn there; nor is a BL grid drawn far
+// outside the area a projected map's system is made for (a Gauss-Krueger zone seen as a whole world
+// is not a world map). Not thread-safe; the
 // grid overlay that owns it serialises its use.
 #include <memory>
 #include <vector>
 
 #include "HOPoint.h"
+#include "HORect.h"
 
 namespace HXObjects {
 
@@ -33,6 +36,10 @@ public:
     void ToMap(std::vector<HOPoint>& points, std::vector<char>& ok) const;
     // Map to grid coordinates, in place; same contract.
     void ToGrid(std::vector<HOPoint>& points, std::vector<char>& ok) const;
+
+    // For the longitude/latitude grid of a projected map: the longitudes and latitudes where the
+    // map's projection is meant to be used, widened by a margin; false when the whole globe is.
+    bool Domain(HORect* lonLat) const;
 
     // The central meridian of the 3-degree zone holding a longitude.
     static double ZoneMeridian(double longitude);

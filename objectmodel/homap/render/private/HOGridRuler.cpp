@@ -18,7 +18,8 @@ QFont labelFont(int height, int width) {
     QFont font(QStringLiteral("DejaVu Sans"));
     font.setPixelSize(std::max(height, 1));
     const double natural = QFontMetricsF(font).averageCharWidth();
-    if (width > 0 && natural > 0.0) font.setStretch(std::clamp(int(std::lround(100.0 * width / natural)), 1, 4000));
+    if (width > 0 && natural > 0.0)
+        font.setStretch(std::clamp(int(std::lround(100.0 * width / natural)), 1, 4000));
     return font;
 }
 
@@ -60,28 +61,31 @@ void HOGridRuler::Draw(QPainter& painter, const QRectF& inner, const std::vector
     painter.drawRect(outer);
 
     std::vector<Tick> ticks = crossings(inner, lines);
-    std::sort(ticks.begin(), ticks.end(), [](const Tick& a, const Tick& b) {
-        return a.edge != b.edge ? a.edge < b.edge : a.at < b.at;
-    });
+    std::sort(ticks.begin(), ticks.end(),
+              [](const Tick& a, const Tick& b) { return a.edge != b.edge ? a.edge < b.edge : a.at < b.at; });
     for (const Tick& tick : ticks) drawTick(painter, inner, tick);
 
     if (m_look.fontHeight > 0) {
         painter.setFont(labelFont(m_look.fontHeight, m_look.fontWidth));
         painter.setPen(m_look.labelColor);
         std::vector<std::pair<double, double>> taken[4];
-        for (const Tick& tick : ticks) drawLabel(painter, inner, tick, format(tick.value, tick.alongY), taken[tick.edge]);
+        for (const Tick& tick : ticks)
+            drawLabel(painter, inner, tick, format(tick.value, tick.alongY), taken[tick.edge]);
     }
     painter.restore();
 }
 
-std::vector<HOGridRuler::Tick> HOGridRuler::crossings(const QRectF& inner, const std::vector<HOGridLine>& lines) {
+std::vector<HOGridRuler::Tick> HOGridRuler::crossings(const QRectF& inner,
+                                                      const std::vector<HOGridLine>& lines) {
     std::vector<Tick> ticks;
     const struct {
         Edge edge;
         double c;
         bool vertical;
-    } edges[] = {{Top, inner.top(), false}, {Bottom, inner.bottom(), false},
-                 {Left, inner.left(), true}, {Right, inner.right(), true}};
+    } edges[] = {{Top, inner.top(), false},
+                 {Bottom, inner.bottom(), false},
+                 {Left, inner.left(), true},
+                 {Right, inner.right(), true}};
     for (const HOGridLine& line : lines) {
         for (int i = 1; i < line.points.size(); ++i) {
             for (const auto& e : edges) {
@@ -102,10 +106,18 @@ std::vector<HOGridRuler::Tick> HOGridRuler::crossings(const QRectF& inner, const
 void HOGridRuler::drawTick(QPainter& painter, const QRectF& inner, const Tick& tick) const {
     const double l = TickLength();
     switch (tick.edge) {
-        case Top: painter.drawLine(QPointF(tick.at, inner.top()), QPointF(tick.at, inner.top() - l)); break;
-        case Bottom: painter.drawLine(QPointF(tick.at, inner.bottom()), QPointF(tick.at, inner.bottom() + l)); break;
-        case Left: painter.drawLine(QPointF(inner.left(), tick.at), QPointF(inner.left() - l, tick.at)); break;
-        case Right: painter.drawLine(QPointF(inner.right(), tick.at), QPointF(inner.right() + l, tick.at)); break;
+        case Top:
+            painter.drawLine(QPointF(tick.at, inner.top()), QPointF(tick.at, inner.top() - l));
+            break;
+        case Bottom:
+            painter.drawLine(QPointF(tick.at, inner.bottom()), QPointF(tick.at, inner.bottom() + l));
+            break;
+        case Left:
+            painter.drawLine(QPointF(inner.left(), tick.at), QPointF(inner.left() - l, tick.at));
+            break;
+        case Right:
+            painter.drawLine(QPointF(inner.right(), tick.at), QPointF(inner.right() + l, tick.at));
+            break;
     }
 }
 
@@ -126,8 +138,12 @@ bool HOGridRuler::drawLabel(QPainter& painter, const QRectF& inner, const Tick& 
     const double depth = TickLength() + kPadding + metrics.ascent();
     painter.save();
     switch (tick.edge) {
-        case Top: painter.translate(tick.at, inner.top() - TickLength() - kPadding - metrics.descent()); break;
-        case Bottom: painter.translate(tick.at, inner.bottom() + depth); break;
+        case Top:
+            painter.translate(tick.at, inner.top() - TickLength() - kPadding - metrics.descent());
+            break;
+        case Bottom:
+            painter.translate(tick.at, inner.bottom() + depth);
+            break;
         case Left:
             painter.translate(inner.left() - TickLength() - kPadding - metrics.descent(), tick.at);
             painter.rotate(-90.0);
