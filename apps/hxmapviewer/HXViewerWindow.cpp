@@ -1,20 +1,5 @@
 #include "HXViewerWindow.h"
 
-#include <QActionGroup>
-#include <QApplication>
-#include <QCloseEvent>
-#include <QDragEnterEvent>
-#include <QElapsedTimer>
-#include <QFileInfo>
-#include <QInputDialog>
-#include <QMenuBar>
-#include <QMimeData>
-#include <QSettings>
-#include <QStyle>
-#include <QThread>
-#include <QToolBar>
-#include <QVBoxLayout>
-
 #include "HOCMDPool.h"
 #include "HOCallbackKey.h"
 #include "HOCoordinateSystem.h"
@@ -37,12 +22,26 @@
 #include "HXViewerIcons.h"
 #include "HXViewerTools.h"
 
+#include <QActionGroup>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QSettings>
+#include <QStyle>
+#include <QThread>
+#include <QToolBar>
+#include <QVBoxLayout>
+
 using namespace HXObjects;
 
 namespace {
 const char* const kFileFilter =
-    "Map data (*.gpkg *.shp *.geojson *.json *.kml *.gml *.tab *.mif *.csv *.tif *.tiff *.img *.jp2 *.png "
-    "*.jpg *.vrt);;"
+    "Map data (*.gpkg *.shp *.geojson *.json *.kml *.gml *.tab *.mif *.csv *.tif *.tiff *.img *.jp2 *.png *.jpg *.vrt);;"
     "All files (*)";
 }  // namespace
 
@@ -71,8 +70,7 @@ HXViewerWindow::HXViewerWindow(QWidget* parent) : QMainWindow(parent) {
     mIdentify->hide();
     mCanvas->SetCommandControl(mCommand);
 
-    if (HOMapView* view = mCanvas->GetMapView())
-        HOBindMember(view->RenderFinishedSignal, this, &HXViewerWindow::onRenderFinished);
+    if (HOMapView* view = mCanvas->GetMapView()) HOBindMember(view->RenderFinishedSignal, this, &HXViewerWindow::onRenderFinished);
     buildToolBar();
     buildMenus();
     bindIdentifyTool();
@@ -81,15 +79,12 @@ HXViewerWindow::HXViewerWindow(QWidget* parent) : QMainWindow(parent) {
 }
 
 HXViewerWindow::~HXViewerWindow() {
-    if (HOMapView* view = mCanvas->GetMapView())
-        HOUnbindMember(view->RenderFinishedSignal, this, &HXViewerWindow::onRenderFinished);
+    if (HOMapView* view = mCanvas->GetMapView()) HOUnbindMember(view->RenderFinishedSignal, this, &HXViewerWindow::onRenderFinished);
     if (mIdentifyTool) HOUnbindMember(mIdentifyTool->IdentifiedSignal, this, &HXViewerWindow::onIdentified);
 }
 
 // On the render thread: only counts.
-void HXViewerWindow::onRenderFinished(void*, HOEvent*) {
-    ++mRendersFinished;
-}
+void HXViewerWindow::onRenderFinished(void*, HOEvent*) { ++mRendersFinished; }
 
 void HXViewerWindow::buildToolBar() {
     QToolBar* bar = addToolBar(tr("Map tools"));
@@ -112,8 +107,7 @@ void HXViewerWindow::buildToolBar() {
     bar->addSeparator();
     bar->addAction(style()->standardIcon(QStyle::SP_DesktopIcon), tr("Full extent"), this,
                    &HXViewerWindow::zoomToFullExtent);
-    bar->addAction(style()->standardIcon(QStyle::SP_BrowserReload), tr("Refresh"), mCanvas,
-                   &HXMapCanvas::refresh);
+    bar->addAction(style()->standardIcon(QStyle::SP_BrowserReload), tr("Refresh"), mCanvas, &HXMapCanvas::refresh);
 }
 
 void HXViewerWindow::buildMenus() {
@@ -206,8 +200,8 @@ bool HXViewerWindow::openSource(const QString& source) {
 }
 
 void HXViewerWindow::openWithPrompt() {
-    const std::vector<HOString> chosen =
-        mCanvas->getOpenFileNames(HOString(tr("Open map data")), HOString(), HOString(QString(kFileFilter)));
+    const std::vector<HOString> chosen = mCanvas->getOpenFileNames(HOString(tr("Open map data")), HOString(),
+                                                                    HOString(QString(kFileFilter)));
     QStringList paths;
     for (const HOString& path : chosen) paths << path.toQString();
     if (!paths.isEmpty()) openFiles(paths);
@@ -231,12 +225,12 @@ bool HXViewerWindow::setCoordinateSystem(const QString& definition) {
 void HXViewerWindow::chooseCoordinateSystem() {
     HOMapView* view = mCanvas->GetMapView();
     HORefPtr<HOCoordinateSystem> current = view ? view->GetMap()->GetSpatialReference() : nullptr;
-    const QString initial = current && current->GetEpsgCode() ? QString("EPSG:%1").arg(current->GetEpsgCode())
-                                                              : QString("EPSG:4490");
+    const QString initial =
+        current && current->GetEpsgCode() ? QString("EPSG:%1").arg(current->GetEpsgCode()) : QString("EPSG:4490");
     bool ok = false;
-    const QString text =
-        QInputDialog::getText(this, tr("Map coordinate system"), tr("EPSG code, WKT or PROJ definition:"),
-                              QLineEdit::Normal, initial, &ok);
+    const QString text = QInputDialog::getText(this, tr("Map coordinate system"),
+                                               tr("EPSG code, WKT or PROJ definition:"), QLineEdit::Normal,
+                                               initial, &ok);
     if (ok && !text.trimmed().isEmpty()) setCoordinateSystem(text.trimmed());
 }
 
@@ -313,8 +307,7 @@ bool HXViewerWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void HXViewerWindow::bindIdentifyTool() {
-    mIdentifyTool =
-        dynamic_cast<HOToolIdentify*>(HOCMDPool::GetInstance()->GetTool("HXObjects::HOToolIdentify"));
+    mIdentifyTool = dynamic_cast<HOToolIdentify*>(HOCMDPool::GetInstance()->GetTool("HXObjects::HOToolIdentify"));
     if (mIdentifyTool) HOBindMember(mIdentifyTool->IdentifiedSignal, this, &HXViewerWindow::onIdentified);
 }
 

@@ -1,13 +1,13 @@
 // hxmapviewer: a small desktop map viewer built on HXMapCanvas.
 //   hxmapviewer [FILE...]
 //   hxmapviewer --screenshot out.png [--size 1280x800] [--crs EPSG:4490] [--grid] [FILE...]
+#include "HXViewerWindow.h"
+
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QRegularExpression>
 #include <cstdio>
 #include <cstring>
-
-#include "HXViewerWindow.h"
 
 namespace {
 

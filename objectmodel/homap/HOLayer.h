@@ -1,14 +1,14 @@
 #pragma once
 // HOLayer: one layer of a map. Each layer kind draws itself through Render() into a picture the map
 // view composes; Render() runs on the render thread and must poll the context's cancel flag.
-#include <algorithm>
-#include <atomic>
-#include <mutex>
-
 #include "HORect.h"
 #include "HORefBase.h"
 #include "HORefPtr.h"
 #include "HOString.h"
+
+#include <algorithm>
+#include <atomic>
+#include <mutex>
 
 namespace HXObjects {
 
