@@ -79,7 +79,7 @@ fuzz_run() { # seconds per target: prints the executions each reached; non-zero 
 
 sample_dir="$root/build/sample"
 ensure_sample() {
-  if [ ! -f "$sample_dir/region.gpkg" ]; then
+  if [ ! -f "$sample_dir/region.gpkg" ] || [ ! -f "$sample_dir/hillshade.tif" ]; then
     "$root/build/release/tools/hxsamplegen/hxsamplegen" --out "$sample_dir"
   fi
 }
@@ -118,7 +118,7 @@ case "$cmd" in
     release_build
     if [ $# -eq 0 ]; then
       ensure_sample
-      set -- "$sample_dir/region.gpkg" "$sample_dir/elevation.tif"
+      set -- "$sample_dir/region.gpkg" "$sample_dir/elevation.tif" "$sample_dir/hillshade.tif"
     fi
     exec "$root/build/release/apps/hxmapviewer/hxmapviewer" "$@" ;;
   bench)

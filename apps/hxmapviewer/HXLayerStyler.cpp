@@ -12,6 +12,10 @@ namespace {
 
 using Classes = std::map<HOString, HORefPtr<HOStyle>>;
 
+const HOColor kSea(168, 204, 238);
+// What lies beyond a region that brings its own sea: blank paper.
+const HOColor kPaper(246, 244, 238);
+
 HORefPtr<HOStyle> parcel(int r, int g, int b, int alpha) {
     return HOStyle::NewFill(HOColor(r, g, b, alpha), HOColor(r - 30, g - 30, b - 30, 50), 0.5);
 }
@@ -19,7 +23,8 @@ HORefPtr<HOStyle> parcel(int r, int g, int b, int alpha) {
 HORefPtr<HOStyle> road(double width, const HOColor& colour) { return HOStyle::NewLine(width, colour); }
 
 HORefPtr<HOStyle> styleFor(const QString& name) {
-    if (name == "land") return HOStyle::NewFill(HOColor(233, 229, 205, 200), HOColor(150, 140, 110), 1.0);
+    if (name == "land") return HOStyle::NewFill(HOColor(236, 232, 210), HOColor(150, 140, 110), 1.0);
+    if (name == "sea") return HOStyle::NewFill(kSea, kSea, 0.0);
     if (name == "lakes") return HOStyle::NewFill(HOColor(150, 195, 235), HOColor(90, 140, 200), 0.8);
     if (name == "landuse") return parcel(200, 215, 160, 110);
     if (name == "rivers") return HOStyle::NewLine(1.4, HOColor(70, 130, 210));
@@ -52,6 +57,11 @@ void styleClasses(HOFeatureLayer* layer) {
 }  // namespace
 
 void HXLayerStyler::style(HOLayer* layer) {
+    if (layer->GetLayerType() == HOLayer::RasterLayer && layer->GetName() == "hillshade") {
+        layer->SetComposition(HOLayer::Multiply);
+        layer->SetOpacity(0.5);
+        return;
+    }
     auto* features = dynamic_cast<HOFeatureLayer*>(layer);
     if (!features) return;
     if (HORefPtr<HOStyle> s = styleFor(features->GetName().toQString())) features->SetStyle(s);
@@ -59,10 +69,21 @@ void HXLayerStyler::style(HOLayer* layer) {
 }
 
 void HXLayerStyler::styleMap(HOMap* map) {
-    for (const HORefPtr<HOLayer>& layer : map->GetLayers(true)) {
-        if (layer->GetName() == "land") {
-            map->SetBackgroundColor(HOColor(168, 204, 238));
-            return;
-        }
+    const std::vector<HORefPtr<HOLayer>> layers = map->GetLayers(true);
+    int landTop = -1;
+    for (int i = 0; i < int(layers.size()); ++i) {
+        const HOString name = layers[i]->GetName();
+        if (name == "land") map->SetBackgroundColor(kSea);
+        if (name == "land" || name == "landuse") landTop = i;
+    }
+    for (const HORefPtr<HOLayer>& layer : layers) {
+        if (layer->GetName() == "sea") map->SetBackgroundColor(kPaper);
+    }
+    // Relief shades the land colours, under the water, roads and towns drawn on it.
+    for (int i = 0; i < landTop; ++i) {
+        if (layers[i]->GetComposition() != HOLayer::SourceOver) map->MoveLayer(layers[i], landTop);
+    }
+    for (const HORefPtr<HOLayer>& layer : layers) {
+        if (layer->GetName() == "lakes") map->MoveLayer(layer, landTop);
     }
 }

@@ -1,7 +1,7 @@
 #pragma once
 // HXLayerStyler: the viewer's cartography for layers it recognises by name (the generated sample
-// region's land, lakes, landuse, rivers, roads and towns) and the sea colour behind land. Other
-// layers keep their default style.
+// region's land, lakes, landuse, rivers, roads and towns, and its shaded relief, which multiplies
+// the land colours beneath it) and the sea colour behind land. Other layers keep their default style.
 namespace HXObjects {
 class HOLayer;
 class HOMap;
@@ -10,6 +10,6 @@ class HOMap;
 class HXLayerStyler {
 public:
     static void style(HXObjects::HOLayer* layer);
-    // A map with a "land" layer shows the sea as its background.
+    // A map with a "land" layer shows the sea as its background; relief goes just above the land.
     static void styleMap(HXObjects::HOMap* map);
 };

@@ -6,6 +6,7 @@
 #include "HOIdentifyEvent.h"
 #include "HOLayer.h"
 #include "HOMap.h"
+#include "HOMapRulerAndGrid.h"
 #include "HOMapView.h"
 #include "HOToolIdentify.h"
 #include "HXApplication.h"
@@ -149,6 +150,11 @@ void HXViewerWindow::buildMenus() {
     view->addAction(tr("Full extent"), this, &HXViewerWindow::zoomToFullExtent, QKeySequence(Qt::Key_Home));
     view->addAction(tr("Refresh"), mCanvas, &HXMapCanvas::refresh, QKeySequence::Refresh);
     view->addSeparator();
+    mGridAction =
+        view->addAction(tr("&Grid"), this, &HXViewerWindow::setGridShown, QKeySequence(tr("Ctrl+G")));
+    mGridAction->setCheckable(true);
+    view->addAction(tr("Grid settings…"), mCanvas, &HXMapCanvas::SetMapGridAndRuler);
+    view->addSeparator();
     view->addAction(mLayers->toggleViewAction());
     view->addAction(mIdentify->toggleViewAction());
     view->addAction(mCommand->toggleViewAction());
@@ -200,6 +206,7 @@ int HXViewerWindow::openFiles(const QStringList& paths) {
         mMessageBar->pushSuccess(tr("Opened"), QFileInfo(path).fileName());
     }
     HXLayerStyler::styleMap(view->GetMap());
+    applyGrid();
     rebuildRecentMenu();
     mCanvas->ReloadLayerTree();
     if (wasEmpty && view->GetMap()->GetLayerCount() > 0) zoomToFullExtent();
@@ -234,6 +241,7 @@ bool HXViewerWindow::setCoordinateSystem(const QString& definition, QString* err
     view->GetMap()->SetSpatialReference(system);
     view->GetMap()->SetMapDisplayUnit(system->IsGeographic() ? HOUnitDegree : HOUnitMeter);
     zoomToFullExtent();
+    applyGrid();
     mMessageBar->pushInfo(tr("Coordinate system"), system->GetName().toQString());
     return true;
 }
@@ -248,6 +256,32 @@ void HXViewerWindow::chooseCoordinateSystem() {
                                                tr("EPSG code, WKT or PROJ definition:"), QLineEdit::Normal,
                                                initial, &ok);
     if (ok && !text.trimmed().isEmpty()) setCoordinateSystem(text.trimmed());
+}
+
+void HXViewerWindow::setGridShown(bool shown) {
+    if (mGridAction->isChecked() != shown) mGridAction->setChecked(shown);
+    applyGrid();
+}
+
+// A geographic map gets the longitude/latitude grid; a projected one the kilometre grid inside a
+// longitude/latitude frame, as a topographic sheet has.
+void HXViewerWindow::applyGrid() {
+    HOMapView* view = mCanvas->GetMapView();
+    HOMapRulerAndGrid* grid = view ? view->GetRulerAndGridSetting() : nullptr;
+    if (!grid || !view->GetMap()) return;
+    const bool shown = mGridAction->isChecked();
+    const HORefPtr<HOCoordinateSystem> system = view->GetMap()->GetSpatialReference();
+    const bool geographic = system && system->IsGeographic();
+    grid->set_draw_km_grid(shown && !geographic);
+    grid->set_draw_km_grid_ruler(shown && !geographic);
+    grid->set_draw_bl_grid(shown && geographic);
+    grid->set_draw_bl_grid_ruler(shown && system);
+    grid->set_km_grid_color(HOColor(40, 90, 170));
+    grid->set_km_grid_line_width(0.8);
+    grid->set_bl_grid_color(HOColor(40, 90, 170));
+    grid->set_bl_grid_line_width(0.8);
+    grid->set_ruler_unit_type(view->GetMap()->GetMapDisplayUnit());
+    view->RequestRedraw(false);
 }
 
 void HXViewerWindow::zoomToFullExtent() {

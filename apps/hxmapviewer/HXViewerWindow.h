@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <atomic>
 
+class QAction;
 class QActionGroup;
 class QMenu;
 class HXCommandDock;
@@ -52,6 +53,8 @@ public slots:
     void openWithPrompt();
     void chooseCoordinateSystem();
     void zoomToFullExtent();
+    // View > Grid: the grid and rulers that suit the map's coordinate system.
+    void setGridShown(bool shown);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -66,6 +69,7 @@ private:
     void restoreSettings();
     void settleLayout();
     bool pictureIsFinal() const;
+    void applyGrid();
     void onRenderFinished(void* sender, HXObjects::HOEvent* event);
     void onIdentified(void* sender, HXObjects::HOEvent* event);
 
@@ -76,6 +80,7 @@ private:
     HXCommandDock* mCommand;
     QActionGroup* mToolGroup = nullptr;
     QMenu* mRecentMenu = nullptr;
+    QAction* mGridAction = nullptr;
     QStringList mErrors;
     HXObjects::HOToolIdentify* mIdentifyTool = nullptr;
     std::atomic<int> mRendersFinished{0};

@@ -1,6 +1,6 @@
 // hxmapviewer: a small desktop map viewer built on HXMapCanvas.
 //   hxmapviewer [--size WxH] [--crs DEFINITION] [FILE...]
-//   hxmapviewer --screenshot out.png [--size 1280x800] [--crs EPSG:4490] [FILE...]
+//   hxmapviewer --screenshot out.png [--size 1280x800] [--crs EPSG:4490] [--grid] [FILE...]
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QRegularExpression>
@@ -79,7 +79,8 @@ int main(int argc, char** argv) {
                            "The map's coordinate system (EPSG code, WKT or PROJ); it must be geographic "
                            "or projected.",
                            "definition");
-    parser.addOptions({screenshot, size, crs});
+    QCommandLineOption grid("grid", "Show the map's grid and rulers (View > Grid).");
+    parser.addOptions({screenshot, size, crs, grid});
     parser.process(app);
 
     const QSize wanted = parseSize(parser.value(size));
@@ -94,6 +95,7 @@ int main(int argc, char** argv) {
     if (parser.isSet(crs) && !window.setCoordinateSystem(parser.value(crs), &error)) {
         return fail(QString("--crs: %1").arg(error));
     }
+    if (parser.isSet(grid)) window.setGridShown(true);
     if (parser.isSet(screenshot) || parser.isSet(size)) window.resize(wanted);
     if (parser.isSet(screenshot))
         return takeScreenshot(window, parser.value(screenshot), parser.positionalArguments());

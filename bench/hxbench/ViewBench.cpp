@@ -8,6 +8,7 @@
 #include "HOEvent.h"
 #include "HOGraphicsEngineManager.h"
 #include "HOMap.h"
+#include "HOMapRulerAndGrid.h"
 #include "HOMapView.h"
 
 using namespace HXObjects;
@@ -63,14 +64,37 @@ void ViewBench::Run(BenchReport& report) const {
     report.Add(QStringLiteral("all"), QStringLiteral("view: Draw (compose) 1920x1080"), compose, QString(),
                0);
 
-    view->BeginPan();
-    int dx = 0;
-    const double pan = bestOf(20, [&] {
-        view->PanTo(dx += 8, 0);
-        view->Draw(surface);
-    });
-    view->EndPan(dx, 0);
+    const auto panStep = [&] {
+        view->BeginPan();
+        int dx = 0;
+        const double best = bestOf(20, [&] {
+            view->PanTo(dx += 8, 0);
+            view->Draw(surface);
+        });
+        view->EndPan(dx, 0);
+        waitForRender(view, finished, finished.load());
+        return best;
+    };
+    const double pan = panStep();
     report.Add(QStringLiteral("all"), QStringLiteral("view: pan step to next Draw"), pan, QString(), 0);
+
+    // Both grids and both rulers, the densest automatic spacing: every Draw computes them afresh.
+    HOMapRulerAndGrid* grid = view->GetRulerAndGridSetting();
+    grid->set_draw_km_grid(true);
+    grid->set_draw_km_grid_ruler(true);
+    grid->set_draw_bl_grid(true);
+    grid->set_draw_bl_grid_ruler(true);
+    view->RequestRedraw(false);
+    const double gridded = bestOf(20, [&] { view->Draw(surface); });
+    report.Add(QStringLiteral("all"), QStringLiteral("view: Draw with KM+BL grids and rulers"), gridded,
+               QStringLiteral("Draw without"), compose);
+    report.Add(QStringLiteral("all"), QStringLiteral("view: pan step with grids"), panStep(),
+               QStringLiteral("without"), pan);
+    grid->set_draw_km_grid(false);
+    grid->set_draw_km_grid_ruler(false);
+    grid->set_draw_bl_grid(false);
+    grid->set_draw_bl_grid_ruler(false);
+    view->RequestRedraw(false);
 
     const double wheel = bestOf(10, [&] {
         view->Wheel(0, 120, m_size.width() / 2, m_size.height() / 2);

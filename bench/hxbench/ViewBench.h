@@ -1,7 +1,8 @@
 #pragma once
 // ViewBench: the map view's side of the figures, with all benchmark layers in one map: the full
 // render through the view's render thread, composing a finished picture (Draw) at 1920x1080, and the
-// time from a pan step or a wheel step to the next Draw (the preview shown before the re-render).
+// time from a pan step or a wheel step to the next Draw (the preview shown before the re-render), and
+// the same Draw and pan step with both coordinate grids and their rulers on.
 #include <QSize>
 #include <QStringList>
 

@@ -6,6 +6,7 @@
 #include "HORefPtr.h"
 #include "HOString.h"
 
+#include <algorithm>
 #include <atomic>
 #include <mutex>
 
@@ -24,6 +25,9 @@ public:
         RasterLayer = 10,
         GraphicsLayer = 11,
     };
+    // How a layer's picture is laid over the layers below it (the painter's composition modes): a
+    // hillshade multiplies the colours beneath, so relief shows through the land colours.
+    enum Composition { SourceOver = 0, Multiply, Screen, Overlay, Darken, Lighten };
 
     virtual LayerType GetLayerType() const = 0;
     virtual HORefPtr<HOCoordinateSystem> GetSpatialReference() const = 0;
@@ -42,6 +46,11 @@ public:
     void SetSource(const HOString& source);
     bool IsVisible() const { return m_visible.load(); }
     void SetVisible(bool visible) { m_visible.store(visible); }
+    // 0 (invisible) to 1 (opaque), applied to the layer's whole picture when the map is composed.
+    double GetOpacity() const { return m_opacity.load(); }
+    void SetOpacity(double opacity) { m_opacity.store(opacity >= 0.0 ? std::min(opacity, 1.0) : 0.0); }
+    Composition GetComposition() const { return m_composition.load(); }
+    void SetComposition(Composition composition) { m_composition.store(composition); }
     // A process-unique id, stable for the layer's life.
     int GetLayerId() const { return m_id; }
 
@@ -54,6 +63,8 @@ private:
     HOString m_name;
     HOString m_source;
     std::atomic<bool> m_visible{true};
+    std::atomic<double> m_opacity{1.0};
+    std::atomic<Composition> m_composition{SourceOver};
     int m_id;
 };
 

@@ -53,6 +53,7 @@ public:
     HOMapRulerAndGrid gridShown;  // the copy Draw reads, taken by RequestRedraw
     std::optional<HOTwinkle> twinkle;
 
+    HOMapGridOverlay gridOverlay;
     std::unique_ptr<HOMapRenderer> renderer;
 };
 
@@ -103,6 +104,7 @@ void HOMapView::Private::compose(HOGraphics& surface) {
     HODisplayTransform shown;
     HOSize size;
     HOMapRulerAndGrid gridSettings;
+    double dpi = 96.0;
     std::optional<HOTwinkle> flash;
     {
         std::lock_guard<std::mutex> lock(q->Mutex());
@@ -116,6 +118,7 @@ void HOMapView::Private::compose(HOGraphics& surface) {
         shown.extentTop += panOffset.y() * shown.unitsPerPixel;
         size = viewport.Size();
         gridSettings = gridShown;
+        dpi = q->LockedDpi();
         flash = twinkle;
     }
     const HOViewFrame frame = renderer->Frame();
@@ -152,7 +155,8 @@ void HOMapView::Private::compose(HOGraphics& surface) {
             geometryPainter.DrawHighlight(flash->Geometry(), QColor(255, 0, 0), 3.0);
     }
     if (currentTool) currentTool->DrawToolPaint(painter, shown);
-    if (HOMapGridOverlay::IsEnabled(gridSettings)) HOMapGridOverlay::Draw(painter, gridSettings, shown, size);
+    if (HOMapGridOverlay::IsEnabled(gridSettings))
+        gridOverlay.Draw(painter, gridSettings, {shown, size, shownMap->GetSpatialReference(), dpi});
 }
 
 void HOMapView::Private::onLayersChanged(void*, HOEvent*) {

@@ -79,6 +79,7 @@ private slots:
         QTest::addColumn<int>("geometryType");
         QTest::addColumn<QStringList>("fields");  // name:type
         QTest::newRow("land") << "land" << int(wkbMultiPolygon) << QStringList();
+        QTest::newRow("sea") << "sea" << int(wkbMultiPolygon) << QStringList();
         QTest::newRow("lakes") << "lakes" << int(wkbPolygon) << QStringList{"name:String"};
         QTest::newRow("landuse") << "landuse" << int(wkbPolygon) << QStringList{"class:String"};
         QTest::newRow("rivers") << "rivers" << int(wkbLineString) << QStringList{"name:String"};

@@ -12,7 +12,8 @@ int main(int argc, char* argv[]) {
     QCommandLineParser parser;
     parser.setApplicationDescription(
         "Writes a deterministic fictional coastal region: region.gpkg (CGCS2000 / Gauss-Kruger CM 117E),\n"
-        "region_4490.gpkg (geographic CGCS2000) and elevation.tif; or, with --bench, bench.gpkg.");
+        "region_4490.gpkg (geographic CGCS2000), elevation.tif and its shaded relief hillshade.tif; or, with "
+        "--bench, bench.gpkg.");
     parser.addHelpOption();
     const QCommandLineOption out("out", "Directory to write the region into (default: current).", "DIR", ".");
     const QCommandLineOption scale("scale",

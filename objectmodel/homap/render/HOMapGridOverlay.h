@@ -1,27 +1,63 @@
 #pragma once
-// HOMapGridOverlay: the ruler-and-grid layer drawn over a map view's picture. For now it draws the
-// kilometre grid's lines (at the set spacing, or a round spacing of about 100 pixels); the rulers and
-// the longitude/latitude grid, which need the map's geographic conversion, come with the ruler work.
+// HOMapGridOverlay: draws a map view's coordinate grids and rulers, as its HOMapRulerAndGrid says,
+// into any painter (the view's surface, a page layout's data frame, a printer).
+//
+//  - The BL grid: meridians and parallels at whole multiples of the spacing from the start
+//    position, computed in longitude/latitude of the map's datum and projected into the map
+//    (densified, so they curve where the projection curves them), at the set spacing or an
+//    automatic one from a ladder of round angles chosen from the map scale (HOGridSpacing).
+//  - The KM grid: lines of whole multiples of the spacing in map units, at the set spacing or
+//    automatically "by map scale" (a round 1-2-5 distance at least 2 cm on the sheet) or "by scale
+//    unit" (a whole power of ten of the ruler's unit at least 1 cm on the sheet). A projected map
+//    only; a geographic map has none of its own.
+//  - At large scales a geographic map's BL grid becomes a kilometre grid: when the map scale is at
+//    least the conversion scale (its denominator at most the set one), the BL grid is drawn as
+//    the Gauss-Krueger 3-degree zone's kilometre grid at the view's centre, with the BL grid's
+//    look and the KM grid's spacing rule.
+//  - Rulers: each grid's ruler is a band round the map with a tick where a line meets the frame and
+//    its value (degrees, minutes and seconds for BL, kilometres for KM); with both, the KM band is
+//    the inner one.
+// Lines are never drawn where the projection cannot carry them; a spacing that would draw more
+// than a few hundred lines, or lines a few pixels apart, thins to a whole multiple of itself; a
+// map without a coordinate system draws no BL grid.
+//
+// Each map view owns one; Draw may be called from any thread (calls are serialised), and keeps
+// the projections it made for the last coordinate system it was given.
+#include <memory>
+#include <mutex>
+
 #include "HODisplayTransform.h"
 #include "HOMapRulerAndGrid.h"
+#include "HORefPtr.h"
 #include "HOSize.h"
 
 class QPainter;
 
 namespace HXObjects {
 
+class HOCoordinateSystem;
+
 class HOMapGridOverlay {
 public:
+    // Where the grid is drawn: the painter's pixels, the map's system (null: none), the dpi the
+    // scale is read at.
+    struct Target {
+        HODisplayTransform transform;
+        HOSize size;
+        HORefPtr<HOCoordinateSystem> system;
+        double dpi = 96.0;
+    };
+
+    HOMapGridOverlay();
+    ~HOMapGridOverlay();
+
     static bool IsEnabled(const HOMapRulerAndGrid& settings);
-    static void Draw(QPainter& painter, const HOMapRulerAndGrid& settings,
-                     const HODisplayTransform& transform, const HOSize& size);
-    // A 1, 2 or 5 times a power of ten about `pixels` wide at the transform's scale.
-    static double RoundSpacing(double unitsPerPixel, double pixels);
+    void Draw(QPainter& painter, const HOMapRulerAndGrid& settings, const Target& target);
 
 private:
-    // True when lines `step` apart across [from, to] are few enough to draw: a mistyped tiny spacing
-    // draws nothing rather than millions of lines.
-    static bool linesFit(double from, double to, double step);
+    class Private;
+    std::unique_ptr<Private> d;
+    std::mutex m_mutex;
 };
 
 }  // namespace HXObjects

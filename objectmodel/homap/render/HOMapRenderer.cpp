@@ -8,6 +8,28 @@
 
 namespace HXObjects {
 
+namespace {
+
+QPainter::CompositionMode paintMode(HOLayer::Composition composition) {
+    switch (composition) {
+        case HOLayer::Multiply:
+            return QPainter::CompositionMode_Multiply;
+        case HOLayer::Screen:
+            return QPainter::CompositionMode_Screen;
+        case HOLayer::Overlay:
+            return QPainter::CompositionMode_Overlay;
+        case HOLayer::Darken:
+            return QPainter::CompositionMode_Darken;
+        case HOLayer::Lighten:
+            return QPainter::CompositionMode_Lighten;
+        case HOLayer::SourceOver:
+            break;
+    }
+    return QPainter::CompositionMode_SourceOver;
+}
+
+}  // namespace
+
 HOMapRenderer::HOMapRenderer(HOTrackCancel* cancel, Callbacks callbacks)
     : m_cancel(cancel), m_callbacks(std::move(callbacks)), m_thread([this] { run(); }) {}
 
@@ -222,7 +244,10 @@ void HOMapRenderer::publish(const std::vector<HORefPtr<HOLayer>>& layers, const 
         for (const auto& layer : layers) {
             if (!layer->IsVisible()) continue;
             const auto cached = m_layerPictures.find(layer->GetLayerId());
-            if (cached != m_layerPictures.end()) cached->second.DrawInto(painter, request.transform);
+            if (cached == m_layerPictures.end()) continue;
+            painter.setOpacity(layer->GetOpacity());
+            painter.setCompositionMode(paintMode(layer->GetComposition()));
+            cached->second.DrawInto(painter, request.transform);
         }
     }
     std::lock_guard<std::mutex> lock(m_frameMutex);

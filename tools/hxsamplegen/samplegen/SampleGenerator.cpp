@@ -5,6 +5,7 @@
 
 #include "DemWriter.h"
 #include "GpkgWriter.h"
+#include "HillshadeWriter.h"
 #include "SampleCrs.h"
 #include "SampleRegion.h"
 
@@ -62,6 +63,10 @@ bool SampleGenerator::writeRegion(const SampleOptions& options) {
                           options.demPixelSize, &m_error))
         return false;
     report(QString("wrote elevation.tif in %1 s").arg(secondsSince(step)));
+    step.restart();
+    if (!HillshadeWriter::write(out.filePath("elevation.tif"), out.filePath("hillshade.tif"), &m_error))
+        return false;
+    report(QString("wrote hillshade.tif in %1 s").arg(secondsSince(step)));
     report(QString("done in %1 s").arg(secondsSince(total)));
     return true;
 }

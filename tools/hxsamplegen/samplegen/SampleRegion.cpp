@@ -33,6 +33,7 @@ SampleRegion::SampleRegion(quint64 seed, double scale)
     m_towns = TownPlacer(m_coastline, m_terrain, m_lakes, names, m_random.fork(Towns)).place(scale);
 
     m_layers.push_back(landLayer());
+    m_layers.push_back(seaLayer(m_layers.back()));
     m_layers.push_back(lakeLayer(names));
     m_layers.push_back(
         LanduseMosaic(m_coastline, m_terrain, m_lakes, m_towns, m_random.fork(Landuse).next()).build(scale));
@@ -106,6 +107,21 @@ SampleLayer SampleRegion::landLayer() const {
         land->addGeometryDirectly(polygon);
     }
     layer.add(std::move(land));
+    return layer;
+}
+
+SampleLayer SampleRegion::seaLayer(const SampleLayer& land) const {
+    // The region's rectangle less its land: a map can show the sea inside the region and leave
+    // what lies beyond the region's edge blank, as a map sheet does.
+    SampleLayer layer("sea", wkbMultiPolygon, {});
+    const QRectF r = extent();
+    OGRLinearRing* ring = new OGRLinearRing;
+    for (const QPointF& p : {r.topLeft(), r.topRight(), r.bottomRight(), r.bottomLeft(), r.topLeft()})
+        ring->addPoint(p.x(), p.y());
+    OGRPolygon rectangle;
+    rectangle.addRingDirectly(ring);
+    std::unique_ptr<OGRGeometry> sea(rectangle.Difference(land.features().front().geometry.get()));
+    if (sea) layer.add(std::unique_ptr<OGRGeometry>(OGRGeometryFactory::forceToMultiPolygon(sea.release())));
     return layer;
 }
 

@@ -33,6 +33,7 @@ private:
     void addLakes(SampleRandom random);
     bool isClear(const StarShape& shape, const std::vector<StarShape>& others, double gap) const;
     SampleLayer landLayer() const;
+    SampleLayer seaLayer(const SampleLayer& land) const;
     SampleLayer lakeLayer(NameGenerator& names) const;
     SampleLayer townLayer() const;
 
