@@ -1,9 +1,8 @@
-// Opening data: each kind of feature source, bad files giving a null layer and a readable error, NaN
-// vertices, no coordinate system, selection, lookup and memory use; coordinate systems and reprojection
-// checked against PROJ itself. Fixtures are written with OGR and GDAL into a temporary folder.
+// Opening data: each kind of feature source, empty layers, NaN vertices, no coordinate system,
+// selection, lookup and memory use; coordinate systems and reprojection checked against PROJ itself. Fixtures
+// are written with OGR and GDAL into a temporary folder.
 #include <proj.h>
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -22,8 +21,6 @@ namespace {
 
 const char* const squareWithHole = "POLYGON((0 0,100 0,100 100,0 100,0 0),(40 40,60 40,60 60,40 60,40 40))";
 const char* const triangle = "POLYGON((200 0,300 0,200 100,200 0))";
-const char* const truncatedJson = "{\"type\":\"FeatureCollection\",\"features\":[{\"type\":\"Fea";
-const char* const emptyCollection = "{\"type\":\"FeatureCollection\",\"features\":[]}";
 
 // The reference: PROJ directly, with easting/longitude first.
 HOPoint projTransform(int from, int to, const HOPoint& p) {
@@ -103,59 +100,6 @@ private slots:
         QCOMPARE(layer->GetSource(), HOString(m_dir.filePath(file)));
     }
 
-    void badSourceGivesNullAndReadableError_data() {
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<QByteArray>("content");  // written as is; a null array writes nothing
-        QTest::addColumn<QString>("suffix");      // appended to the path when opening
-        QTest::addColumn<QString>("reason");
-        // A real GeoTIFF whose header (and the strip offsets after it) stays but most pixels are cut.
-        const QString tif = m_dir.filePath("whole.tif");
-        const double geo[6] = {0, 1, 0, 10, 0, -1};
-        QVERIFY(HOLayerFixture::WriteRaster(tif, 300, 300, 1, GDT_Float32, 4509, geo,
-                                            [](int, int x, int y) { return double(x + y); }));
-        QFile whole(tif);
-        QVERIFY(whole.open(QIODevice::ReadOnly));
-        const QByteArray header = whole.readAll();
-
-        QTest::newRow("missing") << "missing.shp" << QByteArray() << ""
-                                 << "no such file";
-        QTest::newRow("corrupt GeoPackage") << "corrupt.gpkg" << QByteArray(4096, '\x5a') << ""
-                                            << "";
-        QTest::newRow("truncated GeoJSON") << "truncated.geojson" << QByteArray(truncatedJson) << ""
-                                           << "";
-        QTest::newRow("empty file") << "empty.geojson" << QByteArray("") << ""
-                                    << "";
-        QTest::newRow("truncated GeoTIFF header")
-            << "header.tif" << QByteArray("II*\0\x08\0\0\0\x10\0", 10) << ""
-            << "";
-        QTest::newRow("GeoTIFF without its pixels") << "cut.tif" << header.left(header.size() / 3) << ""
-                                                    << "";
-        QTest::newRow("unknown layer name")
-            << "named.geojson" << QByteArray(emptyCollection) << "|layername=roads"
-            << "no layer named 'roads'";
-    }
-
-    void badSourceGivesNullAndReadableError() {
-        QFETCH(QString, file);
-        QFETCH(QByteArray, content);
-        QFETCH(QString, suffix);
-        QFETCH(QString, reason);
-        const QString path = m_dir.filePath(file);
-        if (!content.isNull()) {
-            QFile out(path);
-            QVERIFY(out.open(QIODevice::WriteOnly));
-            out.write(content);
-        }
-        HOString error;
-        const QString source = path + suffix;
-        QVERIFY(!OpenLayer(HOString(source), &error));
-        const QString text = error.toQString();
-        QVERIFY2(text.startsWith(QStringLiteral("cannot open '%1': ").arg(source)), qPrintable(text));
-        QVERIFY2(text.size() > source.size() + 16 && text.contains(reason),
-                 qPrintable(text));             // a reason follows
-        QVERIFY(!OpenLayer(HOString(source)));  // the error text is optional
-    }
-
     void emptyLayerIsAHarmlessLayer() {
         HORefPtr<HOFeatureLayer> layer = open("nothing.gpkg", 4509, wkbPolygon, {});
         QVERIFY(layer);
@@ -163,11 +107,8 @@ private slots:
         QVERIFY(layer->GetExtent().IsEmpty());
         QCOMPARE(layer->SelectByRect(HORect(-1e9, 1e9, -1e9, 1e9), false), 0);
         QVERIFY(!layer->HasSelectedFeatures() && !layer->GetFeature(1));
-        QImage image = HOLayerFixture::WhiteImage(QSize(20, 20));
-        QPainter painter(&image);
-        layer->Render(HOLayerFixture::Context(&painter, image.size(), HORect(0, 10, 0, 10)));
-        painter.end();
-        QCOMPARE(image.pixel(10, 10), qRgb(255, 255, 255));
+        QCOMPARE(HOLayerFixture::Render({layer.get()}, HORect(0, 10, 0, 10)).pixel(10, 10),
+                 qRgb(255, 255, 255));
     }
 
     void nonFiniteVerticesAreDropped() {
@@ -390,12 +331,7 @@ private slots:
 private:
     HORefPtr<HOFeatureLayer> open(const QString& file, int epsg, OGRwkbGeometryType type,
                                   const Features& features) {
-        const QString path = m_dir.filePath(file);
-        const char* driver = file.endsWith(".gpkg")  ? "GPKG"
-                             : file.endsWith(".shp") ? "ESRI Shapefile"
-                                                     : "GeoJSON";
-        if (!HOLayerFixture::WriteVector(path, driver, epsg, type, features)) return nullptr;
-        return HODynamicCast<HOFeatureLayer>(OpenLayer(HOString(path)));
+        return HOLayerFixture::OpenVector(m_dir.filePath(file), epsg, type, features);
     }
     QTemporaryDir m_dir;
 };

