@@ -132,12 +132,9 @@ private slots:
     void form_data() {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("text");  // a group box's title or a button's, label's or box's text
-        for (const auto& [name, text] : {std::pair("groupBox_3", "Point"),
-                                         {"groupBox_2", "Polyline"},
-                                         {"groupBox", "Polygon"},
-                                         {"groupBox_4", ""},
-                                         {"checkBox", "Custom feature style"}})
-            QTest::newRow(name) << name << text;
+        for (const QString row : {"groupBox_3=Point", "groupBox_2=Polyline", "groupBox=Polygon",
+                                  "groupBox_4=", "checkBox=Custom feature style"})
+            QTest::newRow(qPrintable(row)) << row.section('=', 0, 0) << row.section('=', 1);
         for (const char* kind : {"point", "polyline", "polygon"}) {
             QTest::addRow("%s button", kind) << QString("pushButton_%1").arg(kind) << "...";
             QTest::addRow("%s preview", kind) << QString("label_%1").arg(kind) << "";
