@@ -1,5 +1,5 @@
 // Opening data: each kind of feature source, empty layers, NaN vertices, no coordinate system,
-// selection, lookup and memory use; coordinate systems and reprojection checked against PROJ itself. Fixtures
+// selection, lookup and memory use; reprojection checked against PROJ itself. Fixtures
 // are written with OGR and GDAL into a temporary folder.
 #include <proj.h>
 
@@ -246,40 +246,6 @@ private slots:
         const double raw = 16.0 * verticesPerFeature * features.size();
         QVERIFY2(layer->GetGeometryBytes() <= 1.25 * raw,
                  qPrintable(QString::number(layer->GetGeometryBytes() / raw)));
-    }
-
-    void readsSystemDefinitions_data() {
-        QTest::addColumn<QString>("definition");
-        QTest::addColumn<bool>("valid");
-        QTest::addColumn<bool>("geographic");
-        QTest::addColumn<int>("unit");
-        QTest::addColumn<int>("epsg");
-        QTest::newRow("CGCS2000 geographic") << "EPSG:4490" << true << true << int(HOUnitDegree) << 4490;
-        QTest::newRow("Gauss-Kruger CM 117E") << "EPSG:4509" << true << false << int(HOUnitMeter) << 4509;
-        QTest::newRow("US survey feet") << "EPSG:2264" << true << false << int(HOUnitFoot) << 2264;
-        QTest::newRow("kilometres") << "+proj=merc +datum=WGS84 +units=km" << true << false
-                                    << int(HOUnitKilometer) << 0;
-        QTest::newRow("garbage") << "no such system" << false << false << 0 << 0;
-        QTest::newRow("unknown code") << "EPSG:999999" << false << false << 0 << 0;
-        QTest::newRow("empty") << "" << false << false << 0 << 0;
-    }
-
-    void readsSystemDefinitions() {
-        QFETCH(QString, definition);
-        QFETCH(bool, valid);
-        QFETCH(bool, geographic);
-        HORefPtr<HOCoordinateSystem> system = HOCoordinateSystem::FromUserInput(HOString(definition));
-        QCOMPARE(bool(system), valid);
-        if (!valid) return;
-        QCOMPARE(system->IsGeographic(), geographic);
-        QCOMPARE(system->IsProjected(), !geographic);
-        QTEST(int(system->GetUnit()), "unit");
-        QTEST(system->GetEpsgCode(), "epsg");
-        // The WKT it writes reads back as the same system, and no other.
-        HORefPtr<HOCoordinateSystem> again = HOCoordinateSystem::FromUserInput(system->ToWkt());
-        QVERIFY(again && again->IsSame(system.get()));
-        QVERIFY(!system->IsSame(nullptr));
-        QVERIFY(!system->IsSame(HOCoordinateSystem::FromEpsg(geographic ? 4509 : 4490).get()));
     }
 
     void reprojectsKnownPointLikeProj_data() {

@@ -2,7 +2,7 @@
 // systems, an orthographic view, a UTM and a Gauss-Kruger zone. What cannot be shown is cut away,
 // the extent stays finite and sensible, the picture is neither a strip nor blank and carries no
 // smeared wedge, deep zooms still draw, and nothing is printed. Also: the map keeps the system it
-// took first.
+// took first, and what each kind of system definition reads as.
 #include <QTemporaryDir>
 #include <QtTest>
 #include <cmath>
@@ -164,24 +164,51 @@ private slots:
         QCOMPARE(other->GetSpatialReference()->GetEpsgCode(), 3857);
     }
 
-    void systemKinds_data() {
+    // What a definition reads as; the WKT a system writes reads back as the same system and no other.
+    void systemDefinitions_data() {
         QTest::addColumn<QString>("definition");
-        QTest::addColumn<int>("kind");
+        QTest::addColumn<int>("kind");  // -1: no system
+        QTest::addColumn<int>("unit");  // -1: not checked
+        QTest::addColumn<int>("epsg");
         QTest::addColumn<bool>("canDrawMap");
-        QTest::newRow("geographic") << "EPSG:4490" << int(HOCoordinateSystem::GeographicKind) << true;
-        QTest::newRow("projected") << "EPSG:3857" << int(HOCoordinateSystem::ProjectedKind) << true;
-        QTest::newRow("PROJ string") << "+proj=ortho +lat_0=40 +lon_0=10"
-                                     << int(HOCoordinateSystem::ProjectedKind) << true;
-        QTest::newRow("geocentric") << "EPSG:4978" << int(HOCoordinateSystem::GeocentricKind) << false;
-        QTest::newRow("vertical") << "EPSG:5773" << int(HOCoordinateSystem::VerticalKind) << false;
+        const auto row = [](const char* tag, const char* definition, int kind, int unit, int epsg,
+                            bool canDraw) {
+            QTest::newRow(tag) << definition << kind << unit << epsg << canDraw;
+        };
+        const int geographic = HOCoordinateSystem::GeographicKind,
+                  projected = HOCoordinateSystem::ProjectedKind;
+        row("CGCS2000 geographic", "EPSG:4490", geographic, HOUnitDegree, 4490, true);
+        row("Gauss-Kruger CM 117E", "EPSG:4509", projected, HOUnitMeter, 4509, true);
+        row("US survey feet", "EPSG:2264", projected, HOUnitFoot, 2264, true);
+        row("Web Mercator", "EPSG:3857", projected, HOUnitMeter, 3857, true);
+        row("PROJ string in kilometres", "+proj=merc +datum=WGS84 +units=km", projected, HOUnitKilometer, 0,
+            true);
+        row("orthographic PROJ string", "+proj=ortho +lat_0=40 +lon_0=10", projected, HOUnitMeter, 0, true);
+        row("geocentric", "EPSG:4978", HOCoordinateSystem::GeocentricKind, -1, 4978, false);
+        row("vertical", "EPSG:5773", HOCoordinateSystem::VerticalKind, -1, 5773, false);
+        row("garbage", "no such system", -1, -1, 0, false);
+        row("unknown code", "EPSG:999999", -1, -1, 0, false);
+        row("empty", "", -1, -1, 0, false);
     }
 
-    void systemKinds() {
+    void systemDefinitions() {
         QFETCH(QString, definition);
+        QFETCH(int, kind);
+        QFETCH(int, unit);
         const HORefPtr<HOCoordinateSystem> system = HOCoordinateSystem::FromUserInput(HOString(definition));
-        QVERIFY(system);
-        QTEST(int(system->GetKind()), "kind");
+        QCOMPARE(bool(system), kind >= 0);
+        if (!system) return;
+        const bool geographic = kind == HOCoordinateSystem::GeographicKind;
+        QCOMPARE(int(system->GetKind()), kind);
+        QCOMPARE(system->IsGeographic(), geographic);
+        QCOMPARE(system->IsProjected(), kind == HOCoordinateSystem::ProjectedKind);
         QTEST(system->CanDrawMap(), "canDrawMap");
+        if (unit >= 0) QCOMPARE(int(system->GetUnit()), unit);
+        QTEST(system->GetEpsgCode(), "epsg");
+        const HORefPtr<HOCoordinateSystem> again = HOCoordinateSystem::FromUserInput(system->ToWkt());
+        QVERIFY(again && again->IsSame(system.get()));
+        QVERIFY(!system->IsSame(nullptr));
+        QVERIFY(!system->IsSame(HOCoordinateSystem::FromEpsg(geographic ? 4509 : 4490).get()));
     }
 
 private:
