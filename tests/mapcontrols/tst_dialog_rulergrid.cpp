@@ -34,6 +34,9 @@ QString dms(const QString& angle, const char* part) {
     return QString("mLineEditBLGrid%1%2Value").arg(angle, part);
 }
 
+const char* const kByScale = "mRadioButtonAutoCalcKMGridSpacingByMapScale";
+const char* const kByUnit = "mRadioButtonAutoCalcKMGridSpacingByScaleUnit";
+
 const QStringList kAngles{"LongitudeStartPosition", "LatitudeStartPosition", "LongitudeDistances",
                           "LatitudeDistances"};
 
@@ -207,27 +210,31 @@ private slots:
         for (const char* name : {"mLabelKMGridXDistances", "mLineEditKMGridXDistances",
                                  "mLabelKMGridYDistances", "mLineEditKMGridYDistances"})
             QVERIFY2(!child<QWidget>(&dialog, name)->isEnabled(), name);
-        auto* byScale = child<QRadioButton>(&dialog, "mRadioButtonAutoCalcKMGridSpacingByMapScale");
-        auto* byUnit = child<QRadioButton>(&dialog, "mRadioButtonAutoCalcKMGridSpacingByScaleUnit");
+        auto* byScale = child<QRadioButton>(&dialog, kByScale);
+        auto* byUnit = child<QRadioButton>(&dialog, kByUnit);
         QVERIFY(byScale->group() && byScale->group() == byUnit->group() && byScale->group()->exclusive());
         loadSample(dialog);
         dialog.show();
         saveScreenshot(&dialog, geographic ? "rulergrid-geographic" : "rulergrid-projected");
     }
 
-    // Flags as loaded, and what the manual-spacing check boxes switch when clicked afterwards.
+    // Flags as loaded, and what the manual-spacing check boxes and the spacing-type radio buttons switch
+    // when clicked afterwards. The stored spacing type is the checked radio button's, else the loaded one.
     void flags_data() {
         QTest::addColumn<bool>("draw");
         QTest::addColumn<bool>("manualKM");
         QTest::addColumn<bool>("manualBL");
         QTest::addColumn<int>("spacingType");
-        QTest::addColumn<QString>("click");   // a check box clicked after loading, or empty
+        QTest::addColumn<QString>("click");   // a button clicked after loading, or empty
         QTest::addColumn<QString>("radios");  // checked radio buttons: "scale", "unit" or ""
         QTest::addColumn<bool>("kmDistancesOn");
         QTest::addColumn<bool>("blDistancesOn");
         const auto row = [](const char* tag, bool draw, bool km, bool bl, int type, QString click,
                             const char* radios, bool kmOn, bool blOn) {
-            if (!click.isEmpty()) click = "mCheckBoxManuallySet" + click + "GridSpacing";
+            click = click == "unit"    ? kByUnit
+                    : click == "scale" ? kByScale
+                    : click.isEmpty()  ? click
+                                       : "mCheckBoxManuallySet" + click + "GridSpacing";
             QTest::newRow(tag) << draw << km << bl << type << click << radios << kmOn << blOn;
         };
         row("nothing drawn, automatic, by scale", false, false, false, 0, "", "scale", false, false);
@@ -237,6 +244,8 @@ private slots:
         row("KM switched back to automatic", true, true, true, 1, "KM", "unit", false, true);
         row("BL switched to manual", false, false, false, 0, "BL", "scale", false, true);
         row("BL switched back", false, false, true, 0, "BL", "scale", false, false);
+        row("unknown type, by unit clicked", false, false, false, 7, "unit", "unit", false, false);
+        row("unknown type, by scale clicked", false, false, false, 7, "scale", "scale", false, false);
     }
     void flags() {
         QFETCH(bool, draw);
@@ -251,7 +260,7 @@ private slots:
         dialog.show();
         loadSample(dialog, manualKM, manualBL, spacingType, draw);
         if (!click.isEmpty())
-            QTest::mouseClick(child<QCheckBox>(&dialog, click), Qt::LeftButton, {}, QPoint(5, 5));
+            QTest::mouseClick(child<QAbstractButton>(&dialog, click), Qt::LeftButton, {}, QPoint(5, 5));
         for (const char* name : {"mCheckBoxDrawKMGrid", "mCheckBoxDrawKMGridRuler", "mCheckBoxDrawBLGrid",
                                  "mCheckBoxDrawBLGridRuler"})
             QCOMPARE(child<QCheckBox>(&dialog, name)->isChecked(), draw);
@@ -260,11 +269,10 @@ private slots:
         QCOMPARE(dialog.settings().km.manualSpacing, kmDistancesOn);
         QCOMPARE(dialog.settings().bl.manualSpacing, blDistancesOn);
         QStringList checked;
-        if (child<QRadioButton>(&dialog, "mRadioButtonAutoCalcKMGridSpacingByMapScale")->isChecked())
-            checked << "scale";
-        if (child<QRadioButton>(&dialog, "mRadioButtonAutoCalcKMGridSpacingByScaleUnit")->isChecked())
-            checked << "unit";
+        if (child<QRadioButton>(&dialog, kByScale)->isChecked()) checked << "scale";
+        if (child<QRadioButton>(&dialog, kByUnit)->isChecked()) checked << "unit";
         QCOMPARE(checked.join(' '), radios);
+        QCOMPARE(dialog.settings().kmSpacingType, radios == "scale" ? 0 : radios == "unit" ? 1 : spacingType);
         for (const char* name :
              {"mLabelKMGridXDistances", "mLineEditKMGridXDistances", "mLabelKMGridXDistancesUnit",
               "mLabelKMGridYDistances", "mLineEditKMGridYDistances", "mLabelKMGridYDistancesUnit"})
@@ -361,19 +369,6 @@ private slots:
         dialog.accept();
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
         QCOMPARE(kFields.at(field)(dialog.settings()), value);
-    }
-
-    void spacingTypeByClick() {
-        HxRulerAndGridSettingsDialog dialog(false, nullptr);
-        dialog.show();
-        loadSample(dialog, false, false, 7);
-        QCOMPARE(dialog.settings().kmSpacingType, 7);
-        QTest::mouseClick(child<QRadioButton>(&dialog, "mRadioButtonAutoCalcKMGridSpacingByScaleUnit"),
-                          Qt::LeftButton, {}, QPoint(5, 5));
-        QCOMPARE(dialog.settings().kmSpacingType, 1);
-        QTest::mouseClick(child<QRadioButton>(&dialog, "mRadioButtonAutoCalcKMGridSpacingByMapScale"),
-                          Qt::LeftButton, {}, QPoint(5, 5));
-        QCOMPARE(dialog.settings().kmSpacingType, 0);
     }
 
     // One modal run through the canvas: the settings change on OK only, followed by one redraw.
