@@ -280,12 +280,7 @@ private:
     // 100 x 100 pixels over `extent`; one pixel per unit by default.
     static QImage render(const std::vector<HOLayer*>& layers, const HORect& extent = HORect(0, 100, 0, 100),
                          const HOCoordinateSystem* system = nullptr, const HOTrackCancel* cancel = nullptr) {
-        QImage image = HOLayerFixture::WhiteImage(QSize(100, 100));
-        QPainter painter(&image);
-        HORenderContext context = HOLayerFixture::Context(&painter, image.size(), extent, system);
-        context.cancel = cancel;
-        for (HOLayer* layer : layers) layer->Render(context);
-        return image;
+        return HOLayerFixture::Render(layers, extent, QSize(100, 100), system, cancel);
     }
 
     QTemporaryDir m_dir;

@@ -144,10 +144,12 @@ public:
     // The layers drawn in order over `extent` into a white image of `size`.
     static QImage Render(const std::vector<HXObjects::HOLayer*>& layers, const HXObjects::HORect& extent,
                          const QSize& size = QSize(100, 100),
-                         const HXObjects::HOCoordinateSystem* system = nullptr) {
+                         const HXObjects::HOCoordinateSystem* system = nullptr,
+                         const HXObjects::HOTrackCancel* cancel = nullptr) {
         QImage image = WhiteImage(size);
         QPainter painter(&image);
-        const HXObjects::HORenderContext context = Context(&painter, size, extent, system);
+        HXObjects::HORenderContext context = Context(&painter, size, extent, system);
+        context.cancel = cancel;
         for (HXObjects::HOLayer* layer : layers) layer->Render(context);
         return image;
     }
