@@ -1,6 +1,6 @@
 // Damaged and hostile files, written by the test: each opens within a deadline to a null layer and an
 // error naming the file and the reason, or — where the file is legitimately readable in part — to a
-// layer; nothing crashes or hangs.
+// layer; nothing crashes, hangs or prints.
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -11,6 +11,7 @@
 #include <chrono>
 
 #include "HOLayerFixture.h"
+#include "HOStderrCapture.h"
 #include "HOTimedOpen.h"
 
 using namespace HXObjects;
@@ -131,6 +132,9 @@ private slots:
             << false << "";
         QTest::newRow("geojson features not a list")
             << write("notalist.geojson", "{\"type\":\"FeatureCollection\",\"features\":{}}") << false << "";
+        QTest::newRow("unknown layer name")
+            << write("named.geojson", "{\"type\":\"FeatureCollection\",\"features\":[]}") + "|layername=roads"
+            << false << "no layer named 'roads'";
         QTest::newRow("wrong extension") << write("image.geojson", contents(m_tif)) << true << "";
 
         // KML.
@@ -169,9 +173,15 @@ private slots:
         QTest::newRow("tif huge declared size")
             << write("huge.tif", withHugeSize(tif)) << false << "too large";
         const QString southUp = file("southup.tif");
-        const double flipped[6] = {0, 1, 0, 0, 0, 1};
+        const double flipped[6] = {0, 1, 0, 0, 0, 1}, geo[6] = {0, 1, 0, 10, 0, -1};
         QVERIFY(HOLayerFixture::WriteRaster(southUp, 8, 8, 1, GDT_Byte, 0, flipped,
                                             [](int, int, int) { return 1.0; }));
+        const QString whole = file("whole.tif");
+        QVERIFY(HOLayerFixture::WriteRaster(whole, 300, 300, 1, GDT_Float32, 4509, geo,
+                                            [](int, int x, int y) { return double(x + y); }));
+        const QByteArray pixels = contents(whole);
+        QTest::newRow("tif without its pixels")
+            << write("nopixels.tif", pixels.left(pixels.size() / 3)) << false << "";
         QTest::newRow("tif south-up (warped, readable)") << southUp << true << "";
 
         // VRT.
@@ -189,8 +199,11 @@ private slots:
         QFETCH(QString, path);
         QFETCH(bool, readable);
         QFETCH(QString, reason);
+        HOStderrCapture capture;
         const HOTimedOpen opened = HOTimedOpen::Run(path, std::chrono::seconds(5));
+        const QByteArray printed = capture.Finish();
         QVERIFY2(opened.finished, "opening took more than 5 s");
+        QVERIFY2(printed.isEmpty(), printed.constData());
         if (readable) {
             QVERIFY2(opened.layer, qPrintable(opened.error));
             return;
@@ -206,16 +219,9 @@ private:
     QString file(const QString& name) const { return m_dir.filePath(name); }
 
     QString write(const QString& name, const QByteArray& bytes) const {
-        QFile out(file(name));
-        if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size())
-            qFatal("cannot write %s", qPrintable(name));
-        return out.fileName();
+        return HOLayerFixture::WriteFile(file(name), bytes);
     }
-
-    static QByteArray contents(const QString& path) {
-        QFile in(path);
-        return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
-    }
+    static QByteArray contents(const QString& path) { return HOLayerFixture::ReadFile(path); }
 
     // Deterministic bytes that no format recognises.
     static QByteArray garbage(int size) {

@@ -1,9 +1,8 @@
-// Opening data: each kind of feature source, bad files giving a null layer and a readable error, NaN
-// vertices, no coordinate system, selection, lookup and memory use; coordinate systems and reprojection
-// checked against PROJ itself. Fixtures are written with OGR and GDAL into a temporary folder.
+// Opening data: each kind of feature source, empty layers, NaN vertices, no coordinate system,
+// selection, lookup and memory use; reprojection checked against PROJ itself. Fixtures
+// are written with OGR and GDAL into a temporary folder.
 #include <proj.h>
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -22,8 +21,6 @@ namespace {
 
 const char* const squareWithHole = "POLYGON((0 0,100 0,100 100,0 100,0 0),(40 40,60 40,60 60,40 60,40 40))";
 const char* const triangle = "POLYGON((200 0,300 0,200 100,200 0))";
-const char* const truncatedJson = "{\"type\":\"FeatureCollection\",\"features\":[{\"type\":\"Fea";
-const char* const emptyCollection = "{\"type\":\"FeatureCollection\",\"features\":[]}";
 
 // The reference: PROJ directly, with easting/longitude first.
 HOPoint projTransform(int from, int to, const HOPoint& p) {
@@ -103,59 +100,6 @@ private slots:
         QCOMPARE(layer->GetSource(), HOString(m_dir.filePath(file)));
     }
 
-    void badSourceGivesNullAndReadableError_data() {
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<QByteArray>("content");  // written as is; a null array writes nothing
-        QTest::addColumn<QString>("suffix");      // appended to the path when opening
-        QTest::addColumn<QString>("reason");
-        // A real GeoTIFF whose header (and the strip offsets after it) stays but most pixels are cut.
-        const QString tif = m_dir.filePath("whole.tif");
-        const double geo[6] = {0, 1, 0, 10, 0, -1};
-        QVERIFY(HOLayerFixture::WriteRaster(tif, 300, 300, 1, GDT_Float32, 4509, geo,
-                                            [](int, int x, int y) { return double(x + y); }));
-        QFile whole(tif);
-        QVERIFY(whole.open(QIODevice::ReadOnly));
-        const QByteArray header = whole.readAll();
-
-        QTest::newRow("missing") << "missing.shp" << QByteArray() << ""
-                                 << "no such file";
-        QTest::newRow("corrupt GeoPackage") << "corrupt.gpkg" << QByteArray(4096, '\x5a') << ""
-                                            << "";
-        QTest::newRow("truncated GeoJSON") << "truncated.geojson" << QByteArray(truncatedJson) << ""
-                                           << "";
-        QTest::newRow("empty file") << "empty.geojson" << QByteArray("") << ""
-                                    << "";
-        QTest::newRow("truncated GeoTIFF header")
-            << "header.tif" << QByteArray("II*\0\x08\0\0\0\x10\0", 10) << ""
-            << "";
-        QTest::newRow("GeoTIFF without its pixels") << "cut.tif" << header.left(header.size() / 3) << ""
-                                                    << "";
-        QTest::newRow("unknown layer name")
-            << "named.geojson" << QByteArray(emptyCollection) << "|layername=roads"
-            << "no layer named 'roads'";
-    }
-
-    void badSourceGivesNullAndReadableError() {
-        QFETCH(QString, file);
-        QFETCH(QByteArray, content);
-        QFETCH(QString, suffix);
-        QFETCH(QString, reason);
-        const QString path = m_dir.filePath(file);
-        if (!content.isNull()) {
-            QFile out(path);
-            QVERIFY(out.open(QIODevice::WriteOnly));
-            out.write(content);
-        }
-        HOString error;
-        const QString source = path + suffix;
-        QVERIFY(!OpenLayer(HOString(source), &error));
-        const QString text = error.toQString();
-        QVERIFY2(text.startsWith(QStringLiteral("cannot open '%1': ").arg(source)), qPrintable(text));
-        QVERIFY2(text.size() > source.size() + 16 && text.contains(reason),
-                 qPrintable(text));             // a reason follows
-        QVERIFY(!OpenLayer(HOString(source)));  // the error text is optional
-    }
-
     void emptyLayerIsAHarmlessLayer() {
         HORefPtr<HOFeatureLayer> layer = open("nothing.gpkg", 4509, wkbPolygon, {});
         QVERIFY(layer);
@@ -163,11 +107,8 @@ private slots:
         QVERIFY(layer->GetExtent().IsEmpty());
         QCOMPARE(layer->SelectByRect(HORect(-1e9, 1e9, -1e9, 1e9), false), 0);
         QVERIFY(!layer->HasSelectedFeatures() && !layer->GetFeature(1));
-        QImage image = HOLayerFixture::WhiteImage(QSize(20, 20));
-        QPainter painter(&image);
-        layer->Render(HOLayerFixture::Context(&painter, image.size(), HORect(0, 10, 0, 10)));
-        painter.end();
-        QCOMPARE(image.pixel(10, 10), qRgb(255, 255, 255));
+        QCOMPARE(HOLayerFixture::Render({layer.get()}, HORect(0, 10, 0, 10)).pixel(10, 10),
+                 qRgb(255, 255, 255));
     }
 
     void nonFiniteVerticesAreDropped() {
@@ -307,40 +248,6 @@ private slots:
                  qPrintable(QString::number(layer->GetGeometryBytes() / raw)));
     }
 
-    void readsSystemDefinitions_data() {
-        QTest::addColumn<QString>("definition");
-        QTest::addColumn<bool>("valid");
-        QTest::addColumn<bool>("geographic");
-        QTest::addColumn<int>("unit");
-        QTest::addColumn<int>("epsg");
-        QTest::newRow("CGCS2000 geographic") << "EPSG:4490" << true << true << int(HOUnitDegree) << 4490;
-        QTest::newRow("Gauss-Kruger CM 117E") << "EPSG:4509" << true << false << int(HOUnitMeter) << 4509;
-        QTest::newRow("US survey feet") << "EPSG:2264" << true << false << int(HOUnitFoot) << 2264;
-        QTest::newRow("kilometres") << "+proj=merc +datum=WGS84 +units=km" << true << false
-                                    << int(HOUnitKilometer) << 0;
-        QTest::newRow("garbage") << "no such system" << false << false << 0 << 0;
-        QTest::newRow("unknown code") << "EPSG:999999" << false << false << 0 << 0;
-        QTest::newRow("empty") << "" << false << false << 0 << 0;
-    }
-
-    void readsSystemDefinitions() {
-        QFETCH(QString, definition);
-        QFETCH(bool, valid);
-        QFETCH(bool, geographic);
-        HORefPtr<HOCoordinateSystem> system = HOCoordinateSystem::FromUserInput(HOString(definition));
-        QCOMPARE(bool(system), valid);
-        if (!valid) return;
-        QCOMPARE(system->IsGeographic(), geographic);
-        QCOMPARE(system->IsProjected(), !geographic);
-        QTEST(int(system->GetUnit()), "unit");
-        QTEST(system->GetEpsgCode(), "epsg");
-        // The WKT it writes reads back as the same system, and no other.
-        HORefPtr<HOCoordinateSystem> again = HOCoordinateSystem::FromUserInput(system->ToWkt());
-        QVERIFY(again && again->IsSame(system.get()));
-        QVERIFY(!system->IsSame(nullptr));
-        QVERIFY(!system->IsSame(HOCoordinateSystem::FromEpsg(geographic ? 4509 : 4490).get()));
-    }
-
     void reprojectsKnownPointLikeProj_data() {
         QTest::addColumn<int>("from");
         QTest::addColumn<int>("to");
@@ -390,12 +297,7 @@ private slots:
 private:
     HORefPtr<HOFeatureLayer> open(const QString& file, int epsg, OGRwkbGeometryType type,
                                   const Features& features) {
-        const QString path = m_dir.filePath(file);
-        const char* driver = file.endsWith(".gpkg")  ? "GPKG"
-                             : file.endsWith(".shp") ? "ESRI Shapefile"
-                                                     : "GeoJSON";
-        if (!HOLayerFixture::WriteVector(path, driver, epsg, type, features)) return nullptr;
-        return HODynamicCast<HOFeatureLayer>(OpenLayer(HOString(path)));
+        return HOLayerFixture::OpenVector(m_dir.filePath(file), epsg, type, features);
     }
     QTemporaryDir m_dir;
 };

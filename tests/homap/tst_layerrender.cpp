@@ -1,15 +1,13 @@
 // What layers draw: pixels where a polygon, its hole, a line and a point must be; selection and
 // per-feature styles; draw order on one thread and split over threads; reprojection on the fly; deep
-// zooms; rasters (stretch, no-data, visible window, overviews); the graphics layer's hit tests.
+// zooms; the graphics layer's hit tests.
 #include <QTemporaryDir>
 #include <QtTest>
-#include <functional>
 
 #include "HODisplay.h"
 #include "HOFeatureLayer.h"
 #include "HOGraphicsLayer.h"
 #include "HOLayerFixture.h"
-#include "HORasterLayer.h"
 #include "HOTestPrinters.h"
 
 using namespace HXObjects;
@@ -28,7 +26,6 @@ QRgb overWhite(const HOColor& colour) {
 const QRgb fillGreen = overWhite(HOStyle::NewDefault(HOStyle::FillStyle, 0)->GetColor());
 const QRgb lineBlue = HOStyle::NewDefault(HOStyle::LineStyle, 0)->GetColor().toQColor().rgb();
 const QRgb markerRed = HOStyle::NewDefault(HOStyle::MarkerStyle, 0)->GetColor().toQColor().rgb();
-const double unitPixels[6] = {0, 1, 0, 10, 0, -1};  // 10 x 10 units, origin top left at (0, 10)
 
 // A closed square ring with many vertices, so that drawing and reprojecting it is real work.
 std::string denseSquare(double minX, double minY, double side, int verticesPerEdge) {
@@ -195,99 +192,6 @@ private slots:
         QTEST(render({grid ? m_grid.get() : m_polygons.get()}, extent).pixel(pixel), "colour");
     }
 
-    void rasterBandsAsColours_data() {
-        QTest::addColumn<int>("bands");
-        QTest::addColumn<double>("noData");
-        QTest::addColumn<QPoint>("pixel");
-        QTest::addColumn<QRgb>("colour");
-        // Grey: value = 10 * column, stretched from 0 (black) to 90 (white).
-        QTest::newRow("grey minimum") << 1 << double(NAN) << QPoint(5, 50) << qRgb(0, 0, 0);
-        QTest::newRow("grey maximum") << 1 << double(NAN) << QPoint(95, 50) << white;
-        QTest::newRow("grey between") << 1 << double(NAN) << QPoint(45, 50) << qRgb(113, 113, 113);
-        QTest::newRow("no-data shows the background") << 1 << 0.0 << QPoint(5, 50) << white;
-        QTest::newRow("no-data stretch ignores it") << 1 << 0.0 << QPoint(15, 50) << qRgb(0, 0, 0);
-        QTest::newRow("RGB") << 3 << double(NAN) << QPoint(50, 50) << qRgb(200, 100, 50);
-        QTest::newRow("RGBA transparent") << 4 << double(NAN) << QPoint(5, 50) << white;
-        QTest::newRow("RGBA opaque") << 4 << double(NAN) << QPoint(95, 50) << qRgb(200, 100, 50);
-    }
-
-    void rasterBandsAsColours() {
-        QFETCH(int, bands);
-        QFETCH(double, noData);
-        QFETCH(QPoint, pixel);
-        QFETCH(QRgb, colour);
-        const auto value = [&](int band, int x, int) -> double {
-            if (bands == 1) return 10.0 * x;
-            if (band == 4) return x < 5 ? 0 : 255;  // alpha: left half transparent
-            return band == 1 ? 200 : band == 2 ? 100 : 50;
-        };
-        HORefPtr<HORasterLayer> layer =
-            openRaster(QStringLiteral("%1.tif").arg(QTest::currentDataTag()).replace(' ', '_'), bands,
-                       bands == 1 ? GDT_Float32 : GDT_Byte, 4509, unitPixels, value, noData);
-        QVERIFY(layer);
-        QCOMPARE(layer->GetExtent(), HORect(0, 10, 0, 10));
-        QCOMPARE(layer->GetBandCount(), bands);
-        const QRgb actual = render({layer}, HORect(0, 10, 0, 10)).pixel(pixel);
-        // Grey levels may round either way.
-        QVERIFY2(std::abs(qRed(actual) - qRed(colour)) <= 1 &&
-                     std::abs(qGreen(actual) - qGreen(colour)) <= 1 &&
-                     std::abs(qBlue(actual) - qBlue(colour)) <= 1,
-                 qPrintable(QColor(actual).name() + " vs " + QColor(colour).name()));
-    }
-
-    void rasterWindowOverviewsAndReprojection() {
-        HORefPtr<HORasterLayer> layer = openRaster("window.tif", 1, GDT_Float32, 4509, unitPixels,
-                                                   [](int, int x, int) { return 10.0 * x; });
-        QVERIFY(layer);
-        // The right half fills the view: its left edge is column 5 (value 50 of 0..90). Beyond, nothing.
-        const QImage image = render({layer}, HORect(5, 10, 2.5, 7.5));
-        QCOMPARE(qRed(image.pixel(5, 50)), 50 * 255 / 90);
-        QCOMPARE(image.pixel(95, 50), white);
-        QCOMPARE(render({layer}, HORect(20, 30, 20, 30)).pixel(50, 50), white);
-
-        // Full resolution is light grey; every overview is made dark, so the colour tells which was read.
-        const double fine[6] = {0, 0.01, 0, 10, 0, -0.01};
-        const QString path = m_dir.filePath("overviews.tif");
-        QVERIFY(HOLayerFixture::WriteRaster(path, 1000, 1000, 3, GDT_Byte, 4509, fine,
-                                            [](int, int, int) { return 200.; }));
-        {
-            GDALDatasetUniquePtr ds(
-                GDALDataset::Open(path.toUtf8().constData(), GDAL_OF_RASTER | GDAL_OF_UPDATE));
-            int levels[] = {2, 4, 8};
-            QCOMPARE(ds->BuildOverviews("NEAREST", 3, levels, 0, nullptr, nullptr, nullptr, nullptr),
-                     CE_None);
-            for (int b = 1; b <= 3; ++b) {
-                for (int o = 0; o < ds->GetRasterBand(b)->GetOverviewCount(); ++o) {
-                    GDALRasterBand* overview = ds->GetRasterBand(b)->GetOverview(o);
-                    const int w = overview->GetXSize(), h = overview->GetYSize();
-                    std::vector<GByte> dark(std::size_t(w) * std::size_t(h), 40);
-                    QCOMPARE(overview->RasterIO(GF_Write, 0, 0, w, h, dark.data(), w, h, GDT_Byte, 0, 0),
-                             CE_None);
-                }
-            }
-        }
-        layer = HODynamicCast<HORasterLayer>(OpenLayer(HOString(path)));
-        QVERIFY(layer);
-        QCOMPARE(render({layer}, HORect(0, 10, 0, 10)).pixel(50, 50),
-                 qRgb(40, 40, 40));  // 10x smaller: overview
-        QCOMPARE(render({layer}, HORect(4, 5, 4, 5)).pixel(50, 50),
-                 qRgb(200, 200, 200));  // 1:1: full resolution
-
-        // A tenth of a degree around 117E 30N, drawn in Gauss-Kruger metres.
-        const double degrees[6] = {116.95, 0.001, 0, 30.05, 0, -0.001};
-        layer = openRaster(
-            "geographic.tif", 3, GDT_Byte, 4490, degrees,
-            [](int band, int, int) { return band == 1   ? 10.0
-                                            : band == 2 ? 120.0
-                                                        : 30.0; }, NAN, 100);
-        QVERIFY(layer);
-        HORefPtr<HOCoordinateSystem> gk = HOCoordinateSystem::FromEpsg(4509);
-        const HOPoint c = layer->GetExtentIn(gk).Center();
-        QCOMPARE(render({layer}, HORect(c.x - 1000, c.x + 1000, c.y - 1000, c.y + 1000), gk).pixel(50, 50),
-                 qRgb(10, 120, 30));
-        QCOMPARE(render({layer}, HORect(c.x + 20000, c.x + 22000, c.y, c.y + 2000), gk).pixel(50, 50), white);
-    }
-
     void graphicsLocate_data() {
         QTest::addColumn<HORefPtr<HOGeometry>>("shape");
         QTest::addColumn<double>("markerSize");  // pixels; 0: not a marker style
@@ -371,27 +275,12 @@ private slots:
 private:
     HORefPtr<HOFeatureLayer> open(const QString& file, int epsg, OGRwkbGeometryType type,
                                   const std::vector<HOLayerFixture::Feature>& features) {
-        const QString path = m_dir.filePath(file);
-        if (!HOLayerFixture::WriteVector(path, "GPKG", epsg, type, features)) return nullptr;
-        return HODynamicCast<HOFeatureLayer>(OpenLayer(HOString(path)));
-    }
-    HORefPtr<HORasterLayer> openRaster(const QString& file, int bands, GDALDataType type, int epsg,
-                                       const double geo[6], std::function<double(int, int, int)> value,
-                                       double noData = NAN, int size = 10) {
-        const QString path = m_dir.filePath(file);
-        if (!HOLayerFixture::WriteRaster(path, size, size, bands, type, epsg, geo, value, noData))
-            return nullptr;
-        return HODynamicCast<HORasterLayer>(OpenLayer(HOString(path)));
+        return HOLayerFixture::OpenVector(m_dir.filePath(file), epsg, type, features);
     }
     // 100 x 100 pixels over `extent`; one pixel per unit by default.
     static QImage render(const std::vector<HOLayer*>& layers, const HORect& extent = HORect(0, 100, 0, 100),
                          const HOCoordinateSystem* system = nullptr, const HOTrackCancel* cancel = nullptr) {
-        QImage image = HOLayerFixture::WhiteImage(QSize(100, 100));
-        QPainter painter(&image);
-        HORenderContext context = HOLayerFixture::Context(&painter, image.size(), extent, system);
-        context.cancel = cancel;
-        for (HOLayer* layer : layers) layer->Render(context);
-        return image;
+        return HOLayerFixture::Render(layers, extent, QSize(100, 100), system, cancel);
     }
 
     QTemporaryDir m_dir;

@@ -1,6 +1,6 @@
 // Rasters: where odd georeferencing puts them (or why they are refused), how their values become
-// colours, transparency outside a warped footprint, and huge rasters that must neither block the
-// GUI thread nor write beside the user's file.
+// colours, the window drawn, overviews and reprojection, transparency outside a warped footprint, and huge
+// rasters that must neither block the GUI thread nor write beside the user's file.
 #include <QDirIterator>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
@@ -22,7 +22,7 @@ Q_DECLARE_METATYPE(PixelValue)
 namespace {
 
 const QRgb red = qRgb(255, 0, 0), yellow = qRgb(255, 255, 0), cyan = qRgb(0, 255, 255),
-           blue = qRgb(0, 0, 255);
+           blue = qRgb(0, 0, 255), white = qRgb(255, 255, 255);
 
 // Four quadrants of a 10 x 10 RGB raster: yellow, cyan / red, blue (top row first).
 double quadrants(int band, int x, int y) {
@@ -127,32 +127,65 @@ private slots:
         QTEST(image.pixel(25, 75), "bottomLeft");
     }
 
+    // Grey values stretch from black to white (2-98 %, no-data left out and drawn as the background), RGB(A)
+    // bands are colours, a colour table is looked up.
     void valuesToColours_data() {
+        QTest::addColumn<int>("bands");
         QTest::addColumn<int>("type");  // GDALDataType
         QTest::addColumn<PixelValue>("value");
+        QTest::addColumn<double>("noData");
         QTest::addColumn<bool>("paletted");  // 1 -> (10, 200, 30), 2 -> (250, 120, 0)
-        QTest::addColumn<QRgb>("colour");    // at column 5
+        QTest::addColumn<QPoint>("pixel");
+        QTest::addColumn<QRgb>("colour");
         QTest::addColumn<int>("tolerance");
-        QTest::newRow("colour table")
-            << int(GDT_Byte) << PixelValue([](int, int x, int) { return x < 5 ? 1 : 2; }) << true
-            << qRgb(250, 120, 0) << 0;
+        const auto row = [](const char* tag, int bands, GDALDataType type, PixelValue value, double noData,
+                            bool paletted, QPoint pixel, QRgb colour, int tolerance) {
+            QTest::newRow(tag) << bands << int(type) << value << noData << paletted << pixel << colour
+                               << tolerance;
+        };
+        const double none = NAN;
+        const PixelValue columns = [](int, int x, int) { return 10.0 * x; };  // 0 (black) to 90 (white)
+        const PixelValue rgba = [](int band, int x, int) -> double {
+            return band == 4 ? (x < 5 ? 0 : 255) : band == 1 ? 200 : band == 2 ? 100 : 50;  // left half clear
+        };
+        const QPoint middle(55, 50);
+        row("grey minimum", 1, GDT_Float32, columns, none, false, {5, 50}, qRgb(0, 0, 0), 1);
+        row("grey maximum", 1, GDT_Float32, columns, none, false, {95, 50}, white, 1);
+        row("grey between", 1, GDT_Float32, columns, none, false, {45, 50}, qRgb(113, 113, 113), 1);
+        row("no-data shows the background", 1, GDT_Float32, columns, 0.0, false, {5, 50}, white, 1);
+        row("no-data stretch ignores it", 1, GDT_Float32, columns, 0.0, false, {15, 50}, qRgb(0, 0, 0), 1);
+        row("RGB", 3, GDT_Byte, rgba, none, false, middle, qRgb(200, 100, 50), 1);
+        row("RGBA transparent", 4, GDT_Byte, rgba, none, false, {5, 50}, white, 1);
+        row("RGBA opaque", 4, GDT_Byte, rgba, none, false, middle, qRgb(200, 100, 50), 1);
+        row(
+            "colour table", 1, GDT_Byte, [](int, int x, int) { return x < 5 ? 1 : 2; }, none, true, middle,
+            qRgb(250, 120, 0), 0);
         // Values 0..9 and one far outlier: the 2-98 % stretch puts 5 near the middle.
-        QTest::newRow("float with an outlier")
-            << int(GDT_Float32) << PixelValue([](int, int x, int y) { return x == 9 && y == 9 ? 1e6 : x; })
-            << false << qRgb(141, 141, 141) << 15;
-        QTest::newRow("constant float") << int(GDT_Float32) << PixelValue([](int, int, int) { return 7.5; })
-                                        << false << qRgb(128, 128, 128) << 1;
-        QTest::newRow("constant byte") << int(GDT_Byte) << PixelValue([](int, int, int) { return 0; })
-                                       << false << qRgb(128, 128, 128) << 1;
+        row(
+            "float with an outlier", 1, GDT_Float32,
+            [](int, int x, int y) { return x == 9 && y == 9 ? 1e6 : x; }, none, false, middle,
+            qRgb(141, 141, 141), 15);
+        row(
+            "constant float", 1, GDT_Float32, [](int, int, int) { return 7.5; }, none, false, middle,
+            qRgb(128, 128, 128), 1);
+        row(
+            "constant byte", 1, GDT_Byte, [](int, int, int) { return 0; }, none, false, middle,
+            qRgb(128, 128, 128), 1);
     }
 
     void valuesToColours() {
+        QFETCH(int, bands);
         QFETCH(int, type);
         QFETCH(PixelValue, value);
+        QFETCH(double, noData);
         QFETCH(bool, paletted);
+        QFETCH(QPoint, pixel);
+        QFETCH(QRgb, colour);
+        QFETCH(int, tolerance);
         const QString path = m_dir.filePath("data/values.tif");
         const double geo[6] = {0, 1, 0, 10, 0, -1};
-        QVERIFY(HOLayerFixture::WriteRaster(path, 10, 10, 1, GDALDataType(type), 4509, geo, value));
+        QVERIFY(
+            HOLayerFixture::WriteRaster(path, 10, 10, bands, GDALDataType(type), 4509, geo, value, noData));
         if (paletted) {
             GDALDatasetUniquePtr ds(
                 GDALDataset::Open(path.toUtf8().constData(), GDAL_OF_RASTER | GDAL_OF_UPDATE));
@@ -162,15 +195,68 @@ private slots:
             table.SetColorEntry(2, &orange);
             QCOMPARE(ds->GetRasterBand(1)->SetColorTable(&table), CE_None);
         }
-        HORefPtr<HOLayer> layer = OpenLayer(HOString(path));
+        HORefPtr<HORasterLayer> layer = HODynamicCast<HORasterLayer>(OpenLayer(HOString(path)));
         QVERIFY(layer);
-        const QRgb actual = render(layer, HORect(0, 10, 0, 10)).pixel(55, 50);
-        QFETCH(QRgb, colour);
-        QFETCH(int, tolerance);
+        QCOMPARE(layer->GetBandCount(), bands);
+        const QRgb actual = render(layer, HORect(0, 10, 0, 10)).pixel(pixel);
         QVERIFY2(near(actual, colour, tolerance),
                  qPrintable(QColor(actual).name() + " vs " + QColor(colour).name()));
         layer = nullptr;
         QCOMPARE(QDir(m_dir.filePath("data")).entryList(QDir::Files), QStringList{"values.tif"});
+    }
+
+    void rasterWindowOverviewsAndReprojection() {
+        const double unitPixels[6] = {0, 1, 0, 10, 0, -1};
+        HORefPtr<HORasterLayer> layer =
+            HOLayerFixture::OpenRaster(m_dir.filePath("window.tif"), 10, 10, 1, GDT_Float32, 4509, unitPixels,
+                                       [](int, int x, int) { return 10.0 * x; });
+        QVERIFY(layer);
+        // The right half fills the view: its left edge is column 5 (value 50 of 0..90). Beyond, nothing.
+        const QImage image = render(layer, HORect(5, 10, 2.5, 7.5));
+        QCOMPARE(qRed(image.pixel(5, 50)), 50 * 255 / 90);
+        QCOMPARE(image.pixel(95, 50), white);
+        QCOMPARE(render(layer, HORect(20, 30, 20, 30)).pixel(50, 50), white);
+
+        // Full resolution is light grey; every overview is made dark, so the colour tells which was read.
+        const double fine[6] = {0, 0.01, 0, 10, 0, -0.01};
+        const QString path = m_dir.filePath("overviews.tif");
+        QVERIFY(HOLayerFixture::WriteRaster(path, 1000, 1000, 3, GDT_Byte, 4509, fine,
+                                            [](int, int, int) { return 200.; }));
+        {
+            GDALDatasetUniquePtr ds(
+                GDALDataset::Open(path.toUtf8().constData(), GDAL_OF_RASTER | GDAL_OF_UPDATE));
+            int levels[] = {2, 4, 8};
+            QCOMPARE(ds->BuildOverviews("NEAREST", 3, levels, 0, nullptr, nullptr, nullptr, nullptr),
+                     CE_None);
+            for (int b = 1; b <= 3; ++b) {
+                for (int o = 0; o < ds->GetRasterBand(b)->GetOverviewCount(); ++o) {
+                    GDALRasterBand* overview = ds->GetRasterBand(b)->GetOverview(o);
+                    const int w = overview->GetXSize(), h = overview->GetYSize();
+                    std::vector<GByte> dark(std::size_t(w) * std::size_t(h), 40);
+                    QCOMPARE(overview->RasterIO(GF_Write, 0, 0, w, h, dark.data(), w, h, GDT_Byte, 0, 0),
+                             CE_None);
+                }
+            }
+        }
+        layer = HODynamicCast<HORasterLayer>(OpenLayer(HOString(path)));
+        QVERIFY(layer);
+        QCOMPARE(render(layer, HORect(0, 10, 0, 10)).pixel(50, 50),
+                 qRgb(40, 40, 40));  // 10x smaller: overview
+        QCOMPARE(render(layer, HORect(4, 5, 4, 5)).pixel(50, 50),
+                 qRgb(200, 200, 200));  // 1:1: full resolution
+
+        // A tenth of a degree around 117E 30N, drawn in Gauss-Kruger metres.
+        const double degrees[6] = {116.95, 0.001, 0, 30.05, 0, -0.001};
+        layer = HOLayerFixture::OpenRaster(m_dir.filePath("geographic.tif"), 100, 100, 3, GDT_Byte, 4490,
+                                           degrees, [](int band, int, int) {
+                                               return band == 1 ? 10.0 : band == 2 ? 120.0 : 30.0;
+                                           });
+        QVERIFY(layer);
+        HORefPtr<HOCoordinateSystem> gk = HOCoordinateSystem::FromEpsg(4509);
+        const HOPoint c = layer->GetExtentIn(gk).Center();
+        QCOMPARE(render(layer, HORect(c.x - 1000, c.x + 1000, c.y - 1000, c.y + 1000), gk).pixel(50, 50),
+                 qRgb(10, 120, 30));
+        QCOMPARE(render(layer, HORect(c.x + 20000, c.x + 22000, c.y, c.y + 2000), gk).pixel(50, 50), white);
     }
 
     void warpedFootprintIsTransparent_data() {

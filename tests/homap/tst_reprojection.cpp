@@ -2,11 +2,8 @@
 // systems, an orthographic view, a UTM and a Gauss-Kruger zone. What cannot be shown is cut away,
 // the extent stays finite and sensible, the picture is neither a strip nor blank and carries no
 // smeared wedge, deep zooms still draw, and nothing is printed. Also: the map keeps the system it
-// took first.
-#include <unistd.h>
-
+// took first, and what each kind of system definition reads as.
 #include <QTemporaryDir>
-#include <QTemporaryFile>
 #include <QtTest>
 #include <cmath>
 
@@ -14,6 +11,7 @@
 #include "HOLayerFixture.h"
 #include "HOMap.h"
 #include "HORasterLayer.h"
+#include "HOStderrCapture.h"
 #include "HOTestPrinters.h"
 
 using namespace HXObjects;
@@ -23,28 +21,6 @@ namespace {
 struct Probe {
     double lon, lat;
     bool drawn;
-};
-
-// Everything written to standard error while it lives.
-class StderrCapture {
-public:
-    StderrCapture() {
-        m_file.open();
-        fflush(stderr);
-        m_saved = dup(2);
-        dup2(m_file.handle(), 2);
-    }
-    QByteArray Finish() {
-        fflush(stderr);
-        dup2(m_saved, 2);
-        close(m_saved);
-        m_file.seek(0);
-        return m_file.readAll();
-    }
-
-private:
-    QTemporaryFile m_file;
-    int m_saved = -1;
 };
 
 bool isBackground(QRgb pixel) {
@@ -64,14 +40,13 @@ private slots:
         // Three continents, both polar caps and an island group across the antimeridian (written
         // with longitudes past 180). Edges run for tens of degrees: they must curve once projected.
         const QString path = m_dir.filePath("world.gpkg");
-        QVERIFY(HOLayerFixture::WriteVector(path, "GPKG", 4326, wkbPolygon,
-                                            {{"POLYGON((-20 -30,40 -30,40 30,-20 30,-20 -30))"},
-                                             {"POLYGON((60 10,140 10,140 60,60 60,60 10))"},
-                                             {"POLYGON((-120 20,-70 20,-70 50,-120 50,-120 20))"},
-                                             {"POLYGON((-180 75,180 75,180 90,-180 90,-180 75))"},
-                                             {"POLYGON((-180 -90,180 -90,180 -70,-180 -70,-180 -90))"},
-                                             {"POLYGON((170 -20,190 -20,190 -10,170 -10,170 -20))"}}));
-        m_world = HODynamicCast<HOFeatureLayer>(OpenLayer(HOString(path)));
+        m_world = HOLayerFixture::OpenVector(path, 4326, wkbPolygon,
+                                             {{"POLYGON((-20 -30,40 -30,40 30,-20 30,-20 -30))"},
+                                              {"POLYGON((60 10,140 10,140 60,60 60,60 10))"},
+                                              {"POLYGON((-120 20,-70 20,-70 50,-120 50,-120 20))"},
+                                              {"POLYGON((-180 75,180 75,180 90,-180 90,-180 75))"},
+                                              {"POLYGON((-180 -90,180 -90,180 -70,-180 -70,-180 -90))"},
+                                              {"POLYGON((170 -20,190 -20,190 -10,170 -10,170 -20))"}});
         QVERIFY(m_world);
     }
 
@@ -105,7 +80,7 @@ private slots:
         QFETCH(std::vector<Probe>, probes);
         const HORefPtr<HOCoordinateSystem> target = HOCoordinateSystem::FromUserInput(HOString(system));
         QVERIFY(target);
-        StderrCapture capture;
+        HOStderrCapture capture;
         const HORect estimated = m_world->GetExtentIn(target);
         QImage image = render(estimated, target);
         const HORect drawn = m_world->GetExtentIn(target);  // from the drawn copy now
@@ -189,32 +164,56 @@ private slots:
         QCOMPARE(other->GetSpatialReference()->GetEpsgCode(), 3857);
     }
 
-    void systemKinds_data() {
+    // What a definition reads as; the WKT a system writes reads back as the same system and no other.
+    void systemDefinitions_data() {
         QTest::addColumn<QString>("definition");
-        QTest::addColumn<int>("kind");
+        QTest::addColumn<int>("kind");  // -1: no system
+        QTest::addColumn<int>("unit");  // -1: not checked
+        QTest::addColumn<int>("epsg");
         QTest::addColumn<bool>("canDrawMap");
-        QTest::newRow("geographic") << "EPSG:4490" << int(HOCoordinateSystem::GeographicKind) << true;
-        QTest::newRow("projected") << "EPSG:3857" << int(HOCoordinateSystem::ProjectedKind) << true;
-        QTest::newRow("PROJ string") << "+proj=ortho +lat_0=40 +lon_0=10"
-                                     << int(HOCoordinateSystem::ProjectedKind) << true;
-        QTest::newRow("geocentric") << "EPSG:4978" << int(HOCoordinateSystem::GeocentricKind) << false;
-        QTest::newRow("vertical") << "EPSG:5773" << int(HOCoordinateSystem::VerticalKind) << false;
+        const auto row = [](const char* tag, const char* definition, int kind, int unit, int epsg,
+                            bool canDraw) {
+            QTest::newRow(tag) << definition << kind << unit << epsg << canDraw;
+        };
+        const int geographic = HOCoordinateSystem::GeographicKind,
+                  projected = HOCoordinateSystem::ProjectedKind;
+        row("CGCS2000 geographic", "EPSG:4490", geographic, HOUnitDegree, 4490, true);
+        row("Gauss-Kruger CM 117E", "EPSG:4509", projected, HOUnitMeter, 4509, true);
+        row("US survey feet", "EPSG:2264", projected, HOUnitFoot, 2264, true);
+        row("Web Mercator", "EPSG:3857", projected, HOUnitMeter, 3857, true);
+        row("PROJ string in kilometres", "+proj=merc +datum=WGS84 +units=km", projected, HOUnitKilometer, 0,
+            true);
+        row("orthographic PROJ string", "+proj=ortho +lat_0=40 +lon_0=10", projected, HOUnitMeter, 0, true);
+        row("geocentric", "EPSG:4978", HOCoordinateSystem::GeocentricKind, -1, 4978, false);
+        row("vertical", "EPSG:5773", HOCoordinateSystem::VerticalKind, -1, 5773, false);
+        row("garbage", "no such system", -1, -1, 0, false);
+        row("unknown code", "EPSG:999999", -1, -1, 0, false);
+        row("empty", "", -1, -1, 0, false);
     }
 
-    void systemKinds() {
+    void systemDefinitions() {
         QFETCH(QString, definition);
+        QFETCH(int, kind);
+        QFETCH(int, unit);
         const HORefPtr<HOCoordinateSystem> system = HOCoordinateSystem::FromUserInput(HOString(definition));
-        QVERIFY(system);
-        QTEST(int(system->GetKind()), "kind");
+        QCOMPARE(bool(system), kind >= 0);
+        if (!system) return;
+        const bool geographic = kind == HOCoordinateSystem::GeographicKind;
+        QCOMPARE(int(system->GetKind()), kind);
+        QCOMPARE(system->IsGeographic(), geographic);
+        QCOMPARE(system->IsProjected(), kind == HOCoordinateSystem::ProjectedKind);
         QTEST(system->CanDrawMap(), "canDrawMap");
+        if (unit >= 0) QCOMPARE(int(system->GetUnit()), unit);
+        QTEST(system->GetEpsgCode(), "epsg");
+        const HORefPtr<HOCoordinateSystem> again = HOCoordinateSystem::FromUserInput(system->ToWkt());
+        QVERIFY(again && again->IsSame(system.get()));
+        QVERIFY(!system->IsSame(nullptr));
+        QVERIFY(!system->IsSame(HOCoordinateSystem::FromEpsg(geographic ? 4509 : 4490).get()));
     }
 
 private:
     QImage render(const HORect& extent, const HOCoordinateSystem* system) {
-        QImage image = HOLayerFixture::WhiteImage(QSize(200, 200));
-        QPainter painter(&image);
-        m_world->Render(HOLayerFixture::Context(&painter, image.size(), extent, system));
-        return image;
+        return HOLayerFixture::Render({m_world.get()}, extent, QSize(200, 200), system);
     }
 
     QTemporaryDir m_dir;

@@ -1,15 +1,17 @@
-// The settings location, the compiled-in image theme, numbers typed in the user's locale, and map
-// settings (magnification against extent, validity).
+// The settings location, the compiled-in image theme, numbers typed in the user's locale, map
+// settings (magnification against extent, validity) and symbol previews.
 #include <QApplication>
 #include <QtTest>
 #include <cmath>
 
+#include "HOStyle.h"
 #include "HOTestPrinters.h"
 #include "HXApplication.h"
 #include "HXGis.h"
 #include "HXMapSettings.h"
+#include "HXSymbolUtils.h"
 
-using HXObjects::HORect;
+using namespace HXObjects;
 
 class TestHXGisCore : public QObject {
     Q_OBJECT
@@ -84,8 +86,7 @@ private slots:
         QTest::newRow("de two commas") << de << "1,2,3" << no << no;
         QTest::newRow("de trailing letters") << de << "12abc" << no << no;
         QTest::newRow("de blank") << de << "   " << no << no;
-        QTest::newRow("fr typed space as group") << "fr_FR"
-                                                 << "1 234,5" << 1234.5 << no;
+        QTest::newRow("fr typed space as group") << QString("fr_FR") << "1 234,5" << 1234.5 << no;
     }
     void typedNumbers() {
         QFETCH(QString, locale);
@@ -115,11 +116,10 @@ private slots:
     void mapSettingsValidity() {
         QFETCH(QSize, size);
         QFETCH(HORect, extent);
-        QFETCH(bool, valid);
         HXMapSettings s;
         s.setOutputSize(size);
         s.setExtent(extent, true);
-        QCOMPARE(s.hasValidSettings(), valid);
+        QTEST(s.hasValidSettings(), "valid");
     }
 
     void mapSettingsMagnification_data() {
@@ -142,7 +142,6 @@ private slots:
         QFETCH(double, factorBefore);
         QFETCH(bool, magnified);
         QFETCH(double, factorAfter);
-        QFETCH(HORect, expected);
         HXMapSettings s;
         s.setMagnificationFactor(factorBefore);
         s.setExtent(HORect(0, 100, 0, 40), magnified);
@@ -151,8 +150,37 @@ private slots:
         s.setRotation(qQNaN());
         QCOMPARE(s.magnificationFactor(),
                  std::isfinite(factorAfter) && factorAfter > 0 ? factorAfter : factorBefore);
-        QCOMPARE(s.extent(), expected);
+        QTEST(s.extent(), "expected");
         QCOMPARE(s.rotation(), 30.0);
+    }
+
+    // Symbol previews: each kind of style is drawn where a person looks for it on the pixmap.
+    void drawsTheStyle_data() {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QPoint>("pixel");
+        QTest::addColumn<QRgb>("colour");  // 0: transparent
+        QTest::newRow("marker centre") << "marker" << QPoint(20, 20) << qRgb(255, 0, 0);
+        QTest::newRow("marker leaves the corner") << "marker" << QPoint(2, 2) << QRgb(0);
+        QTest::newRow("line on its first stroke") << "line" << QPoint(9, 20) << qRgb(0, 0, 255);
+        QTest::newRow("line misses the centre top") << "line" << QPoint(20, 8) << QRgb(0);
+        QTest::newRow("fill inside") << "fill" << QPoint(20, 20) << qRgb(0, 160, 0);
+        QTest::newRow("fill outline") << "fill" << QPoint(6, 20) << qRgb(0, 0, 0);
+        QTest::newRow("fill leaves a margin") << "fill" << QPoint(1, 20) << QRgb(0);
+        QTest::newRow("no style: empty") << "none" << QPoint(20, 20) << QRgb(0);
+    }
+
+    void drawsTheStyle() {
+        QFETCH(QString, kind);
+        QFETCH(QPoint, pixel);
+        QFETCH(QRgb, colour);
+        const HORefPtr<HOStyle> style =
+            kind == "marker" ? HOStyle::NewMarker(HOStyle::Square, 12, HOColor(255, 0, 0))
+            : kind == "line" ? HOStyle::NewLine(4, HOColor(0, 0, 255))
+            : kind == "fill" ? HOStyle::NewFill(HOColor(0, 160, 0), HOColor(0, 0, 0), 2)
+                             : nullptr;
+        const QImage image = HXSymbolUtils::symbolPreviewPixmap(style.get(), QSize(40, 40)).toImage();
+        QCOMPARE(image.size(), QSize(40, 40));
+        QCOMPARE(colour ? image.pixel(pixel) : qAlpha(image.pixel(pixel)), colour);
     }
 };
 

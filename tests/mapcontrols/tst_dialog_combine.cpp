@@ -31,14 +31,11 @@ using Answer = HXModalAnswer<HXCombineFeatureMethodDialog>;
 // view shows a map in `mapSystem` (none when empty).
 struct Scene {
     explicit Scene(const QString& mapSystem = "EPSG:4326") : canvas(HXMapCanvas::MapViewMode, nullptr) {
-        const QString path = dir.filePath("parcels.geojson");
-        if (!HOLayerFixture::WriteVector(path, "GeoJSON", 4326, wkbPolygon,
-                                         {{"POLYGON ((10 50, 11 50, 11 51, 10 51, 10 50))", 3},
-                                          {"POLYGON ((20 50, 21 50, 21 51, 20 51, 20 50))", 7},
-                                          {"POLYGON ((10 40, 11 40, 11 41, 10 41, 10 40))", 12}}))
-            qFatal("cannot write %s", qPrintable(path));
-        layer = HODynamicCast<HOFeatureLayer>(OpenLayer(HOString(path)));
-        if (!layer) qFatal("cannot open %s", qPrintable(path));
+        layer = HOLayerFixture::OpenVector(dir.filePath("parcels.geojson"), 4326, wkbPolygon,
+                                           {{"POLYGON ((10 50, 11 50, 11 51, 10 51, 10 50))", 3},
+                                            {"POLYGON ((20 50, 21 50, 21 51, 20 51, 20 50))", 7},
+                                            {"POLYGON ((10 40, 11 40, 11 41, 10 41, 10 40))", 12}});
+        if (!layer) qFatal("cannot write or open parcels.geojson");
         if (!mapSystem.isEmpty())
             map->SetSpatialReference(HOCoordinateSystem::FromUserInput(HOString(mapSystem)));
         canvas.SetMapView(view);

@@ -3,7 +3,6 @@
 #include <QColorDialog>
 #include <QComboBox>
 #include <QDialogButtonBox>
-#include <QDoubleSpinBox>
 #include <QJsonDocument>
 #include <QLabel>
 #include <QListWidget>
@@ -23,6 +22,17 @@
 using namespace HXObjects;
 
 Q_DECLARE_METATYPE(HOStyle::StyleType)
+
+// A symbol picked in the dialog: its row, the pattern chosen (-1: unchanged), "spinBoxName=text"
+// typed, the colour picked in the colour dialog (empty: unchanged), OK or Cancel, and the style got.
+struct Pick {
+    HOStyle::StyleType type;
+    int row, pattern;
+    QString edits, color;
+    bool accept;
+    QString style;
+};
+Q_DECLARE_METATYPE(Pick)
 
 namespace {
 
@@ -107,19 +117,21 @@ private slots:
     void styleFromJson_data() {
         QTest::addColumn<QByteArray>("text");
         QTest::addColumn<QString>("style");
-        QTest::newRow("marker") << json(
-                                       "{'kind':'marker','shape':'star','size':14,'color':'#ffbf00', "
-                                       "'outline':'#8a6500','outlineWidth':2,'opacity':0.5}")
-                                << "marker shape 5 size 14 #ffbf00 outline #8a6500 2 opacity 0.5";
+        QTest::newRow("marker")
+            << json(
+                   "{'kind':'marker','shape':'star','size':14,'color':'#ffbf00','outline':'#8a6500',"
+                   "'outlineWidth':2,'opacity':0.5}")
+            << "marker shape 5 size 14 #ffbf00 outline #8a6500 2 opacity 0.5";
         QTest::newRow("cased dashed line")
             << json(
-                   "{'kind':'line','width':3,'color':'#ff0000', "
-                   "'dash':'DashDot','casingWidth':1.5,'casingColor':'#000000'}")
+                   "{'kind':'line','width':3,'color':'#ff0000','dash':'DashDot','casingWidth':1.5,"
+                   "'casingColor':'#000000'}")
             << "line dash 3 width 3 #ff0000 casing 1.5 #000000 opacity 1";
-        QTest::newRow("hatched fill") << json(
-                                             "{'kind':'fill','pattern':'diagonalcross', "
-                                             "'color':'#00ff00','outline':'#0000ff','outlineWidth':0}")
-                                      << "fill pattern 7 #00ff00 outline #0000ff 0 opacity 1";
+        QTest::newRow("hatched fill")
+            << json(
+                   "{'kind':'fill','pattern':'diagonalcross','color':'#00ff00','outline':'#0000ff',"
+                   "'outlineWidth':0}")
+            << "fill pattern 7 #00ff00 outline #0000ff 0 opacity 1";
         QTest::newRow("missing values keep the defaults")
             << json("{'kind':'fill'}") << "fill pattern 0 #505050 outline #282828 1 opacity 1";
         QTest::newRow("unknown names keep the defaults")
@@ -172,82 +184,56 @@ private slots:
 
     // The test picks a symbol by clicking it, edits it through the widgets and presses OK or Cancel.
     void pickThroughDialog_data() {
-        QTest::addColumn<HOStyle::StyleType>("type");
-        QTest::addColumn<int>("row");
-        QTest::addColumn<int>("pattern");   // -1: unchanged
-        QTest::addColumn<QString>("size");  // typed into the size or width box; empty: unchanged
-        QTest::addColumn<QString>("outlineWidth");
-        QTest::addColumn<QString>("opacity");
-        QTest::addColumn<QString>("color");  // picked in the colour dialog; empty: unchanged
-        QTest::addColumn<bool>("accept");
-        QTest::addColumn<QString>("style");
-        QTest::newRow("marker as it is")
-            << HOStyle::MarkerStyle << 0 << -1 << ""
-            << ""
-            << ""
-            << "" << true << "marker shape 0 size 8 #d7191c outline #7f0000 1 opacity 1";
-        QTest::newRow("marker edited")
-            << HOStyle::MarkerStyle << 2 << int(HOStyle::Star) << "20"
-            << "2"
-            << "50"
-            << "#00ffff" << true << "marker shape 5 size 20 #00ffff outline #0b4a1f 2 opacity 0.5";
-        QTest::newRow("cased line, dashed and wider")
-            << HOStyle::LineStyle << 10 << int(HOStyle::Dash) << "6"
-            << "2"
-            << ""
-            << "" << true << "line dash 1 width 6 #fdae61 casing 2 #7f4a00 opacity 1";
-        QTest::newRow("fill hatched and translucent")
-            << HOStyle::FillStyle << 1 << int(HOStyle::CrossHatch) << ""
-            << "0"
-            << "30"
-            << "#123456" << true << "fill pattern 4 #123456 outline #33a02c 0 opacity 0.3";
-        QTest::newRow("cancelled") << HOStyle::FillStyle << 3 << 2 << ""
-                                   << ""
-                                   << "10"
-                                   << "" << false << "null";
+        QTest::addColumn<Pick>("pick");
+        const auto row = [](const char* tag, HOStyle::StyleType type, int row, int pattern, const char* edits,
+                            const char* color, bool accept, const char* style) {
+            QTest::newRow(tag) << Pick{type, row, pattern, edits, color, accept, style};
+        };
+        row("marker as it is", HOStyle::MarkerStyle, 0, -1, "", "", true,
+            "marker shape 0 size 8 #d7191c outline #7f0000 1 opacity 1");
+        row("marker edited", HOStyle::MarkerStyle, 2, HOStyle::Star,
+            "mSizeSpin=20 mOutlineWidthSpin=2 mOpacitySpin=50", "#00ffff", true,
+            "marker shape 5 size 20 #00ffff outline #0b4a1f 2 opacity 0.5");
+        row("cased line, dashed and wider", HOStyle::LineStyle, 10, HOStyle::Dash,
+            "mSizeSpin=6 mOutlineWidthSpin=2", "", true,
+            "line dash 1 width 6 #fdae61 casing 2 #7f4a00 opacity 1");
+        row("fill hatched and translucent", HOStyle::FillStyle, 1, HOStyle::CrossHatch,
+            "mOutlineWidthSpin=0 mOpacitySpin=30", "#123456", true,
+            "fill pattern 4 #123456 outline #33a02c 0 opacity 0.3");
+        row("cancelled", HOStyle::FillStyle, 3, 2, "mOpacitySpin=10", "", false, "null");
     }
     void pickThroughDialog() {
-        QFETCH(HOStyle::StyleType, type);
-        QFETCH(int, row);
-        QFETCH(int, pattern);
-        QFETCH(QString, size);
-        QFETCH(QString, outlineWidth);
-        QFETCH(QString, opacity);
-        QFETCH(QString, color);
-        QFETCH(bool, accept);
-        QFETCH(QString, style);
-        const QString libraryBefore =
-            describe(HXStyleLibrary::instance().symbols(type)[std::size_t(row)].style.get());
-
+        QFETCH(Pick, pick);
+        const auto symbol = [&] {
+            return HXStyleLibrary::instance().symbols(pick.type)[std::size_t(pick.row)];
+        };
+        const QString libraryBefore = describe(symbol().style.get());
         HXModalAnswer<HXStylePickerDialog> driver([&](HXStylePickerDialog* dialog) {
             auto* list = child<QListWidget>(dialog, "mSymbolList");
-            list->scrollToItem(list->item(row));
+            list->scrollToItem(list->item(pick.row));
             QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
-                              list->visualItemRect(list->item(row)).center());
-            if (pattern >= 0) child<QComboBox>(dialog, "mPatternCombo")->setCurrentIndex(pattern);
-            if (!size.isEmpty()) typeInto(child<QDoubleSpinBox>(dialog, "mSizeSpin"), size);
-            if (!outlineWidth.isEmpty())
-                typeInto(child<QDoubleSpinBox>(dialog, "mOutlineWidthSpin"), outlineWidth);
-            if (!opacity.isEmpty()) typeInto(child<QSpinBox>(dialog, "mOpacitySpin"), opacity);
-            if (!color.isEmpty()) {
+                              list->visualItemRect(list->item(pick.row)).center());
+            if (pick.pattern >= 0) child<QComboBox>(dialog, "mPatternCombo")->setCurrentIndex(pick.pattern);
+            for (const QString& edit : pick.edits.split(' ', Qt::SkipEmptyParts))
+                typeInto(child<QAbstractSpinBox>(dialog, edit.section('=', 0, 0)), edit.section('=', 1));
+            if (!pick.color.isEmpty()) {
                 HXModalAnswer<QColorDialog> colorDriver([&](QColorDialog* colors) {
-                    colors->setCurrentColor(QColor(color));
+                    colors->setCurrentColor(QColor(pick.color));
                     colors->accept();
                 });
                 QTest::mouseClick(child<HXColorBtn>(dialog, "mColorButton"), Qt::LeftButton);
                 QVERIFY2(colorDriver.answered, "the colour dialog did not open");
             }
-            auto* buttons = child<QDialogButtonBox>(dialog, "mButtonBox");
-            saveScreenshot(dialog, QString("stylepicker-%1").arg(type));
-            QTest::mouseClick(buttons->button(accept ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel),
+            saveScreenshot(dialog, QString("stylepicker-%1").arg(pick.type));
+            QTest::mouseClick(child<QDialogButtonBox>(dialog, "mButtonBox")
+                                  ->button(pick.accept ? QDialogButtonBox::Ok : QDialogButtonBox::Cancel),
                               Qt::LeftButton);
         });
-        const HORefPtr<HOStyle> chosen(selectStyle(type));
+        const HORefPtr<HOStyle> chosen(selectStyle(pick.type));
         QVERIFY2(driver.answered, "the picker did not open");
-        QCOMPARE(describe(chosen.get()), style);
+        QCOMPARE(describe(chosen.get()), pick.style);
         // The library's symbol is a template: editing the choice leaves it as it was.
-        QCOMPARE(describe(HXStyleLibrary::instance().symbols(type)[std::size_t(row)].style.get()),
-                 libraryBefore);
+        QCOMPARE(describe(symbol().style.get()), libraryBefore);
     }
 
     void previewFollowsEdits_data() {

@@ -5,6 +5,7 @@
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 
+#include <QFile>
 #include <QImage>
 #include <QPainter>
 #include <QString>
@@ -13,6 +14,8 @@
 #include <vector>
 
 #include "HOCoordinateSystem.h"
+#include "HOFeatureLayer.h"
+#include "HORasterLayer.h"
 #include "HORenderContext.h"
 
 class HOLayerFixture {
@@ -53,6 +56,32 @@ public:
         return true;
     }
 
+    // The bytes written to `path`, which is returned; a failure ends the test run.
+    static QString WriteFile(const QString& path, const QByteArray& bytes) {
+        QFile out(path);
+        if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size())
+            qFatal("cannot write %s", qPrintable(path));
+        return path;
+    }
+
+    static QByteArray ReadFile(const QString& path) {
+        QFile in(path);
+        return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
+    }
+
+    // WriteVector into `path` (the driver chosen by its suffix: .gpkg, .shp, else GeoJSON), then the
+    // feature layer opened from it; null on failure.
+    static HXObjects::HORefPtr<HXObjects::HOFeatureLayer> OpenVector(const QString& path, int epsg,
+                                                                     OGRwkbGeometryType type,
+                                                                     const std::vector<Feature>& features) {
+        const char* driver = path.endsWith(".gpkg")  ? "GPKG"
+                             : path.endsWith(".shp") ? "ESRI Shapefile"
+                                                     : "GeoJSON";
+        if (!WriteVector(path, driver, epsg, type, features)) return nullptr;
+        return HXObjects::HODynamicCast<HXObjects::HOFeatureLayer>(
+            HXObjects::OpenLayer(HXObjects::HOString(path)));
+    }
+
     // A GeoTIFF of `bands` Byte or Float32 bands, each pixel from value(band, x, y); a null
     // geotransform writes no georeferencing.
     template <class Value>
@@ -79,6 +108,17 @@ public:
         return true;
     }
 
+    // WriteRaster into `path`, then the raster layer opened from it; null on failure.
+    template <class Value>
+    static HXObjects::HORefPtr<HXObjects::HORasterLayer> OpenRaster(const QString& path, int width,
+                                                                    int height, int bands, GDALDataType type,
+                                                                    int epsg, const double geoTransform[6],
+                                                                    Value value, double noData = NAN) {
+        if (!WriteRaster(path, width, height, bands, type, epsg, geoTransform, value, noData)) return nullptr;
+        return HXObjects::HODynamicCast<HXObjects::HORasterLayer>(
+            HXObjects::OpenLayer(HXObjects::HOString(path)));
+    }
+
     // Draws `extent` (map units, square pixels, top-left anchored) into an image of `size`.
     static HXObjects::HORenderContext Context(QPainter* painter, const QSize& size,
                                               const HXObjects::HORect& extent,
@@ -98,6 +138,19 @@ public:
     static QImage WhiteImage(const QSize& size) {
         QImage image(size, QImage::Format_ARGB32_Premultiplied);
         image.fill(Qt::white);
+        return image;
+    }
+
+    // The layers drawn in order over `extent` into a white image of `size`.
+    static QImage Render(const std::vector<HXObjects::HOLayer*>& layers, const HXObjects::HORect& extent,
+                         const QSize& size = QSize(100, 100),
+                         const HXObjects::HOCoordinateSystem* system = nullptr,
+                         const HXObjects::HOTrackCancel* cancel = nullptr) {
+        QImage image = WhiteImage(size);
+        QPainter painter(&image);
+        HXObjects::HORenderContext context = Context(&painter, size, extent, system);
+        context.cancel = cancel;
+        for (HXObjects::HOLayer* layer : layers) layer->Render(context);
         return image;
     }
 };
