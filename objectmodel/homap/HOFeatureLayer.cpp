@@ -71,6 +71,22 @@ bool HOFeatureLayer::SetCategoryStyles(const HOString& field,
     return true;
 }
 
+HOLabelSettings HOFeatureLayer::GetLabelSettings() const {
+    return d->labels.Settings();
+}
+
+void HOFeatureLayer::SetLabelSettings(const HOLabelSettings& settings) {
+    d->labels.SetSettings(settings);
+}
+
+bool HOFeatureLayer::PlaceLabels(const HORenderContext& context, HOLabelEngine& engine) {
+    const std::shared_ptr<const HOFeatureStore> store = d->stores.StoreFor(context.mapSystem);
+    if (!store) return true;
+    const HORefPtr<HOStyle> style = GetStyle();
+    const double symbolRadius = style && style->GetStyleType() == HOStyle::MarkerStyle ? style->GetSize() / 2 : 0.0;
+    return d->labels.Place(*store, context, engine, symbolRadius);
+}
+
 bool HOFeatureLayer::IsSameCoordinateSystem(HOCoordinateSystem* system) const {
     if (!system || !d->system) return !system && !d->system;
     return d->system->IsSame(system);

@@ -149,6 +149,7 @@ bool HOMapRenderer::fireDueTicks(std::unique_lock<std::mutex>& lock) {
 bool HOMapRenderer::render(HORenderRequest& request) {
     if (request.dropCaches) {
         m_layerPictures.clear();
+        m_labels.Clear();
         request.dropCaches = false;
     }
     const auto layers = request.map->GetLayers(true);
@@ -170,6 +171,7 @@ bool HOMapRenderer::render(HORenderRequest& request) {
         if (!renderLayer(*layer, request, system.get())) return false;
         // Drawn: a carried-over request need not draw it again.
         request.redrawLayers.erase(layer->GetLayerId());
+        m_labels.Invalidate();
         {
             std::unique_lock<std::mutex> lock(m_mutex);
             fireDueTicks(lock);
@@ -181,6 +183,7 @@ bool HOMapRenderer::render(HORenderRequest& request) {
         }
     }
     if (m_cancel->IsCancelled()) return false;
+    if (!m_labels.IsCurrent(request) && !m_labels.Render(layers, request, system.get(), m_cancel)) return false;
     publish(layers, request);
     if (m_callbacks.redraw) m_callbacks.redraw();
     return true;
@@ -224,6 +227,7 @@ void HOMapRenderer::publish(const std::vector<HORefPtr<HOLayer>>& layers, const 
             const auto cached = m_layerPictures.find(layer->GetLayerId());
             if (cached != m_layerPictures.end()) cached->second.DrawInto(painter, request.transform);
         }
+        m_labels.DrawInto(painter, request.transform);
     }
     std::lock_guard<std::mutex> lock(m_frameMutex);
     std::swap(m_frame, frame);

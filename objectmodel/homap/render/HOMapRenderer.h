@@ -20,6 +20,7 @@
 #include "HORenderRequest.h"
 #include "HOTrackCancel.h"
 #include "HOViewFrame.h"
+#include "HOLabelPass.h"
 
 namespace HXObjects {
 
@@ -88,6 +89,7 @@ private:
     HOViewFrame m_frame;
 
     std::map<int, HOViewFrame> m_layerPictures;  // render thread only; by layer id
+    HOLabelPass m_labels;                        // render thread only
     std::thread m_thread;                        // last: starts once everything above exists
 };
 

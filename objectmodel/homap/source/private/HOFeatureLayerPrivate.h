@@ -8,6 +8,7 @@
 #include <mutex>
 
 #include "HOCoordinateSystem.h"
+#include "render/labels/private/HOLayerLabels.h"
 #include "render/private/HOFeatureCategories.h"
 #include "HOFeatureLayer.h"
 #include "source/private/HOProjectedStores.h"
@@ -18,7 +19,8 @@ class HOFeatureLayer::Private {
 public:
     Private(GDALDatasetUniquePtr source, OGRLayer* layer, HORefPtr<HOCoordinateSystem> system,
             std::shared_ptr<const HOFeatureStore> store)
-        : dataset(std::move(source)), ogrLayer(layer), system(system), stores(std::move(store), system) {}
+        : dataset(std::move(source)), ogrLayer(layer), system(system), stores(std::move(store), system),
+          labels(QString::fromUtf8(dataset->GetDescription()), QString::fromUtf8(layer->GetName())) {}
 
     mutable std::mutex mutex;
     GDALDatasetUniquePtr dataset;
@@ -31,6 +33,7 @@ public:
     HORefPtr<HOUserFeatureRender> custom{new HOUserFeatureRender};
     std::vector<int64_t> selected;  // ascending
     std::shared_ptr<const HOFeatureCategories> categories;
+    HOLayerLabels labels;  // guards itself
 };
 
 }  // namespace HXObjects
