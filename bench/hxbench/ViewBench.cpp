@@ -6,6 +6,7 @@
 
 #include "BenchClock.h"
 #include "HOEvent.h"
+#include "HOFeatureLayer.h"
 #include "HOGraphicsEngineManager.h"
 #include "HOMap.h"
 #include "HOMapView.h"
@@ -27,6 +28,17 @@ template <class Step>
 double bestOf(int runs, Step step) {
     double best = 1e9;
     for (int i = 0; i < runs; ++i) best = std::min(best, BenchClock::Seconds(step));
+    return best;
+}
+
+// Best of three full renders of everything the view shows, in seconds.
+double bestFullRender(HOMapView* view, std::atomic<int>& finished) {
+    double best = 1e9;
+    for (int i = 0; i < 3; ++i) {
+        const int before = finished.load();
+        view->RefreshMap(true, HORect());
+        best = std::min(best, waitForRender(view, finished, before));
+    }
     return best;
 }
 
@@ -77,6 +89,36 @@ void ViewBench::Run(BenchReport& report) const {
         view->Draw(surface);
     });
     report.Add(QStringLiteral("all"), QStringLiteral("view: wheel step to next Draw"), wheel, QString(), 0);
+    view->StopRender(true);
+    view->RenderFinishedSignal.unbind("hxbench");
+    if (m_layers.contains(QStringLiteral("points"))) runLabels(report);
+}
+
+void ViewBench::runLabels(BenchReport& report) const {
+    HORefPtr<HOLayer> opened = OpenLayer(HOString(m_gpkg + QStringLiteral("|layername=points")));
+    auto* points = dynamic_cast<HOFeatureLayer*>(opened.get());
+    if (!points) return;
+    HORefPtr<HOMap> map(new HOMap);
+    map->AddLayer(points);
+    HORefPtr<HOMapView> view(new HOMapView("bench labels"));
+    std::atomic<int> finished{0};
+    view->RenderFinishedSignal.bind("hxbench", [&](void*, HOEvent*) { ++finished; });
+    view->SetSize(m_size.width(), m_size.height());
+    view->SetMap(map);
+    view->ZoomToFullExtent();
+    waitForRender(view, finished, 0);
+    const double bare = bestFullRender(view, finished);
+
+    HOLabelSettings labels;
+    labels.expression = QStringLiteral("rank");
+    points->SetLabelSettings(labels);
+    const int before = finished.load();
+    view->RefreshMap(true, HORect());
+    const double first = waitForRender(view, finished, before);
+    report.Add(QStringLiteral("points"), QStringLiteral("view: first labelled render (reads the texts)"), first,
+               QString(), 0);
+    report.Add(QStringLiteral("points"), QStringLiteral("view: full render with labels"),
+               bestFullRender(view, finished), QStringLiteral("without labels"), bare, QStringLiteral("<= 2x"));
     view->StopRender(true);
     view->RenderFinishedSignal.unbind("hxbench");
 }

@@ -11,9 +11,9 @@ namespace HXObjects {
 namespace {
 
 // A line's stretch under a label may stray from the straight text this far, in text heights.
-constexpr double kMaxBend = 0.4;
-// Shifts along the line tried for each label, in text widths.
-constexpr double kShifts[] = {0.0, -0.5, 0.5, -1.0, 1.0};
+constexpr double kMaxBend = 0.6;
+// Positions tried for each label, this far apart along its share of the line, in text widths.
+constexpr double kStep = 0.25;
 
 // Distance along a polyline: the cumulative length at each vertex.
 class Course {
@@ -81,15 +81,19 @@ std::vector<HOLabelCandidates::Group> HOLabelCandidates::AlongLine(const QPolygo
     const double width = text.width();
     if (length < width) return groups;
     const int labels = std::max(1, int(length / std::max(repeatDistance, width * 2)));
+    const double share = length / labels;
     for (int i = 0; i < labels; ++i) {
-        const double middle = (i + 0.5) * length / labels;
+        // From the middle of the label's share of the line outwards, both ways.
+        const double middle = (i + 0.5) * share;
         Group group;
-        for (const double shift : kShifts) {
-            const double s = middle + shift * width;
-            HOLabelCandidate candidate;
-            if (s - width / 2 >= 0 && s + width / 2 <= length &&
-                course.Chord(s - width / 2, s + width / 2, text.height(), candidate))
-                group.push_back(candidate);
+        for (double shift = 0; shift <= share / 2; shift += kStep * width) {
+            for (const double s : {middle - shift, middle + shift}) {
+                HOLabelCandidate candidate;
+                if (s - width / 2 >= 0 && s + width / 2 <= length &&
+                    course.Chord(s - width / 2, s + width / 2, text.height(), candidate))
+                    group.push_back(candidate);
+                if (shift == 0) break;
+            }
         }
         if (!group.empty()) groups.push_back(std::move(group));
     }
