@@ -11,7 +11,7 @@ namespace HXObjects {
 namespace {
 
 // A line's stretch under a label may stray from the straight text this far, in text heights.
-constexpr double kMaxBend = 0.6;
+constexpr double kMaxBend = 1.0;
 // Positions tried for each label, this far apart along its share of the line, in text widths.
 constexpr double kStep = 0.25;
 

@@ -26,7 +26,9 @@ struct HOPlacedLabel {
     QString text;
     QPointF centre;
     double angle = 0.0;
-    QRectF box;  // the picture's pixels the label covers (halo included), upright
+    // The picture's pixels the label covers (halo included), in upright boxes: one for level text,
+    // a row of small ones along slanted text so that it claims little more than its own area.
+    std::vector<QRectF> boxes;
     int style = 0;
 };
 
@@ -46,6 +48,8 @@ public:
     void Draw(QPainter& painter) const;
 
 private:
+    static std::vector<QRectF> boxesOf(const HOLabelCandidate& candidate, QSizeF size);
+
     HOLabelCollisionIndex m_index;
     std::vector<std::unique_ptr<HOLabelStyle>> m_styles;
     std::vector<HOPlacedLabel> m_placed;
