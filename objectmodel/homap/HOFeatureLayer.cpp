@@ -71,6 +71,14 @@ bool HOFeatureLayer::SetCategoryStyles(const HOString& field,
     return true;
 }
 
+std::vector<HOString> HOFeatureLayer::GetFieldNames() const {
+    std::vector<HOString> names;
+    std::lock_guard<std::mutex> lock(d->mutex);
+    OGRFeatureDefn* defn = d->ogrLayer->GetLayerDefn();
+    for (int i = 0; i < defn->GetFieldCount(); ++i) names.emplace_back(defn->GetFieldDefn(i)->GetNameRef());
+    return names;
+}
+
 HOLabelSettings HOFeatureLayer::GetLabelSettings() const {
     return d->labels.Settings();
 }

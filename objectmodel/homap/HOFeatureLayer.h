@@ -35,6 +35,8 @@ public:
     // nothing, when the layer has no such field.
     bool SetCategoryStyles(const HOString& field, const std::map<HOString, HORefPtr<HOStyle>>& styles);
 
+    // The names of the attribute fields, in source order.
+    std::vector<HOString> GetFieldNames() const;
     // Labels, placed with those of the other layers and drawn above all of them. The texts are read
     // once per expression, on the render thread.
     HOLabelSettings GetLabelSettings() const;

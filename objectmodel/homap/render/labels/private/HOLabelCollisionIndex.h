@@ -13,7 +13,7 @@ namespace HXObjects {
 class HOLabelCollisionIndex {
 public:
     static constexpr int kCellSize = 32;  // pixels
-    static constexpr uint8_t kMaxMissesPerCell = 4;
+    static constexpr uint8_t kMaxMissesPerCell = 2;
 
     explicit HOLabelCollisionIndex(QSize size);
 

@@ -42,7 +42,6 @@ bool HOLabelEngine::Offer(const QString& text, QSizeF size, int style,
 void HOLabelEngine::Draw(QPainter& painter) const {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, true);
-    painter.setPen(Qt::NoPen);
     for (const HOPlacedLabel& label : m_placed) {
         painter.save();
         painter.translate(label.centre);

@@ -1,7 +1,8 @@
 #include "render/labels/private/HOLabelStyle.h"
 
+#include <QGlyphRun>
 #include <QPainter>
-#include <QPainterPath>
+#include <QTextLayout>
 #include <cmath>
 
 namespace HXObjects {
@@ -23,20 +24,35 @@ HOLabelStyle::HOLabelStyle(const HOLabelSettings& settings, double dpi)
     : m_font(fontOf(settings, dpi)),
       m_metrics(m_font),
       m_color(settings.color.toQColor()),
-      m_halo(settings.haloColor.toQColor(), 2.0 * settings.haloWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin),
-      m_margin(std::max(0.0, settings.haloWidth)) {}
+      m_haloColor(settings.haloColor.toQColor()),
+      m_margin(std::max(0.0, settings.haloWidth)) {
+    // Eight directions at the halo's width make a ring without gaps for widths up to a few pixels.
+    for (int i = 0; i < 8; ++i)
+        m_haloOffsets.push_back(QPointF(std::cos(i * M_PI / 4), std::sin(i * M_PI / 4)) * m_margin);
+}
 
 QSizeF HOLabelStyle::TextSize(const QString& text) const {
     return QSizeF(m_metrics.horizontalAdvance(text) + 2 * m_margin, m_metrics.height() + 2 * m_margin);
 }
 
 void HOLabelStyle::Draw(QPainter& painter, const QString& text) const {
-    const double width = m_metrics.horizontalAdvance(text);
-    const double baseline = (m_metrics.ascent() - m_metrics.descent()) / 2.0;
-    QPainterPath path;
-    path.addText(-width / 2.0, baseline, m_font, text);
-    if (m_margin > 0) painter.strokePath(path, m_halo);
-    painter.fillPath(path, m_color);
+    // Shaped once (with fallback fonts for scripts the font lacks), drawn nine times.
+    QTextLayout layout(text, m_font);
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    const QList<QGlyphRun> runs = layout.glyphRuns();
+    const QPointF origin(-line.naturalTextWidth() / 2.0,
+                         (m_metrics.ascent() - m_metrics.descent()) / 2.0 - line.ascent());
+    // The halo is the text drawn around itself: glyphs come from the font cache, many times
+    // faster than stroking the outlines.
+    if (m_margin > 0) {
+        painter.setPen(m_haloColor);
+        for (const QPointF& offset : m_haloOffsets)
+            for (const QGlyphRun& run : runs) painter.drawGlyphRun(origin + offset, run);
+    }
+    painter.setPen(m_color);
+    for (const QGlyphRun& run : runs) painter.drawGlyphRun(origin, run);
 }
 
 }  // namespace HXObjects

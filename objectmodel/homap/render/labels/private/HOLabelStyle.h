@@ -1,9 +1,10 @@
 #pragma once
 // HOLabelStyle: a layer's label settings made ready to measure and draw text at one resolution —
-// the font at its pixel size, its metrics, the colours and the halo pen.
+// the font at its pixel size, its metrics, the colours and the halo.
 #include <QFont>
 #include <QFontMetricsF>
-#include <QPen>
+#include <QPointF>
+#include <vector>
 
 #include "HOLabelSettings.h"
 
@@ -23,8 +24,9 @@ private:
     QFont m_font;
     QFontMetricsF m_metrics;
     QColor m_color;
-    QPen m_halo;
+    QColor m_haloColor;
     double m_margin;  // the halo's reach beyond the glyphs
+    std::vector<QPointF> m_haloOffsets;
 };
 
 }  // namespace HXObjects
