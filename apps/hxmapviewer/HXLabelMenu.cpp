@@ -24,7 +24,8 @@ HXLabelMenu::HXLabelMenu(HOFeatureLayer* layer, HXMapCanvas* canvas, QWidget* pa
             HOLabelSettings settings = layer->GetLabelSettings();
             settings.expression = field;
             layer->SetLabelSettings(settings);
-            if (HOMapView* view = canvas->GetMapView()) view->Refresh(layer, HOMapCache::CacheLayer, HORect());
+            if (HOMapView* view = canvas->GetMapView())
+                view->Refresh(layer, HOMapCache::CacheLayer, HORect());
         });
     }
 }

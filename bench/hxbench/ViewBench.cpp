@@ -31,6 +31,17 @@ double bestOf(int runs, Step step) {
     return best;
 }
 
+// A view of the whole map, its first render done; `finished` counts the renders it completes.
+HORefPtr<HOMapView> showWhole(HOMap* map, const QSize& size, std::atomic<int>& finished) {
+    HORefPtr<HOMapView> view(new HOMapView("bench"));
+    view->RenderFinishedSignal.bind("hxbench", [&finished](void*, HOEvent*) { ++finished; });
+    view->SetSize(size.width(), size.height());
+    view->SetMap(map);
+    view->ZoomToFullExtent();
+    waitForRender(view, finished, 0);
+    return view;
+}
+
 // Best of three full renders of everything the view shows, in seconds.
 double bestFullRender(HOMapView* view, std::atomic<int>& finished) {
     double best = 1e9;
@@ -58,13 +69,8 @@ void ViewBench::Run(BenchReport& report) const {
     HORefPtr<HOGraphics> surface(engines->NewGraphics());
     surface->SetSize(m_size.width(), m_size.height());
 
-    HORefPtr<HOMapView> view(new HOMapView("bench"));
     std::atomic<int> finished{0};
-    view->RenderFinishedSignal.bind("hxbench", [&](void*, HOEvent*) { ++finished; });
-    view->SetSize(m_size.width(), m_size.height());
-    view->SetMap(map);
-    view->ZoomToFullExtent();
-    waitForRender(view, finished, 0);
+    HORefPtr<HOMapView> view = showWhole(map, m_size, finished);
     int before = finished.load();
     view->RefreshMap(true, HORect());
     const double fullRender = waitForRender(view, finished, before);
@@ -100,13 +106,8 @@ void ViewBench::runLabels(BenchReport& report) const {
     if (!points) return;
     HORefPtr<HOMap> map(new HOMap);
     map->AddLayer(points);
-    HORefPtr<HOMapView> view(new HOMapView("bench labels"));
     std::atomic<int> finished{0};
-    view->RenderFinishedSignal.bind("hxbench", [&](void*, HOEvent*) { ++finished; });
-    view->SetSize(m_size.width(), m_size.height());
-    view->SetMap(map);
-    view->ZoomToFullExtent();
-    waitForRender(view, finished, 0);
+    HORefPtr<HOMapView> view = showWhole(map, m_size, finished);
     const double bare = bestFullRender(view, finished);
 
     HOLabelSettings labels;
@@ -115,10 +116,11 @@ void ViewBench::runLabels(BenchReport& report) const {
     const int before = finished.load();
     view->RefreshMap(true, HORect());
     const double first = waitForRender(view, finished, before);
-    report.Add(QStringLiteral("points"), QStringLiteral("view: first labelled render (reads the texts)"), first,
-               QString(), 0);
+    report.Add(QStringLiteral("points"), QStringLiteral("view: first labelled render (reads the texts)"),
+               first, QString(), 0);
     report.Add(QStringLiteral("points"), QStringLiteral("view: full render with labels"),
-               bestFullRender(view, finished), QStringLiteral("without labels"), bare, QStringLiteral("<= 2x"));
+               bestFullRender(view, finished), QStringLiteral("without labels"), bare,
+               QStringLiteral("<= 2x"));
     view->StopRender(true);
     view->RenderFinishedSignal.unbind("hxbench");
 }

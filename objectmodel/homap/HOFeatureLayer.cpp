@@ -91,7 +91,8 @@ bool HOFeatureLayer::PlaceLabels(const HORenderContext& context, HOLabelEngine& 
     const std::shared_ptr<const HOFeatureStore> store = d->stores.StoreFor(context.mapSystem);
     if (!store) return true;
     const HORefPtr<HOStyle> style = GetStyle();
-    const double symbolRadius = style && style->GetStyleType() == HOStyle::MarkerStyle ? style->GetSize() / 2 : 0.0;
+    const double symbolRadius =
+        style && style->GetStyleType() == HOStyle::MarkerStyle ? style->GetSize() / 2 : 0.0;
     return d->labels.Place(*store, context, engine, symbolRadius);
 }
 

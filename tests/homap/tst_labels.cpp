@@ -34,7 +34,9 @@ HOLabelSettings labelledBy(const QString& expression, int priority = 0) {
 QString circle(double cx, double cy, double r) {
     QStringList points;
     for (int i = 0; i <= 72; ++i)
-        points << QStringLiteral("%1 %2").arg(cx + r * std::cos(i * M_PI / 36)).arg(cy + r * std::sin(i * M_PI / 36));
+        points << QStringLiteral("%1 %2")
+                      .arg(cx + r * std::cos(i * M_PI / 36))
+                      .arg(cy + r * std::sin(i * M_PI / 36));
     return QStringLiteral("POLYGON((%1))").arg(points.join(','));
 }
 
@@ -77,7 +79,8 @@ private slots:
         QTest::newRow("point in the top left corner") << int(wkbPoint) << "POINT(1 99)";
         QTest::newRow("line left to right") << int(wkbLineString) << "LINESTRING(5 20,95 40)";
         QTest::newRow("line right to left") << int(wkbLineString) << "LINESTRING(95 40,5 20)";
-        QTest::newRow("steep line drawn downwards leftwards") << int(wkbLineString) << "LINESTRING(60 95,40 5)";
+        QTest::newRow("steep line drawn downwards leftwards")
+            << int(wkbLineString) << "LINESTRING(60 95,40 5)";
         QTest::newRow("vertical line drawn upwards") << int(wkbLineString) << "LINESTRING(50 5,50 95)";
         QTest::newRow("crescent") << int(wkbPolygon) << QString::fromStdString(crescent());
     }
@@ -85,7 +88,8 @@ private slots:
     void placesEachKind() {
         QFETCH(int, type);
         QFETCH(QString, wkt);
-        const HORefPtr<HOFeatureLayer> layer = open(OGRwkbGeometryType(type), {{wkt.toStdString(), 1, "Ashford 安福"}});
+        const HORefPtr<HOFeatureLayer> layer =
+            open(OGRwkbGeometryType(type), {{wkt.toStdString(), 1, "Ashford 安福"}});
         QVERIFY(layer);
         const HOLabelEngine engine = place({layer});
         QVERIFY2(!engine.Placed().empty(), "no label placed");
@@ -97,7 +101,8 @@ private slots:
             OGRPoint mapCentre(centre.x(), centre.y());
             if (type == wkbPoint) {
                 QCOMPARE(label.angle, 0.0);
-                QVERIFY2(shape->Distance(&mapCentre) * 4 < label.boxes.front().width(), "label far from its point");
+                QVERIFY2(shape->Distance(&mapCentre) * 4 < label.boxes.front().width(),
+                         "label far from its point");
             } else if (type == wkbLineString) {
                 QVERIFY2(label.angle > -90 && label.angle <= 90, qPrintable(QString::number(label.angle)));
                 QVERIFY2(shape->Distance(&mapCentre) * 4 < 3, "label off its line");
@@ -121,7 +126,8 @@ private slots:
                                   .toStdString(),
                               i + 1, QStringLiteral("Town %1 镇").arg(i).toStdString()});
         const auto towns = open(wkbPoint, points);
-        const auto river = open(wkbLineString, {{"LINESTRING(0 10,30 40,60 35,100 80)", 1, "Long River 长河"}});
+        const auto river =
+            open(wkbLineString, {{"LINESTRING(0 10,30 40,60 35,100 80)", 1, "Long River 长河"}});
         const auto lake = open(wkbPolygon, {{circle(40, 60, 20).toStdString(), 1, "Lake 湖"}});
         QVERIFY(towns && river && lake);
         const HOLabelEngine engine = place({river, lake, towns});
@@ -177,14 +183,16 @@ private slots:
         QCOMPARE(QFontInfo(font).family(), settings.fontFamily);
         const QFontMetricsF metrics(font);
         for (const QChar c : text)
-            QVERIFY2(metrics.inFont(c), qPrintable(QString("missing U+%1").arg(c.unicode(), 4, 16, QChar('0'))));
+            QVERIFY2(metrics.inFont(c),
+                     qPrintable(QString("missing U+%1").arg(c.unicode(), 4, 16, QChar('0'))));
         const QImage glyphs = drawText(settings, text);
         const QImage tofu = drawText(settings, QString(text.size(), QChar(0x0378)));  // unassigned
         QVERIFY(differingPixels(glyphs, tofu, glyphs.rect()) > 100);
     }
 
 private:
-    HORefPtr<HOFeatureLayer> open(OGRwkbGeometryType type, const std::vector<HOLayerFixture::Feature>& features) {
+    HORefPtr<HOFeatureLayer> open(OGRwkbGeometryType type,
+                                  const std::vector<HOLayerFixture::Feature>& features) {
         const QString path = m_dir.filePath(QStringLiteral("layer%1.gpkg").arg(++m_files));
         if (!HOLayerFixture::WriteVector(path, "GPKG", 0, type, features)) return nullptr;
         HORefPtr<HOLayer> layer = OpenLayer(HOString(path));
@@ -216,7 +224,8 @@ private:
         view->SetExtent(kExtent);
         HOSignalCounter finished(view->RenderFinishedSignal);
         view->RefreshView(true);
-        if (!QTest::qWaitFor([&] { return finished.count > 0 && !view->IsRendering(); }, kTimeout)) return false;
+        if (!QTest::qWaitFor([&] { return finished.count > 0 && !view->IsRendering(); }, kTimeout))
+            return false;
         HORefPtr<HOGraphics> surface(new HOGraphics);
         surface->SetSize(kSize.width(), kSize.height());
         surface->Clear(HOColor(255, 255, 255));

@@ -28,10 +28,14 @@ private slots:
     void sampleLayersAreLabelledInBothScripts_data() {
         QTest::addColumn<QString>("layer");
         QTest::addColumn<QString>("expression");
-        QTest::newRow("towns") << "towns" << "{name} {name_zh}";
-        QTest::newRow("rivers") << "rivers" << "{name} {name_zh}";
-        QTest::newRow("lakes") << "lakes" << "{name} {name_zh}";
-        QTest::newRow("roads") << "roads" << "";
+        QTest::newRow("towns") << "towns"
+                               << "{name} {name_zh}";
+        QTest::newRow("rivers") << "rivers"
+                                << "{name} {name_zh}";
+        QTest::newRow("lakes") << "lakes"
+                               << "{name} {name_zh}";
+        QTest::newRow("roads") << "roads"
+                               << "";
     }
 
     void sampleLayersAreLabelledInBothScripts() {
@@ -44,8 +48,10 @@ private slots:
     void menuChoosesTheField_data() {
         QTest::addColumn<QString>("choice");
         QTest::addColumn<QString>("expression");
-        QTest::newRow("a field") << "name_zh" << "name_zh";
-        QTest::newRow("no labels") << "No labels" << "";
+        QTest::newRow("a field") << "name_zh"
+                                 << "name_zh";
+        QTest::newRow("no labels") << "No labels"
+                                   << "";
     }
 
     void menuChoosesTheField() {

@@ -183,7 +183,8 @@ bool HOMapRenderer::render(HORenderRequest& request) {
         }
     }
     if (m_cancel->IsCancelled()) return false;
-    if (!m_labels.IsCurrent(request) && !m_labels.Render(layers, request, system.get(), m_cancel)) return false;
+    if (!m_labels.IsCurrent(request) && !m_labels.Render(layers, request, system.get(), m_cancel))
+        return false;
     publish(layers, request);
     if (m_callbacks.redraw) m_callbacks.redraw();
     return true;

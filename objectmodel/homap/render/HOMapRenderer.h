@@ -17,10 +17,10 @@
 #include <thread>
 #include <vector>
 
+#include "HOLabelPass.h"
 #include "HORenderRequest.h"
 #include "HOTrackCancel.h"
 #include "HOViewFrame.h"
-#include "HOLabelPass.h"
 
 namespace HXObjects {
 

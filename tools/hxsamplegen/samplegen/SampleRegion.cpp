@@ -122,10 +122,12 @@ SampleLayer SampleRegion::lakeLayer(NameGenerator& names) const {
 }
 
 SampleLayer SampleRegion::townLayer() const {
-    SampleLayer layer("towns", wkbPoint,
-                      {{"name", OFTString}, {"name_zh", OFTString}, {"population", OFTInteger}, {"kind", OFTString}});
+    SampleLayer layer(
+        "towns", wkbPoint,
+        {{"name", OFTString}, {"name_zh", OFTString}, {"population", OFTInteger}, {"kind", OFTString}});
     for (const Town& town : m_towns)
         layer.add(std::make_unique<OGRPoint>(town.position.x(), town.position.y()),
-                  {town.name, NameGenerator::chinese(town.name, town.chineseSuffix()), town.population, town.kindName()});
+                  {town.name, NameGenerator::chinese(town.name, town.chineseSuffix()), town.population,
+                   town.kindName()});
     return layer;
 }

@@ -42,7 +42,8 @@ bool HOLabelPass::Render(const std::vector<HORefPtr<HOLayer>>& layers, const HOR
     context.transform = request.transform;
     context.size = request.size;
     const HOPoint bottomRight = request.transform.ToMap(request.size.width, request.size.height);
-    context.extent = HORect(request.transform.extentLeft, bottomRight.x, bottomRight.y, request.transform.extentTop);
+    context.extent =
+        HORect(request.transform.extentLeft, bottomRight.x, bottomRight.y, request.transform.extentTop);
     context.mapSystem = system;
     context.cancel = cancel;
     context.dpi = request.dpi;

@@ -19,7 +19,10 @@ class HOFeatureLayer::Private {
 public:
     Private(GDALDatasetUniquePtr source, OGRLayer* layer, HORefPtr<HOCoordinateSystem> system,
             std::shared_ptr<const HOFeatureStore> store)
-        : dataset(std::move(source)), ogrLayer(layer), system(system), stores(std::move(store), system),
+        : dataset(std::move(source)),
+          ogrLayer(layer),
+          system(system),
+          stores(std::move(store), system),
           labels(QString::fromUtf8(dataset->GetDescription()), QString::fromUtf8(layer->GetName())) {}
 
     mutable std::mutex mutex;

@@ -33,10 +33,17 @@ bool HOFeatureLabeler::Run() {
 
 void HOFeatureLabeler::label(uint32_t feature) {
     switch (m_store.Topology().Kind(feature)) {
-    case HOFeatureKind::Point: labelPoint(feature); break;
-    case HOFeatureKind::Line: labelLines(feature); break;
-    case HOFeatureKind::Polygon: labelPolygon(feature); break;
-    case HOFeatureKind::Empty: break;
+        case HOFeatureKind::Point:
+            labelPoint(feature);
+            break;
+        case HOFeatureKind::Line:
+            labelLines(feature);
+            break;
+        case HOFeatureKind::Polygon:
+            labelPolygon(feature);
+            break;
+        case HOFeatureKind::Empty:
+            break;
     }
 }
 
@@ -92,7 +99,8 @@ void HOFeatureLabeler::labelLines(uint32_t feature) {
 void HOFeatureLabeler::labelPolygon(uint32_t feature) {
     const HOFeatureTopology& t = m_store.Topology();
     std::vector<QPolygonF> rings;
-    for (uint32_t part = t.PartBegin(feature); part < t.PartEnd(feature); ++part) rings.push_back(pixels(part));
+    for (uint32_t part = t.PartBegin(feature); part < t.PartEnd(feature); ++part)
+        rings.push_back(pixels(part));
     QRectF bounds;
     for (const QPolygonF& ring : rings) bounds |= ring.boundingRect();
     QString text;

@@ -19,7 +19,8 @@ std::vector<QRectF> HOLabelEngine::boxesOf(const HOLabelCandidate& candidate, QS
     const double h = size.height();
     if (candidate.angle == 0.0) return {QRectF(candidate.centre - QPointF(w / 2, h / 2), size)};
     const int pieces = std::max(1, int(std::ceil(w / h)));
-    const QTransform placed = QTransform().translate(candidate.centre.x(), candidate.centre.y()).rotate(candidate.angle);
+    const QTransform placed =
+        QTransform().translate(candidate.centre.x(), candidate.centre.y()).rotate(candidate.angle);
     std::vector<QRectF> boxes;
     for (int i = 0; i < pieces; ++i)
         boxes.push_back(placed.mapRect(QRectF(-w / 2 + i * w / pieces, -h / 2, w / pieces, h)));

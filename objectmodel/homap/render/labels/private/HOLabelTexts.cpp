@@ -32,7 +32,8 @@ std::shared_ptr<const HOLabelTexts> HOLabelTexts::Read(const QString& source, co
                                                        const HOFeatureTopology& topology,
                                                        const HOLabelSettings& settings,
                                                        const HOTrackCancel* cancel) {
-    GDALDatasetUniquePtr dataset(GDALDataset::Open(source.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
+    GDALDatasetUniquePtr dataset(
+        GDALDataset::Open(source.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
     OGRLayer* layer = dataset ? dataset->GetLayerByName(layerName.toUtf8().constData()) : nullptr;
     const std::vector<QString> fields = settings.Fields();
     std::vector<int> indices;
@@ -42,7 +43,8 @@ std::shared_ptr<const HOLabelTexts> HOLabelTexts::Read(const QString& source, co
     std::vector<QString> texts(topology.FeatureCount());
     std::vector<QString> values(fields.size());
     std::size_t position = 0;
-    for (OGRFeatureUniquePtr feature{layer->GetNextFeature()}; feature; feature.reset(layer->GetNextFeature())) {
+    for (OGRFeatureUniquePtr feature{layer->GetNextFeature()}; feature;
+         feature.reset(layer->GetNextFeature())) {
         if (++position % kCancelPollInterval == 0 && cancel && cancel->IsCancelled()) return nullptr;
         const std::size_t guess = position - 1;
         const long index = guess < topology.FeatureCount() && topology.Id(guess) == feature->GetFID()

@@ -18,7 +18,8 @@ public:
     // Null when the source cannot be opened, a field is missing, or the read was cancelled.
     static std::shared_ptr<const HOLabelTexts> Read(const QString& source, const QString& layerName,
                                                     const HOFeatureTopology& topology,
-                                                    const HOLabelSettings& settings, const HOTrackCancel* cancel);
+                                                    const HOLabelSettings& settings,
+                                                    const HOTrackCancel* cancel);
 
     const QString& Expression() const { return m_expression; }
     QStringRef Text(std::size_t feature) const {

@@ -40,7 +40,8 @@ double HOPoleOfInaccessibility::SignedDistance(const std::vector<QPolygonF>& rin
         for (int i = 0, j = ring.size() - 1; i < ring.size(); j = i++) {
             const QPointF& a = ring[i];
             const QPointF& b = ring[j];
-            if ((a.y() > p.y()) != (b.y() > p.y()) && p.x() < (b.x() - a.x()) * (p.y() - a.y()) / (b.y() - a.y()) + a.x())
+            if ((a.y() > p.y()) != (b.y() > p.y()) &&
+                p.x() < (b.x() - a.x()) * (p.y() - a.y()) / (b.y() - a.y()) + a.x())
                 inside = !inside;
             best = std::min(best, segmentDistanceSquared(p, a, b));
         }
@@ -58,7 +59,8 @@ HOPoleOfInaccessibility::Result HOPoleOfInaccessibility::Find(const std::vector<
         queue.push({centre, half, SignedDistance(rings, centre)});
     };
     for (double x = area.left(); x < area.right(); x += size)
-        for (double y = area.top(); y < area.bottom(); y += size) push({x + size / 2, y + size / 2}, size / 2);
+        for (double y = area.top(); y < area.bottom(); y += size)
+            push({x + size / 2, y + size / 2}, size / 2);
     for (int cells = 0; !queue.empty() && cells < kMaxCells; ++cells) {
         const Cell cell = queue.top();
         queue.pop();
