@@ -38,7 +38,7 @@ public:
     // The names of the attribute fields, in source order.
     std::vector<HOString> GetFieldNames() const;
     // Labels, placed with those of the other layers and drawn above all of them. The texts are read
-    // once per expression, on the render thread.
+    // once per expression, on the render thread. Refresh the layer after changing them.
     HOLabelSettings GetLabelSettings() const;
     void SetLabelSettings(const HOLabelSettings& settings);
     // Offers the labels of the visible features to a picture's label engine (render thread); false

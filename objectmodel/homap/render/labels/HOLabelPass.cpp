@@ -32,8 +32,8 @@ std::vector<HOFeatureLayer*> labelledLayers(const std::vector<HORefPtr<HOLayer>>
 }  // namespace
 
 bool HOLabelPass::IsCurrent(const HORenderRequest& request) const {
-    return m_current && m_picture.IsAt(request.transform) &&
-           m_picture.image.size() == QSize(request.size.width, request.size.height);
+    return m_current && m_placedAt == request.transform &&
+           m_placedSize == QSize(request.size.width, request.size.height);
 }
 
 bool HOLabelPass::Render(const std::vector<HORefPtr<HOLayer>>& layers, const HORenderRequest& request,
@@ -54,15 +54,19 @@ bool HOLabelPass::Render(const std::vector<HORefPtr<HOLayer>>& layers, const HOR
     HOLabelEngine engine(size);
     for (HOFeatureLayer* layer : labelledLayers(layers, scale))
         if (!layer->PlaceLabels(context, engine)) return false;
-    QImage image(size, QImage::Format_ARGB32_Premultiplied);
-    if (image.isNull()) return false;
-    image.fill(Qt::transparent);
-    {
+    // No labels, no picture: nothing to compose on every redraw.
+    QImage image;
+    if (!engine.Placed().empty()) {
+        image = QImage(size, QImage::Format_ARGB32_Premultiplied);
+        if (image.isNull()) return false;
+        image.fill(Qt::transparent);
         QPainter painter(&image);
         engine.Draw(painter);
     }
     if (context.IsCancelled()) return false;
     m_picture = HOViewFrame{std::move(image), request.transform};
+    m_placedAt = request.transform;
+    m_placedSize = size;
     m_current = true;
     return true;
 }

@@ -32,7 +32,9 @@ public:
     void Clear();
 
 private:
-    HOViewFrame m_picture;
+    HOViewFrame m_picture;  // null when nothing was placed
+    HODisplayTransform m_placedAt;
+    QSize m_placedSize;
     bool m_current = false;
 };
 

@@ -29,7 +29,7 @@ bool readOnly(OGRLayer* layer, const std::vector<QString>& fields, std::vector<i
 }  // namespace
 
 std::shared_ptr<const HOLabelTexts> HOLabelTexts::Read(const QString& source, const QString& layerName,
-                                                       const HOFeatureTopology& topology,
+                                                       const std::shared_ptr<const HOFeatureTopology>& features,
                                                        const HOLabelSettings& settings,
                                                        const HOTrackCancel* cancel) {
     GDALDatasetUniquePtr dataset(
@@ -37,6 +37,7 @@ std::shared_ptr<const HOLabelTexts> HOLabelTexts::Read(const QString& source, co
     OGRLayer* layer = dataset ? dataset->GetLayerByName(layerName.toUtf8().constData()) : nullptr;
     const std::vector<QString> fields = settings.Fields();
     std::vector<int> indices;
+    const HOFeatureTopology& topology = *features;
     if (!layer || !readOnly(layer, fields, indices)) return nullptr;
 
     // Texts are collected by feature number; features arrive in load order, looked up by id if not.
@@ -60,6 +61,7 @@ std::shared_ptr<const HOLabelTexts> HOLabelTexts::Read(const QString& source, co
 
     auto result = std::make_shared<HOLabelTexts>();
     result->m_expression = settings.expression;
+    result->m_topology = features;
     result->m_start.reserve(texts.size() + 1);
     for (QString& text : texts) {
         result->m_start.push_back(uint32_t(result->m_buffer.size()));

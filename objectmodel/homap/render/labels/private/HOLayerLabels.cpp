@@ -22,9 +22,9 @@ std::shared_ptr<const HOLabelTexts> HOLayerLabels::textsFor(const HOFeatureStore
                                                             const HORenderContext& context) {
     {
         std::lock_guard<std::mutex> lock(m_mutex);
-        if (m_texts && m_texts->Expression() == settings.expression) return m_texts;
+        if (m_texts && m_texts->Fits(settings.expression, store.SharedTopology())) return m_texts;
     }
-    auto texts = HOLabelTexts::Read(m_source, m_layerName, store.Topology(), settings, context.cancel);
+    auto texts = HOLabelTexts::Read(m_source, m_layerName, store.SharedTopology(), settings, context.cancel);
     std::lock_guard<std::mutex> lock(m_mutex);
     if (texts) m_texts = texts;
     return texts;
