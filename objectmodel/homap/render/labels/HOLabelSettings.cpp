@@ -53,11 +53,4 @@ QString HOLabelSettings::Compose(const std::vector<QString>& values) const {
     return text.simplified();
 }
 
-bool HOLabelSettings::operator==(const HOLabelSettings& o) const {
-    return expression == o.expression && fontFamily == o.fontFamily && fontSize == o.fontSize &&
-           bold == o.bold && color == o.color && haloColor == o.haloColor && haloWidth == o.haloWidth &&
-           minScale == o.minScale && maxScale == o.maxScale && priority == o.priority &&
-           repeatDistance == o.repeatDistance;
-}
-
 }  // namespace HXObjects

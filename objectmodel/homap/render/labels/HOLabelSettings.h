@@ -30,9 +30,6 @@ struct HOLabelSettings {
     std::vector<QString> Fields() const;
     // The text for one feature, given the values of Fields() in that order.
     QString Compose(const std::vector<QString>& values) const;
-
-    bool operator==(const HOLabelSettings& o) const;
-    bool operator!=(const HOLabelSettings& o) const { return !(*this == o); }
 };
 
 }  // namespace HXObjects

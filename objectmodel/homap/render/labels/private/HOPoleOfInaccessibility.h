@@ -19,6 +19,8 @@ public:
 
     // Searches within `area` (the rings' bounds clipped to what is visible, say).
     static Result Find(const std::vector<QPolygonF>& rings, const QRectF& area, double precision);
+
+private:
     // Distance from p to the nearest edge, negative outside.
     static double SignedDistance(const std::vector<QPolygonF>& rings, const QPointF& p);
 };
