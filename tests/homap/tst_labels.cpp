@@ -8,6 +8,7 @@
 
 #include "HOFeatureLayer.h"
 #include "HOGraphics.h"
+#include "HOLabelPass.h"
 #include "HOLayerFixture.h"
 #include "HOMap.h"
 #include "HOMapView.h"
@@ -142,6 +143,40 @@ private slots:
                 QVERIFY2(boxes[i].second == boxes[j].second || !boxes[i].first.intersects(boxes[j].first),
                          qPrintable(boxes[i].second + " meets " + boxes[j].second));
         }
+    }
+
+    // Layers A (bottom), B and C (top): each "priority/minScale/maxScale", "hidden" or "off"; the
+    // map is at 1:10000.
+    void placingOrder_data() {
+        QTest::addColumn<QStringList>("layers");
+        QTest::addColumn<QString>("order");
+        QTest::newRow("topmost first") << QStringList{"0/0/0", "0/0/0", "0/0/0"} << "CBA";
+        QTest::newRow("priority first") << QStringList{"2/0/0", "0/0/0", "1/0/0"} << "ACB";
+        QTest::newRow("hidden or unlabelled") << QStringList{"0/0/0", "hidden", "off"} << "A";
+        QTest::newRow("scale range") << QStringList{"0/0/5000", "0/20000/0", "0/1000/50000"} << "C";
+    }
+
+    void placingOrder() {
+        QFETCH(QStringList, layers);
+        std::vector<HORefPtr<HOLayer>> map;
+        for (const QString& how : layers) {
+            const HORefPtr<HOFeatureLayer> layer = open(wkbPoint, {{"POINT(50 50)", 1, "x"}});
+            QVERIFY(layer);
+            const QStringList numbers = how.split('/');
+            HOLabelSettings settings = labelledBy(how == "off" ? QString() : "name");
+            if (numbers.size() == 3) {
+                settings.priority = numbers[0].toInt();
+                settings.minScale = numbers[1].toDouble();
+                settings.maxScale = numbers[2].toDouble();
+            }
+            layer->SetLabelSettings(settings);
+            layer->SetVisible(how != "hidden");
+            map.push_back(layer);
+        }
+        QString order;
+        for (HOFeatureLayer* layer : HOLabelPass::PlacingOrder(map, 10000))
+            order += QChar('A' + int(std::find(map.begin(), map.end(), layer) - map.begin()));
+        QTEST(order, "order");
     }
 
     // Through a map view: text pixels near the point, drawn above the layers; a label field that

@@ -12,10 +12,8 @@
 
 namespace HXObjects {
 
-namespace {
-
-// The labelled feature layers in placing order: higher priority first, then the topmost first.
-std::vector<HOFeatureLayer*> labelledLayers(const std::vector<HORefPtr<HOLayer>>& layers, double scale) {
+std::vector<HOFeatureLayer*> HOLabelPass::PlacingOrder(const std::vector<HORefPtr<HOLayer>>& layers,
+                                                       double scale) {
     std::vector<HOFeatureLayer*> labelled;
     for (auto it = layers.rbegin(); it != layers.rend(); ++it) {
         auto* features = dynamic_cast<HOFeatureLayer*>(it->get());
@@ -28,8 +26,6 @@ std::vector<HOFeatureLayer*> labelledLayers(const std::vector<HORefPtr<HOLayer>>
     });
     return labelled;
 }
-
-}  // namespace
 
 bool HOLabelPass::IsCurrent(const HORenderRequest& request) const {
     return m_current && m_placedAt == request.transform &&
@@ -52,7 +48,7 @@ bool HOLabelPass::Render(const std::vector<HORefPtr<HOLayer>>& layers, const HOR
 
     const QSize size(request.size.width, request.size.height);
     HOLabelEngine engine(size);
-    for (HOFeatureLayer* layer : labelledLayers(layers, scale))
+    for (HOFeatureLayer* layer : PlacingOrder(layers, scale))
         if (!layer->PlaceLabels(context, engine)) return false;
     // No labels, no picture: nothing to compose on every redraw.
     QImage image;

@@ -18,6 +18,7 @@ class QPainter;
 namespace HXObjects {
 
 class HOCoordinateSystem;
+class HOFeatureLayer;
 class HOLayer;
 
 class HOLabelPass {
@@ -30,6 +31,11 @@ public:
                 HOCoordinateSystem* system, const HOTrackCancel* cancel);
     void DrawInto(QPainter& painter, const HODisplayTransform& target) const;
     void Clear();
+
+    // The visible feature layers labelled at this scale, in placing order: higher priority first,
+    // then the topmost layer first (`layers` is in drawing order).
+    static std::vector<HOFeatureLayer*> PlacingOrder(const std::vector<HORefPtr<HOLayer>>& layers,
+                                                     double scale);
 
 private:
     HOViewFrame m_picture;  // null when nothing was placed
