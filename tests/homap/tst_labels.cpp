@@ -83,6 +83,8 @@ private slots:
         QTest::newRow("steep line drawn downwards leftwards")
             << int(wkbLineString) << "LINESTRING(60 95,40 5)";
         QTest::newRow("vertical line drawn upwards") << int(wkbLineString) << "LINESTRING(50 5,50 95)";
+        QTest::newRow("gentle bend drawn leftwards")
+            << int(wkbLineString) << "LINESTRING(95 50,70 58,50 60,30 58,5 50)";
         QTest::newRow("crescent") << int(wkbPolygon) << QString::fromStdString(crescent());
     }
 
@@ -105,8 +107,14 @@ private slots:
                 QVERIFY2(shape->Distance(&mapCentre) * 4 < label.boxes.front().width(),
                          "label far from its point");
             } else if (type == wkbLineString) {
-                QVERIFY2(label.angle > -90 && label.angle <= 90, qPrintable(QString::number(label.angle)));
-                QVERIFY2(shape->Distance(&mapCentre) * 4 < 3, "label off its line");
+                QCOMPARE(label.glyphs.size(), std::size_t(label.text.size()));
+                for (const HOLabelGlyph& glyph : label.glyphs) {
+                    QVERIFY2(glyph.angle > -90 && glyph.angle <= 90,
+                             qPrintable(QString::number(glyph.angle)));
+                    const QPointF at = toMap(glyph.centre);
+                    OGRPoint onLine(at.x(), at.y());
+                    QVERIFY2(shape->Distance(&onLine) * 4 < 1, "character off its line");
+                }
             } else {
                 QVERIFY2(shape->Contains(&mapCentre), "label outside its polygon");
                 OGRPoint centroid;

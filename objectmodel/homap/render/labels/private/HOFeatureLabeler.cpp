@@ -90,8 +90,11 @@ void HOFeatureLabeler::labelLines(uint32_t feature) {
         const QPointF anchor = line.boundingRect().center();
         QString text;
         if (!textFor(feature, anchor, text)) return;
-        const QSizeF size = m_engine.Style(m_style).TextSize(text);
-        for (const auto& group : HOLabelCandidates::AlongLine(line, size, m_settings.repeatDistance))
+        const HOLabelStyle& style = m_engine.Style(m_style);
+        const QSizeF size = style.TextSize(text);
+        const auto characters = style.Characters(text);
+        for (const auto& group :
+             HOLabelCandidates::AlongLine(line, characters, size, m_settings.repeatDistance))
             offer(text, size, group.front().centre, group);
     }
 }

@@ -10,8 +10,11 @@ namespace HXObjects {
 
 namespace {
 
-// A line's stretch under a label may stray from the straight text this far, in text heights.
-constexpr double kMaxBend = 1.0;
+// Neighbouring characters along a line may turn this much (degrees), and each may lean this far
+// from level before the text would read upside down.
+constexpr double kMaxTurn = 35.0;
+constexpr double kMaxLean = 100.0;
+constexpr double kSmoothing = 1.5;  // text heights
 // Positions tried for each label, this far apart along its share of the line, in text widths.
 constexpr double kStep = 0.25;
 
@@ -32,17 +35,34 @@ public:
         const double t = span > 0 ? (s - m_at[i - 1]) / span : 0.0;
         return m_line[int(i - 1)] + (m_line[int(i)] - m_line[int(i - 1)]) * t;
     }
-    // The text laid straight from s0 to s1, or nothing when the line bends away from it.
-    bool Chord(double s0, double s1, double height, HOLabelCandidate& out) const {
-        const QLineF chord(PointAt(s0), PointAt(s1));
-        if (chord.length() < 0.9 * (s1 - s0)) return false;
-        const QPointF unit = (chord.p2() - chord.p1()) / chord.length();
-        for (std::size_t i = VertexAfter(s0); i < m_at.size() && m_at[i] < s1; ++i) {
-            const QPointF d = m_line[int(i)] - chord.p1();
-            if (std::abs(d.x() * unit.y() - d.y() * unit.x()) > kMaxBend * height) return false;
+    double AngleAt(double s, double span) const {
+        const QLineF tangent(PointAt(s - span / 2), PointAt(s + span / 2));
+        return std::atan2(tangent.dy(), tangent.dx()) * 180.0 / M_PI;
+    }
+    // The characters laid along the line from s0, reading left to right: false when the line turns
+    // too sharply under them.
+    bool Follow(double s0, const std::vector<std::pair<QString, double>>& characters, QSizeF text,
+                HOLabelCandidate& out) const {
+        const double width = text.width();
+        // A character leans with the line over a stretch of a few text heights, so that a jagged
+        // line still carries calm text.
+        const double smoothing = kSmoothing * text.height();
+        const double level = AngleAt(s0 + width / 2, width);
+        const bool reversed = HOLabelCandidates::Upright(level) != std::remainder(level, 360.0);
+        double along = 0.0;
+        for (const auto& [text, advance] : characters) {
+            const double middle = along + advance / 2;
+            along += advance;
+            const double s = reversed ? s0 + width - middle : s0 + middle;
+            const double angle = std::remainder(AngleAt(s, smoothing) + (reversed ? 180.0 : 0.0), 360.0);
+            if (std::abs(angle) > kMaxLean) return false;
+            if (!out.glyphs.empty() &&
+                std::abs(std::remainder(angle - out.glyphs.back().angle, 360.0)) > kMaxTurn)
+                return false;
+            out.glyphs.push_back({text, advance, PointAt(s), angle});
         }
-        out.centre = chord.center();
-        out.angle = HOLabelCandidates::Upright(std::atan2(unit.y(), unit.x()) * 180.0 / M_PI);
+        out.centre = PointAt(s0 + width / 2);
+        out.angle = HOLabelCandidates::Upright(level);
         return true;
     }
 
@@ -72,14 +92,16 @@ HOLabelCandidates::Group HOLabelCandidates::AroundPoint(const QPointF& point, do
             {point + QPointF(0, -dy)},  {point + QPointF(0, dy)}};
 }
 
-std::vector<HOLabelCandidates::Group> HOLabelCandidates::AlongLine(const QPolygonF& line, QSizeF text,
-                                                                   double repeatDistance) {
+std::vector<HOLabelCandidates::Group> HOLabelCandidates::AlongLine(
+    const QPolygonF& line, const std::vector<std::pair<QString, double>>& characters, QSizeF text,
+    double repeatDistance) {
     std::vector<Group> groups;
     if (line.size() < 2) return groups;
     const Course course(line);
     const double length = course.Length();
-    const double width = text.width();
-    if (length < width) return groups;
+    double width = 0.0;
+    for (const auto& character : characters) width += character.second;
+    if (length < width || width <= 0) return groups;
     const int labels = std::max(1, int(length / std::max(repeatDistance, width * 2)));
     const double share = length / labels;
     for (int i = 0; i < labels; ++i) {
@@ -90,8 +112,8 @@ std::vector<HOLabelCandidates::Group> HOLabelCandidates::AlongLine(const QPolygo
             for (const double s : {middle - shift, middle + shift}) {
                 HOLabelCandidate candidate;
                 if (s - width / 2 >= 0 && s + width / 2 <= length &&
-                    course.Chord(s - width / 2, s + width / 2, text.height(), candidate))
-                    group.push_back(candidate);
+                    course.Follow(s - width / 2, characters, QSizeF(width, text.height()), candidate))
+                    group.push_back(std::move(candidate));
                 if (shift == 0) break;
             }
         }

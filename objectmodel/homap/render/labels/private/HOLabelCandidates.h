@@ -1,10 +1,11 @@
 #pragma once
 // HOLabelCandidates: where a label may go, best first, in picture pixels. A point's label goes
-// around its symbol; a line's along its course, upright, once per stretch of the repeat distance
-// where the line is straight enough for the text; a polygon's at its pole of inaccessibility when
+// around its symbol; a line's along its course, character by character, upright, once per stretch
+// of the repeat distance where the line bends gently enough; a polygon's at its pole of inaccessibility when
 // the text's height fits there.
 #include <QPolygonF>
 #include <QSizeF>
+#include <utility>
 #include <vector>
 
 #include "render/labels/private/HOLabelEngine.h"
@@ -17,8 +18,11 @@ public:
 
     // Eight positions around a symbol of the given radius.
     static Group AroundPoint(const QPointF& point, double radius, QSizeF text);
-    // One group per label along the line, each with positions shifted along the course.
-    static std::vector<Group> AlongLine(const QPolygonF& line, QSizeF text, double repeatDistance);
+    // One group per label along the line, each with positions shifted along the course; the text's
+    // characters follow the line's bends.
+    static std::vector<Group> AlongLine(const QPolygonF& line,
+                                        const std::vector<std::pair<QString, double>>& characters,
+                                        QSizeF text, double repeatDistance);
     // Empty when the text's height does not fit inside the visible part of the polygon.
     static Group InsidePolygon(const std::vector<QPolygonF>& rings, const QRectF& visible, QSizeF text);
 

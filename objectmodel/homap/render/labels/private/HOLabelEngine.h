@@ -16,16 +16,27 @@ class QPainter;
 
 namespace HXObjects {
 
-// A position for a label: the centre of its text and its angle (degrees, clockwise on screen).
+// One character of a label bent along a line: its text, its width and where it goes.
+struct HOLabelGlyph {
+    QString text;
+    double width = 0.0;
+    QPointF centre;
+    double angle = 0.0;
+};
+
+// A position for a label: the centre of its text and its angle (degrees, clockwise on screen); or,
+// for text that follows a line, where each of its characters goes.
 struct HOLabelCandidate {
     QPointF centre;
     double angle = 0.0;
+    std::vector<HOLabelGlyph> glyphs;  // empty: the text is drawn in one piece
 };
 
 struct HOPlacedLabel {
     QString text;
     QPointF centre;
     double angle = 0.0;
+    std::vector<HOLabelGlyph> glyphs;
     // The picture's pixels the label covers (halo included), in upright boxes: one for level text,
     // a row of small ones along slanted text so that it claims little more than its own area.
     std::vector<QRectF> boxes;

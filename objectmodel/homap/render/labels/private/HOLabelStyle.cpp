@@ -2,6 +2,7 @@
 
 #include <QGlyphRun>
 #include <QPainter>
+#include <QTextBoundaryFinder>
 #include <QTextLayout>
 #include <cmath>
 
@@ -33,6 +34,16 @@ HOLabelStyle::HOLabelStyle(const HOLabelSettings& settings, double dpi)
 
 QSizeF HOLabelStyle::TextSize(const QString& text) const {
     return QSizeF(m_metrics.horizontalAdvance(text) + 2 * m_margin, m_metrics.height() + 2 * m_margin);
+}
+
+std::vector<std::pair<QString, double>> HOLabelStyle::Characters(const QString& text) const {
+    std::vector<std::pair<QString, double>> characters;
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+    for (int start = 0, end = finder.toNextBoundary(); end > 0; start = end, end = finder.toNextBoundary()) {
+        const QString character = text.mid(start, end - start);
+        characters.emplace_back(character, m_metrics.horizontalAdvance(character));
+    }
+    return characters;
 }
 
 void HOLabelStyle::Draw(QPainter& painter, const QString& text) const {

@@ -4,6 +4,7 @@
 #include <QFont>
 #include <QFontMetricsF>
 #include <QPointF>
+#include <utility>
 #include <vector>
 
 #include "HOLabelSettings.h"
@@ -17,6 +18,8 @@ public:
     HOLabelStyle(const HOLabelSettings& settings, double dpi);
 
     QSizeF TextSize(const QString& text) const;
+    // The text's characters (as a reader sees them) and their widths, for text bent along a line.
+    std::vector<std::pair<QString, double>> Characters(const QString& text) const;
     // Draws the text centred on the painter's origin, halo first.
     void Draw(QPainter& painter, const QString& text) const;
 

@@ -28,10 +28,9 @@ bool readOnly(OGRLayer* layer, const std::vector<QString>& fields, std::vector<i
 
 }  // namespace
 
-std::shared_ptr<const HOLabelTexts> HOLabelTexts::Read(const QString& source, const QString& layerName,
-                                                       const std::shared_ptr<const HOFeatureTopology>& features,
-                                                       const HOLabelSettings& settings,
-                                                       const HOTrackCancel* cancel) {
+std::shared_ptr<const HOLabelTexts> HOLabelTexts::Read(
+    const QString& source, const QString& layerName, const std::shared_ptr<const HOFeatureTopology>& features,
+    const HOLabelSettings& settings, const HOTrackCancel* cancel) {
     GDALDatasetUniquePtr dataset(
         GDALDataset::Open(source.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
     OGRLayer* layer = dataset ? dataset->GetLayerByName(layerName.toUtf8().constData()) : nullptr;
