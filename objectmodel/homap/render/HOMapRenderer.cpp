@@ -198,16 +198,8 @@ bool HOMapRenderer::renderLayer(HOLayer& layer, const HORenderRequest& request,
     {
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing, true);
-        HORenderContext context;
+        HORenderContext context = request.Context(system, m_cancel);
         context.painter = &painter;
-        context.transform = request.transform;
-        context.size = request.size;
-        const HOPoint bottomRight = request.transform.ToMap(request.size.width, request.size.height);
-        context.extent =
-            HORect(request.transform.extentLeft, bottomRight.x, bottomRight.y, request.transform.extentTop);
-        context.mapSystem = system;
-        context.cancel = m_cancel;
-        context.dpi = request.dpi;
         layer.Render(context);
     }
     // A cancelled layer's picture is incomplete: keep the old one for the preview.

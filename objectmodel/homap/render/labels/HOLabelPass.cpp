@@ -7,7 +7,6 @@
 #include "HOFeatureLayer.h"
 #include "HOMap.h"
 #include "HOMapScale.h"
-#include "HORenderContext.h"
 #include "render/labels/private/HOLabelEngine.h"
 
 namespace HXObjects {
@@ -34,15 +33,7 @@ bool HOLabelPass::IsCurrent(const HORenderRequest& request) const {
 
 bool HOLabelPass::Render(const std::vector<HORefPtr<HOLayer>>& layers, const HORenderRequest& request,
                          HOCoordinateSystem* system, const HOTrackCancel* cancel) {
-    HORenderContext context;
-    context.transform = request.transform;
-    context.size = request.size;
-    const HOPoint bottomRight = request.transform.ToMap(request.size.width, request.size.height);
-    context.extent =
-        HORect(request.transform.extentLeft, bottomRight.x, bottomRight.y, request.transform.extentTop);
-    context.mapSystem = system;
-    context.cancel = cancel;
-    context.dpi = request.dpi;
+    const HORenderContext context = request.Context(system, cancel);
     const double metresPerUnit = HOMapScale::MetresPerUnit(system ? system->GetUnit() : HOUnitMeter);
     const double scale = HOMapScale::Denominator(request.transform.unitsPerPixel, metresPerUnit, request.dpi);
 
