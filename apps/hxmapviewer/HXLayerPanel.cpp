@@ -1,7 +1,9 @@
 #include "HXLayerPanel.h"
 
+#include "HOFeatureLayer.h"
 #include "HOMap.h"
 #include "HOMapView.h"
+#include "HXLabelMenu.h"
 #include "HXMapCanvas.h"
 
 #include <QAbstractItemModel>
@@ -36,6 +38,16 @@ HXLayerPanel::HXLayerPanel(HXMapCanvas* canvas, QWidget* parent)
         if (!mRebuilding) mCanvas->setCurrentLayer(layerOf(item));
     });
     connect(canvas, &HXMapCanvas::layerTreeReload, this, &HXLayerPanel::rebuild);
+    mList->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(mList, &QWidget::customContextMenuRequested, this, &HXLayerPanel::showLayerMenu);
+}
+
+void HXLayerPanel::showLayerMenu(const QPoint& at) {
+    auto* features = dynamic_cast<HOFeatureLayer*>(layerOf(mList->itemAt(at)));
+    if (!features) return;
+    QMenu menu(mList);
+    menu.addMenu(new HXLabelMenu(features, mCanvas, &menu));
+    menu.exec(mList->viewport()->mapToGlobal(at));
 }
 
 HOMap* HXLayerPanel::map() const {

@@ -1,7 +1,8 @@
 #pragma once
 // HXLayerPanel: the viewer's layer list, topmost layer first. Check boxes switch visibility, dragging
 // reorders, Delete or the remove button drops the selected layer; the current row becomes the
-// canvas's current layer. Rebuilt whenever the canvas asks for a layer-tree reload.
+// canvas's current layer; a feature layer's context menu chooses the field it is labelled by. Rebuilt
+// whenever the canvas asks for a layer-tree reload.
 #include <QDockWidget>
 
 class QListWidget;
@@ -30,6 +31,7 @@ private:
     HXObjects::HOLayer* layerOf(const QListWidgetItem* item) const;
     void applyVisibility(QListWidgetItem* item);
     void applyOrder();
+    void showLayerMenu(const QPoint& at);
 
     HXMapCanvas* mCanvas;
     QListWidget* mList;

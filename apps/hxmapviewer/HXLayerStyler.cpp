@@ -54,6 +54,27 @@ void styleClasses(HOFeatureLayer* layer) {
     }
 }
 
+// Names in both scripts on the towns, lakes and rivers. Rivers claim their space first: a line's
+// label has few places to go, a town's has eight around it.
+void styleLabels(HOFeatureLayer* layer) {
+    const QString name = layer->GetName().toQString();
+    if (name != "towns" && name != "lakes" && name != "rivers") return;
+    HOLabelSettings labels;
+    labels.expression = QStringLiteral("{name} {name_zh}");
+    if (name == "towns") {
+        labels.priority = 1;
+        labels.fontSize = 9.5;
+    } else if (name == "lakes") {
+        labels.priority = 2;
+        labels.color = HOColor(30, 80, 150);
+    } else {
+        labels.priority = 3;
+        labels.fontSize = 8.5;
+        labels.color = HOColor(30, 90, 180);
+    }
+    layer->SetLabelSettings(labels);
+}
+
 }  // namespace
 
 void HXLayerStyler::style(HOLayer* layer) {
@@ -66,6 +87,7 @@ void HXLayerStyler::style(HOLayer* layer) {
     if (!features) return;
     if (HORefPtr<HOStyle> s = styleFor(features->GetName().toQString())) features->SetStyle(s);
     styleClasses(features);
+    styleLabels(features);
 }
 
 void HXLayerStyler::styleMap(HOMap* map) {

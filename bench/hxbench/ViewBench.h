@@ -1,8 +1,9 @@
 #pragma once
 // ViewBench: the map view's side of the figures, with all benchmark layers in one map: the full
 // render through the view's render thread, composing a finished picture (Draw) at 1920x1080, and the
-// time from a pan step or a wheel step to the next Draw (the preview shown before the re-render), and
-// the same Draw and pan step with both coordinate grids and their rulers on.
+// time from a pan step or a wheel step to the next Draw (the preview shown before the re-render), the
+// same Draw and pan step with both coordinate grids and their rulers on, and the cost of labels: the
+// points layer alone rendered in full with and without labels.
 #include <QSize>
 #include <QStringList>
 
@@ -14,6 +15,8 @@ public:
     void Run(BenchReport& report) const;
 
 private:
+    void runLabels(BenchReport& report) const;
+
     QString m_gpkg;
     QStringList m_layers;
     QSize m_size;

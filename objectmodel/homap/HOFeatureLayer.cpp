@@ -88,6 +88,31 @@ bool HOFeatureLayer::SetCategoryStyles(const HOString& field,
     return true;
 }
 
+std::vector<HOString> HOFeatureLayer::GetFieldNames() const {
+    std::vector<HOString> names;
+    std::lock_guard<std::mutex> lock(d->mutex);
+    OGRFeatureDefn* defn = d->ogrLayer->GetLayerDefn();
+    for (int i = 0; i < defn->GetFieldCount(); ++i) names.emplace_back(defn->GetFieldDefn(i)->GetNameRef());
+    return names;
+}
+
+HOLabelSettings HOFeatureLayer::GetLabelSettings() const {
+    return d->labels.Settings();
+}
+
+void HOFeatureLayer::SetLabelSettings(const HOLabelSettings& settings) {
+    d->labels.SetSettings(settings);
+}
+
+bool HOFeatureLayer::PlaceLabels(const HORenderContext& context, HOLabelEngine& engine) {
+    const std::shared_ptr<const HOFeatureStore> store = d->stores.StoreFor(context.mapSystem);
+    if (!store) return true;
+    const HORefPtr<HOStyle> style = GetStyle();
+    const double symbolRadius =
+        style && style->GetStyleType() == HOStyle::MarkerStyle ? style->GetSize() / 2 : 0.0;
+    return d->labels.Place(*store, context, engine, symbolRadius);
+}
+
 bool HOFeatureLayer::IsSameCoordinateSystem(HOCoordinateSystem* system) const {
     if (!system || !d->system) return !system && !d->system;
     return d->system->IsSame(system);

@@ -8,11 +8,14 @@
 #include <vector>
 
 #include "HOFeature.h"
+#include "HOLabelSettings.h"
 #include "HOLayer.h"
 #include "HOStyle.h"
 #include "HOUserFeatureRender.h"
 
 namespace HXObjects {
+
+class HOLabelEngine;
 
 class HOFeatureLayer : public HOLayer {
 public:
@@ -37,6 +40,16 @@ public:
     // with the layer style; per-feature styles still win). An empty field clears. False, changing
     // nothing, when the layer has no such field.
     bool SetCategoryStyles(const HOString& field, const std::map<HOString, HORefPtr<HOStyle>>& styles);
+
+    // The names of the attribute fields, in source order.
+    std::vector<HOString> GetFieldNames() const;
+    // Labels, placed with those of the other layers and drawn above all of them. The texts are read
+    // once per expression, on the render thread. Refresh the layer after changing them.
+    HOLabelSettings GetLabelSettings() const;
+    void SetLabelSettings(const HOLabelSettings& settings);
+    // Offers the labels of the visible features to a picture's label engine (render thread); false
+    // when cancelled.
+    bool PlaceLabels(const HORenderContext& context, HOLabelEngine& engine);
 
     // Selection (ids). The rectangle is in the given system (the layer's own when null).
     bool HasSelectedFeatures() const;

@@ -77,6 +77,11 @@ void TestViewer::sampleShowsSeaLandAndRoads() {
     auto window = openSample();
     QVERIFY(window);
     HOMapView* view = window->canvas()->GetMapView();
+    // Labels may cover the road vertex looked at below; this is about the layers.
+    for (const HORefPtr<HOLayer>& layer : view->GetMap()->GetLayers(true))
+        if (auto* features = dynamic_cast<HOFeatureLayer*>(layer.get())) features->SetLabelSettings({});
+    view->RefreshMap(true, HORect());
+    QVERIFY2(window->waitForRender(60000), "the unlabelled map did not finish rendering");
     const QImage image = mapImage(window->canvas());
     QVERIFY(!image.isNull());
 

@@ -15,6 +15,13 @@
 
 namespace {
 
+// Two to four Han characters: a generated name and what it names (镇, 河…).
+bool isChineseName(const char* utf8) {
+    const QString name = QString::fromUtf8(utf8);
+    return name.size() >= 3 && name.size() <= 4 &&
+           std::all_of(name.begin(), name.end(), [](QChar c) { return c.script() == QChar::Script_Han; });
+}
+
 constexpr double kScale = 0.5;  // half the default density keeps the sanitizer build quick
 constexpr double kPixel = 250;  // DEM metres
 
@@ -80,12 +87,12 @@ private slots:
         QTest::addColumn<QStringList>("fields");  // name:type
         QTest::newRow("land") << "land" << int(wkbMultiPolygon) << QStringList();
         QTest::newRow("sea") << "sea" << int(wkbMultiPolygon) << QStringList();
-        QTest::newRow("lakes") << "lakes" << int(wkbPolygon) << QStringList{"name:String"};
+        QTest::newRow("lakes") << "lakes" << int(wkbPolygon) << QStringList{"name:String", "name_zh:String"};
         QTest::newRow("landuse") << "landuse" << int(wkbPolygon) << QStringList{"class:String"};
-        QTest::newRow("rivers") << "rivers" << int(wkbLineString) << QStringList{"name:String"};
+        QTest::newRow("rivers") << "rivers" << int(wkbLineString) << QStringList{"name:String", "name_zh:String"};
         QTest::newRow("roads") << "roads" << int(wkbLineString) << QStringList{"class:String", "name:String"};
         QTest::newRow("towns") << "towns" << int(wkbPoint)
-                               << QStringList{"name:String", "population:Integer", "kind:String"};
+                               << QStringList{"name:String", "name_zh:String", "population:Integer", "kind:String"};
     }
     // Each layer in both files; the 4490 copy holds what OGR's own transformation makes of the projected one.
     void layers() {
@@ -194,6 +201,7 @@ private slots:
             for (const auto& lake : lakes) QVERIFY(!p->Within(lake->GetGeometryRef()));
             QVERIFY(town->GetFieldAsInteger("population") > 0);
             names.insert(town->GetFieldAsString("name"));
+            QVERIFY(isChineseName(town->GetFieldAsString("name_zh")));
             kinds.insert(town->GetFieldAsString("kind"));
             townPoints.insert({p->toPoint()->getX(), p->toPoint()->getY()});
         }
@@ -201,8 +209,10 @@ private slots:
         QCOMPARE(kinds, (QSet<QString>{"city", "town", "village"}));
         const Features rivers = featuresOf(layer("rivers"));
         QVERIFY(rivers.size() >= 3);
-        for (const auto& river : rivers)
+        for (const auto& river : rivers) {
+            QVERIFY(isChineseName(river->GetFieldAsString("name_zh")));
             for (const QPointF& p : verticesOf(river->GetGeometryRef())) riverVertices.insert({p.x(), p.y()});
+        }
         int toSea = 0;
         for (const auto& river : rivers) {
             const auto line = verticesOf(river->GetGeometryRef());

@@ -171,6 +171,7 @@ bool HOMapRenderer::fireDueTicks(std::unique_lock<std::mutex>& lock) {
 bool HOMapRenderer::render(HORenderRequest& request) {
     if (request.dropCaches) {
         m_layerPictures.clear();
+        m_labels.Clear();
         request.dropCaches = false;
     }
     const auto layers = request.map->GetLayers(true);
@@ -192,6 +193,7 @@ bool HOMapRenderer::render(HORenderRequest& request) {
         if (!renderLayer(*layer, request, system.get())) return false;
         // Drawn: a carried-over request need not draw it again.
         request.redrawLayers.erase(layer->GetLayerId());
+        m_labels.Invalidate();
         {
             std::unique_lock<std::mutex> lock(m_mutex);
             fireDueTicks(lock);
@@ -203,6 +205,8 @@ bool HOMapRenderer::render(HORenderRequest& request) {
         }
     }
     if (m_cancel->IsCancelled()) return false;
+    if (!m_labels.IsCurrent(request) && !m_labels.Render(layers, request, system.get(), m_cancel))
+        return false;
     publish(layers, request);
     if (m_callbacks.redraw) m_callbacks.redraw();
     return true;
@@ -216,16 +220,8 @@ bool HOMapRenderer::renderLayer(HOLayer& layer, const HORenderRequest& request,
     {
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing, true);
-        HORenderContext context;
+        HORenderContext context = request.Context(system, m_cancel);
         context.painter = &painter;
-        context.transform = request.transform;
-        context.size = request.size;
-        const HOPoint bottomRight = request.transform.ToMap(request.size.width, request.size.height);
-        context.extent =
-            HORect(request.transform.extentLeft, bottomRight.x, bottomRight.y, request.transform.extentTop);
-        context.mapSystem = system;
-        context.cancel = m_cancel;
-        context.dpi = request.dpi;
         layer.Render(context);
     }
     // A cancelled layer's picture is incomplete: keep the old one for the preview.
@@ -249,6 +245,7 @@ void HOMapRenderer::publish(const std::vector<HORefPtr<HOLayer>>& layers, const 
             painter.setCompositionMode(paintMode(layer->GetComposition()));
             cached->second.DrawInto(painter, request.transform);
         }
+        m_labels.DrawInto(painter, request.transform);
     }
     std::lock_guard<std::mutex> lock(m_frameMutex);
     std::swap(m_frame, frame);

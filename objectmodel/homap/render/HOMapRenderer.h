@@ -17,6 +17,7 @@
 #include <thread>
 #include <vector>
 
+#include "HOLabelPass.h"
 #include "HORenderRequest.h"
 #include "HOTrackCancel.h"
 #include "HOViewFrame.h"
@@ -88,6 +89,7 @@ private:
     HOViewFrame m_frame;
 
     std::map<int, HOViewFrame> m_layerPictures;  // render thread only; by layer id
+    HOLabelPass m_labels;                        // render thread only
     std::thread m_thread;                        // last: starts once everything above exists
 };
 

@@ -7,6 +7,7 @@
 #include "HODisplayTransform.h"
 #include "HOMap.h"
 #include "HORefPtr.h"
+#include "HORenderContext.h"
 #include "HOSize.h"
 
 namespace HXObjects {
@@ -24,6 +25,8 @@ struct HORenderRequest {
     // layers either wanted drawn again are drawn again.
     void Absorb(const HORenderRequest& older);
     bool MustRedraw(int layerId) const { return redrawAll || redrawLayers.count(layerId) != 0; }
+    // The context a layer draws in for this request (the painter is left to the caller).
+    HORenderContext Context(const HOCoordinateSystem* system, const HOTrackCancel* cancel) const;
 };
 
 }  // namespace HXObjects

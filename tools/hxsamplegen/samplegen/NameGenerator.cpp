@@ -1,5 +1,6 @@
 #include "NameGenerator.h"
 
+#include <QHash>
 #include <array>
 
 namespace {
@@ -9,7 +10,20 @@ const std::array<const char*, 24> kOnsets = {"b", "d",  "f",  "g",  "h",  "j",  
 const std::array<const char*, 10> kVowels = {"a", "e", "i", "o", "u", "a", "o", "ai", "ou", "ea"};
 const std::array<const char*, 8> kCodas = {"", "", "", "n", "r", "l", "s", "m"};
 const std::array<const char*, 8> kEndings = {"ford", "ton", "haven", "wick", "dale", "mere", "by", "stead"};
+// Characters common in place names.
+const QString kHanzi = QStringLiteral(
+    "安宝昌长成川大东丰福阜高广海和河华怀吉嘉江金静开康兰乐临龙隆梅明南宁平"
+    "庆青清泉仁瑞山善盛石寿顺泰桃天通万武西溪仙祥新兴阳永玉云泽正中");
 }  // namespace
+
+QString NameGenerator::chinese(const QString& latin, const QString& suffix) {
+    uint hash = qHash(latin, 0);  // seeded explicitly: the same in every run
+    QString name;
+    const int characters = latin.size() > 8 ? 3 : 2;
+    for (int i = 0; i < characters; ++i, hash /= uint(kHanzi.size()))
+        name += kHanzi[int(hash % uint(kHanzi.size()))];
+    return name + suffix;
+}
 
 QString NameGenerator::candidate() {
     QString name;

@@ -25,7 +25,7 @@ RiverTracer::RiverTracer(const Coastline& coastline, const Terrain& terrain, Nam
     : m_coastline(coastline), m_terrain(terrain), m_names(names), m_random(random), m_noise(random.next()) {}
 
 SampleLayer RiverTracer::build(double scale) {
-    SampleLayer layer("rivers", wkbLineString, {{"name", OFTString}});
+    SampleLayer layer("rivers", wkbLineString, {{"name", OFTString}, {"name_zh", OFTString}});
     const int wanted = std::max(1, int(std::lround(14 * scale)));
     for (int attempt = 0; layer.features().size() < size_t(wanted) && attempt < wanted * kAttemptsPerRiver;
          ++attempt) {
@@ -35,7 +35,8 @@ SampleLayer RiverTracer::build(double scale) {
         if (int(line.size()) < kMinVertices) continue;
         auto geometry = std::make_unique<OGRLineString>();
         for (const QPointF& p : line) geometry->addPoint(p.x(), p.y());
-        layer.add(std::move(geometry), {m_names.next() + " River"});
+        const QString name = m_names.next();
+        layer.add(std::move(geometry), {name + " River", NameGenerator::chinese(name, QStringLiteral("河"))});
         // Indexed only now, so a river never joins itself.
         for (const QPointF& p : line) m_riverPoints.insert(p, m_pointCount++);
     }

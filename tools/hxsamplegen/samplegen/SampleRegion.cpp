@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "LanduseMosaic.h"
+#include "NameGenerator.h"
 #include "RiverTracer.h"
 #include "RoadNetwork.h"
 #include "TownPlacer.h"
@@ -126,20 +127,23 @@ SampleLayer SampleRegion::seaLayer(const SampleLayer& land) const {
 }
 
 SampleLayer SampleRegion::lakeLayer(NameGenerator& names) const {
-    SampleLayer layer("lakes", wkbPolygon, {{"name", OFTString}});
+    SampleLayer layer("lakes", wkbPolygon, {{"name", OFTString}, {"name_zh", OFTString}});
     for (const StarShape& lake : m_lakes) {
         auto polygon = std::make_unique<OGRPolygon>();
         polygon->addRingDirectly(lake.ring().release());
-        layer.add(std::move(polygon), {"Lake " + names.next()});
+        const QString name = names.next();
+        layer.add(std::move(polygon), {"Lake " + name, NameGenerator::chinese(name, QStringLiteral("湖"))});
     }
     return layer;
 }
 
 SampleLayer SampleRegion::townLayer() const {
-    SampleLayer layer("towns", wkbPoint,
-                      {{"name", OFTString}, {"population", OFTInteger}, {"kind", OFTString}});
+    SampleLayer layer(
+        "towns", wkbPoint,
+        {{"name", OFTString}, {"name_zh", OFTString}, {"population", OFTInteger}, {"kind", OFTString}});
     for (const Town& town : m_towns)
         layer.add(std::make_unique<OGRPoint>(town.position.x(), town.position.y()),
-                  {town.name, town.population, town.kindName()});
+                  {town.name, NameGenerator::chinese(town.name, town.chineseSuffix()), town.population,
+                   town.kindName()});
     return layer;
 }

@@ -14,4 +14,6 @@ struct Town {
 
     // The value of the layer's `kind` field.
     QString kindName() const { return kind == City ? "city" : kind == Market ? "town" : "village"; }
+    // What follows a Chinese place name of this kind: city, town, village.
+    QString chineseSuffix() const { return kind == City ? "市" : kind == Market ? "镇" : "村"; }
 };

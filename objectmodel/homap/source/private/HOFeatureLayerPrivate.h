@@ -8,6 +8,7 @@
 #include <mutex>
 
 #include "HOCoordinateSystem.h"
+#include "render/labels/private/HOLayerLabels.h"
 #include "render/private/HOFeatureCategories.h"
 #include "HOFeatureLayer.h"
 #include "source/private/HOProjectedStores.h"
@@ -19,7 +20,11 @@ class HOFeatureLayer::Private {
 public:
     Private(std::shared_ptr<HOSharedDataset> dataset, OGRLayer* layer, HORefPtr<HOCoordinateSystem> system,
             std::shared_ptr<const HOFeatureStore> store)
-        : source(std::move(dataset)), ogrLayer(layer), system(system), stores(std::move(store), system) {}
+        : source(std::move(dataset)),
+          ogrLayer(layer),
+          system(system),
+          stores(std::move(store), system),
+          labels(QString::fromUtf8(source->dataset->GetDescription()), QString::fromUtf8(layer->GetName())) {}
 
     mutable std::mutex mutex;
     const std::shared_ptr<HOSharedDataset> source;
@@ -33,6 +38,7 @@ public:
     HORefPtr<HOUserFeatureRender> custom{new HOUserFeatureRender};
     std::vector<int64_t> selected;  // ascending
     std::shared_ptr<const HOFeatureCategories> categories;
+    HOLayerLabels labels;  // guards itself
 };
 
 }  // namespace HXObjects
