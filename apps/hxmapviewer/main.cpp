@@ -1,6 +1,9 @@
 // hxmapviewer: a small desktop map viewer built on HXMapCanvas.
 //   hxmapviewer [FILE...]
 //   hxmapviewer --screenshot out.png [--size 1280x800] [--crs EPSG:4490] [FILE...]
+//   hxmapviewer --export-layout OUT.pdf|OUT.png [--paper A4] [--landscape] [--dpi N] [--title TEXT]
+//               [--layout DOC] [FILE...]
+#include "HXLayoutExport.h"
 #include "HXViewerWindow.h"
 
 #include <QApplication>
@@ -11,9 +14,9 @@
 
 namespace {
 
-bool wantsScreenshot(int argc, char** argv) {
+bool isHeadless(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
-        if (std::strcmp(argv[i], "--screenshot") == 0) return true;
+        if (std::strcmp(argv[i], "--screenshot") == 0 || std::strcmp(argv[i], "--export-layout") == 0) return true;
     }
     return false;
 }
@@ -43,8 +46,8 @@ int takeScreenshot(HXViewerWindow& window, const QString& out, const QStringList
 }  // namespace
 
 int main(int argc, char** argv) {
-    // A screenshot needs no display.
-    if (wantsScreenshot(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+    // A screenshot or a page export needs no display.
+    if (isHeadless(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     QApplication app(argc, argv);
@@ -58,8 +61,27 @@ int main(int argc, char** argv) {
     QCommandLineOption screenshot("screenshot", "Render, write the window to a PNG and exit.", "out.png");
     QCommandLineOption size("size", "Window size for the screenshot.", "WxH", "1280x800");
     QCommandLineOption crs("crs", "The map's coordinate system (EPSG code, WKT or PROJ).", "definition");
-    parser.addOptions({screenshot, size, crs});
+    QCommandLineOption exportLayout("export-layout", "Compose a page of the files, write it and exit.", "out.pdf");
+    QCommandLineOption layoutDoc("layout", "A layout document: opened in the viewer, or exported.", "doc");
+    QCommandLineOption paper("paper", "Paper for --export-layout (A0-A5, Letter, Legal).", "name", "A4");
+    QCommandLineOption landscape("landscape", "Landscape paper for --export-layout.");
+    QCommandLineOption dpi("dpi", "Resolution for --export-layout.", "N", "300");
+    QCommandLineOption title("title", "Title for --export-layout.", "text");
+    parser.addOptions({screenshot, size, crs, exportLayout, layoutDoc, paper, landscape, dpi, title});
     parser.process(app);
+
+    if (parser.isSet(exportLayout)) {
+        HXLayoutExport::Options options;
+        options.out = parser.value(exportLayout);
+        options.layout = parser.value(layoutDoc);
+        options.paper = parser.value(paper);
+        options.landscape = parser.isSet(landscape);
+        options.dpi = parser.value(dpi).toInt();
+        options.title = parser.value(title);
+        options.crs = parser.value(crs);
+        options.files = parser.positionalArguments();
+        return HXLayoutExport::Run(options);
+    }
 
     HXViewerWindow window;
     if (parser.isSet(crs)) window.setCoordinateSystem(parser.value(crs));

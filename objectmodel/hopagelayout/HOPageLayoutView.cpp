@@ -1,5 +1,6 @@
 #include "HOPageLayoutView.h"
 
+#include <QCoreApplication>
 #include <QPainter>
 #include <QThread>
 #include <algorithm>
@@ -7,26 +8,29 @@
 
 #include "HOCallbackKey.h"
 #include "HODataFrame.h"
+#include "HOFileFunc.h"
 #include "HOGraphics.h"
+#include "HOLayoutDocument.h"
 #include "HOMapView.h"
+#include "HOPageSelectionMarks.h"
 #include "HOViewport.h"
 
 namespace HXObjects {
 
 namespace {
-// A4 landscape in millimetres. Page coordinates grow rightwards and upwards from the page's
-// bottom-left corner, as map coordinates do, so one display transform serves pages and maps.
-const HORect kPage(0.0, 297.0, 0.0, 210.0);
-constexpr double kMargin = 10.0;
+// Page coordinates are millimetres growing rightwards and upwards from the page's bottom-left corner,
+// as map coordinates do, so one display transform serves pages and maps.
+constexpr double kMmPerInch = 25.4;
 constexpr double kDeskAround = 0.05;  // of the page's size, shown around it when the whole page fits
 constexpr double kMetresPerPageUnit = 0.001;
 constexpr int kShadow = 4;
 const QColor kDesk(160, 160, 160);
 const QColor kShadowColor(90, 90, 90);
 
-HORect pageWithDesk() {
-    const double dx = kPage.Width() * kDeskAround, dy = kPage.Height() * kDeskAround;
-    return {kPage.minx - dx, kPage.maxx + dx, kPage.miny - dy, kPage.maxy + dy};
+HORect pageWithDesk(const HOPageSetup& setup) {
+    const HORect page = setup.PageRect();
+    const double dx = page.Width() * kDeskAround, dy = page.Height() * kDeskAround;
+    return {page.minx - dx, page.maxx + dx, page.miny - dy, page.maxy + dy};
 }
 }  // namespace
 
@@ -39,13 +43,15 @@ public:
     void forwardRedraws(HOMapView* view);
     void stopForwarding(HOMapView* view);
     void onMapRedraw(void* sender, HOEvent* event);
-    void drawPage(QPainter& painter);
+    void drawDesk(QPainter& painter, const HOPageRenderContext& context, const HOSize& size);
+    void drawElements(QPainter& painter, const HOPageRenderContext& context);
 
     HOPageLayoutView* q;
     HOGraphicsContainer container;
 
     // Guarded by the view's lock.
     HORefPtr<HOPageLayoutBaseElement> operating;
+    HOPageSetup setup;
     HOPoint panCentre;                           // where the page was when the middle-button drag started
     std::vector<HORefPtr<HOMapView>> forwarded;  // map views whose redraws become the page's
 
@@ -115,39 +121,31 @@ void HOPageLayoutView::Private::onMapRedraw(void*, HOEvent*) {
         Qt::QueuedConnection);
 }
 
-void HOPageLayoutView::Private::drawPage(QPainter& painter) {
-    HODisplayTransform transform;
-    HOSize size;
+void HOPageLayoutView::Private::drawDesk(QPainter& painter, const HOPageRenderContext& context,
+                                         const HOSize& size) {
+    HORect page;
     {
         std::lock_guard<std::mutex> lock(q->Mutex());
-        const HOViewport& viewport = q->LockedViewport();
-        if (!viewport.IsDrawable()) return;
-        transform = viewport.Transform();
-        size = viewport.Size();
+        page = setup.PageRect();
     }
     painter.fillRect(QRect(0, 0, size.width, size.height), kDesk);
-    const HOPoint topLeft = transform.ToDevice({kPage.minx, kPage.maxy});
-    const HOPoint bottomRight = transform.ToDevice({kPage.maxx, kPage.miny});
-    const QRectF page(QPointF(topLeft.x, topLeft.y), QPointF(bottomRight.x, bottomRight.y));
-    painter.fillRect(page.translated(kShadow, kShadow), kShadowColor);
-    painter.fillRect(page, Qt::white);
+    const QRectF sheet = context.ToDevice(page);
+    painter.fillRect(sheet.translated(kShadow, kShadow), kShadowColor);
+    painter.fillRect(sheet, Qt::white);
+}
 
-    const auto selected = container.GetSelectedElements(true);
+void HOPageLayoutView::Private::drawElements(QPainter& painter, const HOPageRenderContext& context) {
+    const auto selected = context.output ? decltype(container.GetSelectedElements(true))()
+                                         : container.GetSelectedElements(true);
     for (const auto& element : container.GetElements()) {
-        element->draw(painter, transform);
+        element->draw(painter, context);
         if (std::find(selected.begin(), selected.end(), element) == selected.end()) continue;
-        const HORect b = element->get_bounds();
-        const HOPoint a = transform.ToDevice({b.minx, b.maxy});
-        const HOPoint c = transform.ToDevice({b.maxx, b.miny});
-        painter.save();
-        painter.setPen(QPen(QColor(0, 120, 215), 1.0, Qt::DashLine));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(QRectF(QPointF(a.x, a.y), QPointF(c.x, c.y)));
-        painter.restore();
+        HOPageSelectionMarks::Draw(painter, context.ToDevice(element->get_bounds()));
     }
 }
 
-HOPageLayoutView::HOPageLayoutView() : HOViewportView(pageWithDesk()), d(std::make_unique<Private>(this)) {}
+HOPageLayoutView::HOPageLayoutView()
+    : HOViewportView(pageWithDesk(HOPageSetup())), d(std::make_unique<Private>(this)) {}
 
 HOPageLayoutView::~HOPageLayoutView() {
     std::vector<HORefPtr<HOMapView>> forwarded;
@@ -161,8 +159,50 @@ HOPageLayoutView::~HOPageLayoutView() {
 void HOPageLayoutView::DrawTo(HOGraphics* surface, int) {
     QPainter* painter = surface ? surface->Painter() : nullptr;
     if (!painter) return;
-    d->drawPage(*painter);
+    HOPageRenderContext context;
+    HOSize size;
+    {
+        std::lock_guard<std::mutex> lock(Mutex());
+        const HOViewport& viewport = LockedViewport();
+        if (viewport.IsDrawable()) {
+            context.transform = viewport.Transform();
+            context.dpi = LockedDpi();
+            size = viewport.Size();
+        }
+    }
+    if (size.width > 0) {
+        d->drawDesk(*painter, context, size);
+        d->drawElements(*painter, context);
+    }
     surface->End();
+}
+
+void HOPageLayoutView::Print(QPainter& painter, double dpi) {
+    const HOPageSetup setup = GetPageSetup();
+    HOPageRenderContext context;
+    context.output = true;
+    context.dpi = dpi;
+    context.transform.extentTop = setup.Height();
+    context.transform.unitsPerPixel = kMmPerInch / dpi;
+    painter.save();
+    painter.setClipRect(context.ToDevice(setup.PageRect()));
+    d->drawElements(painter, context);
+    painter.restore();
+}
+
+HOPageSetup HOPageLayoutView::GetPageSetup() const {
+    std::lock_guard<std::mutex> lock(Mutex());
+    return d->setup;
+}
+
+void HOPageLayoutView::SetPageSetup(const HOPageSetup& setup) {
+    {
+        std::lock_guard<std::mutex> lock(Mutex());
+        if (d->setup == setup) return;
+        d->setup = setup;
+    }
+    Navigate([&](HOViewport& v) { return v.Fit(pageWithDesk(setup)); });
+    FireRedraw();
 }
 
 void HOPageLayoutView::RefreshView(bool all) {
@@ -217,9 +257,7 @@ void HOPageLayoutView::SwitchToLayoutView(HOMapView* view) {
     HORefPtr<HODataFrame> frame(dynamic_cast<HODataFrame*>(get_operating_data_frame().get()));
     if (!frame) {
         frame = new HODataFrame;
-        frame->set_off_x(kPage.minx + kMargin);
-        frame->set_off_y(kPage.miny + kMargin);
-        frame->set_size(kPage.Width() - 2 * kMargin, kPage.Height() - 2 * kMargin);
+        frame->set_bounds(GetPageSetup().PrintableRect());
         d->container.AddElement(frame);
     }
     const HORefPtr<HOMapView> old = frame->get_map_view();
@@ -257,13 +295,32 @@ HOGraphicsContainer* HOPageLayoutView::get_graphicscontainer() const {
     return &d->container;
 }
 
-// Layout files have no format yet.
-bool HOPageLayoutView::open(HOFileFunc*, double) {
-    return false;
+bool HOPageLayoutView::open(HOFileFunc* file, double) {
+    HOLayoutDocument::Contents contents;
+    if (!file || !HOLayoutDocument::Load(*file, &contents)) return false;
+    std::vector<HORefPtr<HOMapView>> forwarded;
+    {
+        std::lock_guard<std::mutex> lock(Mutex());
+        forwarded = d->forwarded;
+    }
+    for (const auto& view : forwarded) d->stopForwarding(view);
+    for (const auto& element : d->container.GetElements()) d->container.RemoveElement(element);
+    for (const auto& element : contents.elements) d->container.AddElement(element);
+    for (HODataFrame* frame : d->frames()) d->forwardRedraws(frame->get_map_view());
+    SetPageSetup(contents.setup);
+    set_operating_data_frame(contents.operating);
+    RefreshView(false);
+    return true;
 }
 
-bool HOPageLayoutView::save(HOFileFunc*, double) {
-    return false;
+bool HOPageLayoutView::save(HOFileFunc* file, double version) {
+    if (!file) return false;
+    if (version > HOLayoutDocument::kVersion) {
+        file->SetError(QCoreApplication::translate("HOPageLayoutView", "layout version %1 cannot be written")
+                           .arg(version));
+        return false;
+    }
+    return HOLayoutDocument::Save(*this, *file);
 }
 
 }  // namespace HXObjects

@@ -3,11 +3,14 @@
 // The operating data frame is the one being worked on; its map view is the layout's focus map.
 // Page coordinates are millimetres from the page's bottom-left corner, y upwards. RedrawSignal fires
 // on the thread that created the layout (a data frame's map redraws arrive through its event loop).
+#include <memory>
+
 #include "HOGraphicsContainer.h"
+#include "HOPageSetup.h"
 #include "HORefPtr.h"
 #include "HOViewportView.h"
 
-#include <memory>
+class QPainter;
 
 namespace HXObjects {
 
@@ -25,12 +28,22 @@ public:
     void ResumeRender() override;
     void ResizeRefresh(int delayMs) override;
 
+    // Draws the sheet for paper or a file: page (0, 0) at the device's top-left corner, `dpi` device
+    // pixels per inch, maps drawn now at that resolution, no desk and no selection marks.
+    void Print(QPainter& painter, double dpi);
+    HOPageSetup GetPageSetup() const;
+    // Shows the whole new sheet; the elements stay where they are.
+    void SetPageSetup(const HOPageSetup& setup);
+
     // Puts the map view into the operating data frame (creating the frame when there is none).
     void SwitchToLayoutView(HOMapView* view);
     HORefPtr<HOPageLayoutBaseElement> get_operating_data_frame() const;
     void set_operating_data_frame(HOPageLayoutBaseElement* element);
     HOGraphicsContainer* get_graphicscontainer() const;
+    // Replaces the page and its elements with a layout document's; on failure nothing changes and the
+    // file holds the reason. Sources that could not be opened are the file's warnings.
     bool open(HOFileFunc* file, double version);
+    // Writes the layout document in format `version` (0: the current one).
     bool save(HOFileFunc* file, double version);
 
     // Fired when the element being edited changed.

@@ -1,6 +1,8 @@
 #include "render/private/HOFeaturePainter.h"
 
+#include <QPaintEngine>
 #include <QPainter>
+#include <QPainterPath>
 
 #include "HOStylePainter.h"
 
@@ -14,7 +16,8 @@ HOFeaturePainter::HOFeaturePainter(QPainter& painter, const HOFeatureStore& stor
       m_path(transform),
       m_blitter(painter),
       m_rasterizer(HODirectTarget::Of(painter), painter.testRenderHint(QPainter::Antialiasing)),
-      m_antialias(painter.testRenderHint(QPainter::Antialiasing)) {}
+      m_antialias(painter.testRenderHint(QPainter::Antialiasing)),
+      m_vector(painter.paintEngine() && painter.paintEngine()->type() != QPaintEngine::Raster) {}
 
 void HOFeaturePainter::Draw(uint32_t feature, const HOStyle& style, bool bulkStyle) {
     const HOFeatureKind kind = m_topology.Kind(feature);
@@ -77,6 +80,10 @@ void HOFeaturePainter::beginStroke() {
 }
 
 void HOFeaturePainter::drawPolygon(uint32_t feature) {
+    if (m_vector) {
+        drawPolygonPath(feature);
+        return;
+    }
     const uint32_t firstPart = m_topology.PartBegin(feature), endPart = m_topology.PartEnd(feature);
     m_path.Clear();
     QPointF start;
@@ -111,6 +118,29 @@ void HOFeaturePainter::drawPolygon(uint32_t feature) {
     }
 }
 
+// On a vector device (PDF, printer) each ring is a closed subpath of its own: the joins that cancel out
+// in the raster engine's fill would show there as hairlines.
+void HOFeaturePainter::drawPolygonPath(uint32_t feature) {
+    QPainterPath path;
+    path.setFillRule(Qt::OddEvenFill);
+    for (uint32_t part = m_topology.PartBegin(feature); part < m_topology.PartEnd(feature); ++part) {
+        m_path.Clear();
+        if (m_path.Append(vertex(m_topology.VertexBegin(part)), vertex(m_topology.VertexEnd(part))) < 3) continue;
+        path.moveTo(m_path.Points()[0]);
+        for (int i = 1; i < m_path.Size(); ++i) path.lineTo(m_path.Points()[i]);
+        path.closeSubpath();
+    }
+    const QRectF bounds = path.boundingRect();
+    if (path.isEmpty() || (bounds.width() < 1.0 && bounds.height() < 1.0)) return;
+    if (m_brush.style() != Qt::NoBrush) {
+        beginFill();
+        m_painter.drawPath(path);
+    }
+    if (m_pen.style() == Qt::NoPen) return;
+    beginStroke();
+    m_painter.drawPath(path);
+}
+
 void HOFeaturePainter::drawLine(uint32_t feature) {
     for (uint32_t part = m_topology.PartBegin(feature); part < m_topology.PartEnd(feature); ++part) {
         m_path.Clear();
@@ -122,14 +152,18 @@ void HOFeaturePainter::drawLine(uint32_t feature) {
 }
 
 void HOFeaturePainter::drawPoints(uint32_t feature, const HOStyle& style, bool bulkStyle) {
+    const uint32_t first = m_topology.VertexBegin(m_topology.PartBegin(feature));
+    const uint32_t end = m_topology.VertexBegin(m_topology.PartEnd(feature));
+    if (m_vector) {  // shapes, not stamped pictures
+        for (uint32_t v = first; v < end; ++v) HOStylePainter::DrawMarker(m_painter, style, m_path.ToDevice(*vertex(v)));
+        return;
+    }
     if (&style != m_currentMarker) {
         auto it = m_markers.find(&style);
         if (it == m_markers.end()) it = m_markers.emplace(&style, HOStylePainter::MarkerImage(style)).first;
         m_blitter.SetMarker(&it->second, bulkStyle);
         m_currentMarker = &style;
     }
-    const uint32_t first = m_topology.VertexBegin(m_topology.PartBegin(feature));
-    const uint32_t end = m_topology.VertexBegin(m_topology.PartEnd(feature));
     for (uint32_t v = first; v < end; ++v) m_blitter.Stamp(m_path.ToDevice(*vertex(v)));
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 // HOFeaturePainter: draws features of one store through one painter — polygons filled and outlined,
 // lines stroked, points stamped from a marker image cached per style. One per painting thread; it
-// sets the painter's pen and brush only when the style changes.
+// sets the painter's pen and brush only when the style changes. On a vector device (PDF, printer) it
+// draws paths and marker shapes, so the output stays vectors.
 #include <QBrush>
 #include <QImage>
 #include <QPen>
@@ -31,6 +32,7 @@ private:
     void beginStroke();
     void stroke(const QPointF* points, int count, bool acrossImage);
     void drawPolygon(uint32_t feature);
+    void drawPolygonPath(uint32_t feature);
     void drawLine(uint32_t feature);
     void drawPoints(uint32_t feature, const HOStyle& style, bool bulkStyle);
     const HOVertex* vertex(uint32_t index) const { return m_store.Vertices().data() + index; }
@@ -47,6 +49,7 @@ private:
     QPen m_pen;
     QBrush m_brush;
     bool m_antialias;
+    bool m_vector;  // the device keeps vectors: shapes and paths instead of pictures and joined rings
     enum class Mode { Unset, Fill, Stroke } m_mode = Mode::Unset;
     const HOStyle* m_currentMarker = nullptr;
 };
