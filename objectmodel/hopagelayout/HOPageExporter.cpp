@@ -1,6 +1,10 @@
 #include "HOPageExporter.h"
 
+#include <cpl_error.h>
+#include <gdal.h>
+
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QImage>
 #include <QImageWriter>
 #include <QPageLayout>
@@ -38,6 +42,46 @@ bool paintOn(HOPageLayoutView& layout, QPagedPaintDevice& device, double dpi, co
     }
     layout.Print(painter, dpi);
     return painter.end();
+}
+
+bool isTiff(const QString& path) {
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    return suffix == "tif" || suffix == "tiff";
+}
+
+// TIFF through GDAL's writer (Qt's TIFF plug-in is optional), with the resolution in its tags.
+bool writeTiff(const QImage& page, const QString& path, int dpi, QString* error) {
+    const QImage image = page.convertToFormat(QImage::Format_RGBA8888);
+    CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
+    GDALDriverH driver = GDALGetDriverByName("GTiff");
+    const char* options[] = {"COMPRESS=DEFLATE", "PHOTOMETRIC=RGB", "ALPHA=UNASSOCIATED", nullptr};
+    GDALDatasetH dataset = driver ? GDALCreate(driver, path.toUtf8().constData(), image.width(),
+                                               image.height(), 4, GDT_Byte, const_cast<char**>(options))
+                                  : nullptr;
+    bool ok = dataset != nullptr;
+    if (ok) {
+        const QByteArray resolution = QByteArray::number(dpi);
+        GDALSetMetadataItem(dataset, "TIFFTAG_XRESOLUTION", resolution.constData(), nullptr);
+        GDALSetMetadataItem(dataset, "TIFFTAG_YRESOLUTION", resolution.constData(), nullptr);
+        GDALSetMetadataItem(dataset, "TIFFTAG_RESOLUTIONUNIT", "2", nullptr);  // inches
+        // The image's bytes are R, G, B, A per pixel: four interleaved bands.
+        int bands[] = {1, 2, 3, 4};
+        ok = GDALDatasetRasterIO(dataset, GF_Write, 0, 0, image.width(), image.height(),
+                                 const_cast<uchar*>(image.constBits()), image.width(), image.height(),
+                                 GDT_Byte, 4, bands, 4, image.bytesPerLine(), 1) == CE_None;
+        GDALClose(dataset);
+        ok = ok && CPLGetLastErrorType() < CE_Failure;
+    }
+    if (!ok && error) *error = tr("cannot write '%1': %2").arg(path, QString::fromUtf8(CPLGetLastErrorMsg()));
+    return ok;
+}
+
+bool writeImage(const QImage& image, const QString& path, int dpi, QString* error) {
+    if (isTiff(path)) return writeTiff(image, path, dpi, error);
+    QImageWriter writer(path);
+    if (writer.write(image)) return true;
+    if (error) *error = tr("cannot write '%1': %2").arg(path, writer.errorString());
+    return false;
 }
 
 }  // namespace
@@ -87,10 +131,7 @@ bool HOPageExporter::ExportImage(HOPageLayoutView& layout, const QString& path, 
         QPainter painter(&image);
         layout.Print(painter, dpi);
     }
-    QImageWriter writer(path);
-    if (writer.write(image)) return true;
-    if (error) *error = tr("cannot write '%1': %2").arg(path, writer.errorString());
-    return false;
+    return writeImage(image, path, dpi, error);
 }
 
 }  // namespace HXObjects
