@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QPainter>
 
+#include "HOCallbackKey.h"
 #include "HOCoordinateSystem.h"
 #include "HOGraphics.h"
 #include "HOMap.h"
@@ -19,7 +20,9 @@ constexpr double kMmPerMetre = 1000.0;
 
 HODataFrame::HODataFrame() : HOPageLayoutBaseElement(HOElementDataFrame) {}
 
-HODataFrame::~HODataFrame() = default;
+HODataFrame::~HODataFrame() {
+    if (m_view) HOUnbindMember(m_view->BoundChangedSignal, this, &HODataFrame::onViewMoved);
+}
 
 HOMapView* HODataFrame::get_map_view() const {
     return view().get();
@@ -31,8 +34,31 @@ HORefPtr<HOMapView> HODataFrame::view() const {
 }
 
 void HODataFrame::set_map_view(HOMapView* view) {
+    HORefPtr<HOMapView> old;
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_view == view) return;
+        old = m_view;
+        m_view = view;
+        m_extent = HORect();
+    }
+    if (old) HOUnbindMember(old->BoundChangedSignal, this, &HODataFrame::onViewMoved);
+    if (view) HOBindMember(view->BoundChangedSignal, this, &HODataFrame::onViewMoved);
+}
+
+void HODataFrame::onViewMoved(void*, HOEvent*) {
+    if (m_showing) return;
+    const HORefPtr<HOMapView> shown = view();
+    const HORect extent = shown ? shown->GetExtent() : HORect();
     std::lock_guard<std::mutex> lock(m_mutex);
-    m_view = view;
+    m_extent = extent;
+}
+
+void HODataFrame::showInView(HOMapView& view, const HORect& extent, const HOSize* size) {
+    m_showing = true;
+    if (size) view.SetSize(*size);
+    if (!extent.IsEmpty()) view.SetExtent(extent);
+    m_showing = false;
 }
 
 void HODataFrame::set_note(const QString& note) {
@@ -77,13 +103,16 @@ void HODataFrame::set_page_transform(const HODisplayTransform& pageToPixels) {
     const HOSize size(qRound(frame.width()), qRound(frame.height()));
     if (shown->GetScreenDisplay()->GetDeviceSize() == size) return;
     // The map keeps what it shows; only its pixels change with the page's zoom.
-    const HORect extent = shown->GetExtent();
-    shown->SetSize(size);
-    if (!extent.IsEmpty()) shown->SetExtent(extent);
+    showInView(*shown, get_map_extent(), &size);
 }
 
 HORect HODataFrame::get_map_extent() const {
-    const HORefPtr<HOMapView> shown = view();
+    HORefPtr<HOMapView> shown;
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        if (!m_extent.IsEmpty()) return m_extent;
+        shown = m_view;
+    }
     if (!shown) return {};
     const HORect extent = shown->GetExtent();
     if (!extent.IsEmpty() || !shown->GetMap()) return extent;
@@ -91,7 +120,11 @@ HORect HODataFrame::get_map_extent() const {
 }
 
 void HODataFrame::set_map_extent(const HORect& extent) {
-    if (const HORefPtr<HOMapView> shown = view()) shown->SetExtent(extent);
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_extent = extent;
+    }
+    if (const HORefPtr<HOMapView> shown = view()) showInView(*shown, extent, nullptr);
 }
 
 double HODataFrame::metresPerMapUnit() const {

@@ -8,6 +8,7 @@
 #include <mutex>
 
 #include "HODisplay.h"
+#include "HOEvent.h"
 #include "HOPageLayoutBaseElement.h"
 #include "HORefPtr.h"
 
@@ -30,8 +31,8 @@ public:
     // The frame's rectangle in pixels under the page transform.
     QRectF pixel_rect(const HODisplayTransform& pageToPixels) const;
 
-    // The map area shown (map units): the view's extent, or the map's full extent before the view
-    // has one.
+    // The map area the frame shows on paper (map units): the last one set or navigated to in the
+    // map view, else the map's full extent. The page's zoom does not change it.
     HORect get_map_extent() const;
     void set_map_extent(const HORect& extent);
     // The map's scale on paper as its denominator; 0 when the frame shows nothing.
@@ -48,14 +49,20 @@ protected:
 
 private:
     HORefPtr<HOMapView> view() const;
+    // The view moved (a pan or zoom inside the frame): that is now the frame's extent.
+    void onViewMoved(void* sender, HOEvent* event);
+    // Sets the view's extent without taking its pixel-fitted result back.
+    void showInView(HOMapView& view, const HORect& extent, const HOSize* size);
     double metresPerMapUnit() const;
     void drawMap(QPainter& painter, const HOPageRenderContext& context, const QRectF& frame);
     void drawNote(QPainter& painter, const HOPageRenderContext& context, const QRectF& frame);
 
     mutable std::mutex m_mutex;  // guards m_view and m_note (drawn on render threads, set on the GUI thread)
     HORefPtr<HOMapView> m_view;
+    HORect m_extent;
     QString m_note;
-    HODisplay m_page;  // the page's transform the frame was last laid out with
+    bool m_showing = false;  // GUI thread: the frame itself is moving the view
+    HODisplay m_page;        // the page's transform the frame was last laid out with
     mutable HODisplay m_display;
 };
 

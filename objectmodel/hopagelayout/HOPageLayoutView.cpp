@@ -12,7 +12,9 @@
 #include "HOGraphics.h"
 #include "HOLayoutDocument.h"
 #include "HOMapView.h"
+#include "HOPageElementDrag.h"
 #include "HOPageSelectionMarks.h"
+#include "HOTool.h"
 #include "HOViewport.h"
 
 namespace HXObjects {
@@ -45,12 +47,22 @@ public:
     void onMapRedraw(void* sender, HOEvent* event);
     void drawDesk(QPainter& painter, const HOPageRenderContext& context, const HOSize& size);
     void drawElements(QPainter& painter, const HOPageRenderContext& context);
+    HOPageRenderContext screenContext() const;
+    // The active frame's map view and the pixel in it, when the pixel is inside the active frame.
+    HOMapView* activeViewAt(int x, int y, QPoint* local) const;
+    // What the left button does on the page with the current tool.
+    enum class LeftButton { PanPage, ZoomIn, ZoomOut, EditElements };
+    LeftButton leftButton() const;
+
+    HOPageElementDrag drag;        // GUI thread only
+    bool panningWithTool = false;  // the pan tool's left drag is moving the page
 
     HOPageLayoutView* q;
     HOGraphicsContainer container;
 
     // Guarded by the view's lock.
     HORefPtr<HOPageLayoutBaseElement> operating;
+    HORefPtr<HODataFrame> active;
     HOPageSetup setup;
     HOPoint panCentre;                           // where the page was when the middle-button drag started
     std::vector<HORefPtr<HOMapView>> forwarded;  // map views whose redraws become the page's
@@ -137,11 +149,42 @@ void HOPageLayoutView::Private::drawDesk(QPainter& painter, const HOPageRenderCo
 void HOPageLayoutView::Private::drawElements(QPainter& painter, const HOPageRenderContext& context) {
     const auto selected = context.output ? decltype(container.GetSelectedElements(true))()
                                          : container.GetSelectedElements(true);
+    HORefPtr<HODataFrame> activeFrame;
+    if (!context.output) {
+        std::lock_guard<std::mutex> lock(q->Mutex());
+        activeFrame = active;
+    }
     for (const auto& element : container.GetElements()) {
         element->draw(painter, context);
+        if (element == activeFrame)
+            HOPageSelectionMarks::DrawActive(painter, context.ToDevice(element->get_bounds()));
         if (std::find(selected.begin(), selected.end(), element) == selected.end()) continue;
         HOPageSelectionMarks::Draw(painter, context.ToDevice(element->get_bounds()));
     }
+}
+
+HOPageRenderContext HOPageLayoutView::Private::screenContext() const {
+    HOPageRenderContext context;
+    context.transform = q->GetDisplayTransform();
+    return context;
+}
+
+HOMapView* HOPageLayoutView::Private::activeViewAt(int x, int y, QPoint* local) const {
+    HORefPtr<HODataFrame> frame = q->get_active_data_frame();
+    if (!frame) return nullptr;
+    const QRectF rect = screenContext().ToDevice(frame->get_bounds());
+    if (!rect.contains(QPointF(x, y))) return nullptr;
+    *local = QPoint(x - qRound(rect.left()), y - qRound(rect.top()));
+    return frame->get_map_view();
+}
+
+HOPageLayoutView::Private::LeftButton HOPageLayoutView::Private::leftButton() const {
+    HOTool* tool = q->GetCurrentTool();
+    const HOString name = tool ? tool->GetClassName() : HOString();
+    if (name == "HXObjects::HOToolPan") return LeftButton::PanPage;
+    if (name == "HXObjects::HOToolZoomIn") return LeftButton::ZoomIn;
+    if (name == "HXObjects::HOToolZoomOut") return LeftButton::ZoomOut;
+    return LeftButton::EditElements;
 }
 
 HOPageLayoutView::HOPageLayoutView()
@@ -154,6 +197,126 @@ HOPageLayoutView::~HOPageLayoutView() {
         forwarded = d->forwarded;
     }
     for (const auto& view : forwarded) d->stopForwarding(view);
+}
+
+namespace {
+constexpr int kLeft = 1, kPan = 3;
+constexpr double kToolZoomStep = 2.0;
+}  // namespace
+
+void HOPageLayoutView::MouseDown(int button, int x, int y) {
+    QPoint local;
+    if (HOMapView* view = d->activeViewAt(x, y, &local)) {
+        view->MouseDown(button, local.x(), local.y());
+        return;
+    }
+    if (button == kLeft && get_active_data_frame()) ActivateDataFrame(nullptr);  // pressed outside it
+    if (button != kLeft) {
+        HOViewportView::MouseDown(button, x, y);
+        return;
+    }
+    const HOPoint at = GetDisplayTransform().ToMap(x, y);
+    switch (d->leftButton()) {
+        case Private::LeftButton::PanPage:
+            d->panningWithTool = true;
+            HOViewportView::MouseDown(kPan, x, y);
+            break;
+        case Private::LeftButton::ZoomIn:
+            ZoomByFactor(1.0 / kToolZoomStep, &at);
+            break;
+        case Private::LeftButton::ZoomOut:
+            ZoomByFactor(kToolZoomStep, &at);
+            break;
+        case Private::LeftButton::EditElements:
+            d->drag.Begin(d->container, d->screenContext(), QPointF(x, y));
+            FireRedraw();
+            break;
+    }
+}
+
+void HOPageLayoutView::MouseMove(int button, int x, int y) {
+    QPoint local;
+    if (d->panningWithTool) {
+        HOViewportView::MouseMove(kPan, x, y);
+    } else if (d->drag.IsActive()) {
+        if (!d->drag.MoveTo(d->screenContext(), QPointF(x, y))) return;
+        d->layoutFrames();
+        FireRedraw();
+    } else if (HOMapView* view = d->activeViewAt(x, y, &local)) {
+        view->MouseMove(button, local.x(), local.y());
+    } else {
+        HOViewportView::MouseMove(button, x, y);
+    }
+}
+
+void HOPageLayoutView::MouseUp(int button, int x, int y) {
+    QPoint local;
+    if (button == kLeft && d->panningWithTool) {
+        d->panningWithTool = false;
+        HOViewportView::MouseUp(kPan, x, y);
+    } else if (button == kLeft && d->drag.IsActive()) {
+        d->drag.End();
+    } else if (HOMapView* view = d->activeViewAt(x, y, &local)) {
+        view->MouseUp(button, local.x(), local.y());
+    } else {
+        HOViewportView::MouseUp(button, x, y);
+    }
+}
+
+void HOPageLayoutView::DoubleClick(int button, int x, int y) {
+    QPoint local;
+    if (HOMapView* view = d->activeViewAt(x, y, &local)) {
+        view->DoubleClick(button, local.x(), local.y());
+        return;
+    }
+    if (button != kLeft) return;
+    const auto hit = d->container.LocateElements(GetDisplayTransform().ToMap(x, y), 0.0);
+    for (auto it = hit.rbegin(); it != hit.rend(); ++it) {
+        if (auto* frame = dynamic_cast<HODataFrame*>(it->get())) {
+            ActivateDataFrame(frame);
+            return;
+        }
+    }
+    ActivateDataFrame(nullptr);
+}
+
+void HOPageLayoutView::Wheel(int reserved, int delta, int x, int y) {
+    QPoint local;
+    if (HOMapView* view = d->activeViewAt(x, y, &local))
+        view->Wheel(reserved, delta, local.x(), local.y());
+    else
+        HOViewportView::Wheel(reserved, delta, x, y);
+}
+
+void HOPageLayoutView::SetCurrentTool(HOTool* tool) {
+    HOViewportView::SetCurrentTool(tool);
+    // The active frame's map works with the page's tool.
+    if (HORefPtr<HODataFrame> frame = get_active_data_frame())
+        if (HOMapView* view = frame->get_map_view()) view->SetCurrentTool(tool);
+}
+
+HORefPtr<HODataFrame> HOPageLayoutView::get_active_data_frame() const {
+    std::lock_guard<std::mutex> lock(Mutex());
+    return d->active;
+}
+
+void HOPageLayoutView::ActivateDataFrame(HODataFrame* frame) {
+    HORefPtr<HODataFrame> previous;
+    {
+        std::lock_guard<std::mutex> lock(Mutex());
+        if (d->active.get() == frame) return;
+        previous = d->active;
+        d->active = frame;
+        if (frame) d->operating = frame;
+    }
+    HORefPtr<HOTool> tool = GetCurrentTool();
+    if (previous && previous->get_map_view()) previous->get_map_view()->SetCurrentTool(nullptr);
+    if (frame && frame->get_map_view()) frame->get_map_view()->SetCurrentTool(tool);
+    if (!frame && tool) tool->SetView(this);
+    if (frame) d->container.AddElement(frame);
+    HOEvent event;
+    ActiveElementChangedSignal.fire(this, &event);
+    FireRedraw();
 }
 
 void HOPageLayoutView::DrawTo(HOGraphics* surface, int) {

@@ -16,16 +16,27 @@ namespace HXObjects {
 
 class HOMapView;
 class HOFileFunc;
+class HODataFrame;
 
 class HOPageLayoutView : public HOViewportView {
 public:
     HOPageLayoutView();
 
-    // HOView, in table order, where a page differs from HOViewportView.
+    // HOView, in table order, where a page differs from HOViewportView. Input: with a data frame
+    // activated, input inside it goes to the frame's map view (and its current tool, which is the
+    // page's); otherwise the pan tool and the middle button move the page, the zoom tools and the
+    // wheel zoom it, and with any other tool (or none) the left button selects, moves and resizes
+    // elements. A double click on a data frame activates it; one elsewhere deactivates it.
+    void MouseDown(int button, int x, int y) override;
+    void MouseUp(int button, int x, int y) override;
+    void MouseMove(int button, int x, int y) override;
+    void DoubleClick(int button, int x, int y) override;
+    void Wheel(int reserved, int delta, int x, int y) override;
     void DrawTo(HOGraphics* surface, int reserved) override;
     void RefreshView(bool all) override;
     void PauseRender() override;
     void ResumeRender() override;
+    void SetCurrentTool(HOTool* tool) override;
     void ResizeRefresh(int delayMs) override;
 
     // Draws the sheet for paper or a file: page (0, 0) at the device's top-left corner, `dpi` device
@@ -40,6 +51,10 @@ public:
     HORefPtr<HOPageLayoutBaseElement> get_operating_data_frame() const;
     void set_operating_data_frame(HOPageLayoutBaseElement* element);
     HOGraphicsContainer* get_graphicscontainer() const;
+    // The data frame whose map takes the input (it is also the operating frame); null: the page does.
+    // Activating fires ActiveElementChangedSignal once.
+    HORefPtr<HODataFrame> get_active_data_frame() const;
+    void ActivateDataFrame(HODataFrame* frame);
     // Replaces the page and its elements with a layout document's; on failure nothing changes and the
     // file holds the reason. Sources that could not be opened are the file's warnings.
     bool open(HOFileFunc* file, double version);

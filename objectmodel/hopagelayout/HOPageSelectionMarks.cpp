@@ -31,6 +31,14 @@ void HOPageSelectionMarks::Draw(QPainter& painter, const QRectF& rect) {
     painter.restore();
 }
 
+void HOPageSelectionMarks::DrawActive(QPainter& painter, const QRectF& rect) {
+    painter.save();
+    painter.setPen(QPen(QColor(230, 120, 0), 3.0));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(rect.adjusted(-2, -2, 2, 2));
+    painter.restore();
+}
+
 int HOPageSelectionMarks::HandleAt(const QRectF& rect, const QPointF& pixel) {
     const auto handles = Handles(rect);
     for (int i = 0; i < int(handles.size()); ++i) {

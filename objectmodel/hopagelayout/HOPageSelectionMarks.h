@@ -14,6 +14,8 @@ public:
     // Handle order: top-left, top, top-right, right, bottom-right, bottom, bottom-left, left.
     static std::array<QPointF, 8> Handles(const QRectF& rect);
     static void Draw(QPainter& painter, const QRectF& rect);
+    // The outline of the data frame whose map takes the input.
+    static void DrawActive(QPainter& painter, const QRectF& rect);
     // The handle under the pixel, or -1.
     static int HandleAt(const QRectF& rect, const QPointF& pixel);
 };
