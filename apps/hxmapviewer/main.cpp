@@ -3,20 +3,22 @@
 //   hxmapviewer --screenshot out.png [--size 1280x800] [--crs EPSG:4490] [FILE...]
 //   hxmapviewer --export-layout OUT.pdf|OUT.png [--paper A4] [--landscape] [--dpi N] [--title TEXT]
 //               [--layout DOC] [FILE...]
-#include "HXLayoutExport.h"
-#include "HXViewerWindow.h"
-
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QRegularExpression>
 #include <cstdio>
 #include <cstring>
 
+#include "HXLayoutExport.h"
+#include "HXLayoutWindow.h"
+#include "HXViewerWindow.h"
+
 namespace {
 
 bool isHeadless(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
-        if (std::strcmp(argv[i], "--screenshot") == 0 || std::strcmp(argv[i], "--export-layout") == 0) return true;
+        if (std::strcmp(argv[i], "--screenshot") == 0 || std::strcmp(argv[i], "--export-layout") == 0)
+            return true;
     }
     return false;
 }
@@ -61,7 +63,8 @@ int main(int argc, char** argv) {
     QCommandLineOption screenshot("screenshot", "Render, write the window to a PNG and exit.", "out.png");
     QCommandLineOption size("size", "Window size for the screenshot.", "WxH", "1280x800");
     QCommandLineOption crs("crs", "The map's coordinate system (EPSG code, WKT or PROJ).", "definition");
-    QCommandLineOption exportLayout("export-layout", "Compose a page of the files, write it and exit.", "out.pdf");
+    QCommandLineOption exportLayout("export-layout", "Compose a page of the files, write it and exit.",
+                                    "out.pdf");
     QCommandLineOption layoutDoc("layout", "A layout document: opened in the viewer, or exported.", "doc");
     QCommandLineOption paper("paper", "Paper for --export-layout (A0-A5, Letter, Legal).", "name", "A4");
     QCommandLineOption landscape("landscape", "Landscape paper for --export-layout.");
@@ -91,6 +94,20 @@ int main(int argc, char** argv) {
         return takeScreenshot(window, parser.value(screenshot), parser.positionalArguments());
     }
     window.show();
-    window.openFiles(parser.positionalArguments());
+    // Layout documents open in a layout window; everything else on the map.
+    QStringList files = parser.positionalArguments(), layouts;
+    if (parser.isSet(layoutDoc)) layouts << parser.value(layoutDoc);
+    for (const QString& file : parser.positionalArguments()) {
+        if (!file.endsWith(".hxlayout", Qt::CaseInsensitive)) continue;
+        layouts << file;
+        files.removeOne(file);
+    }
+    window.openFiles(files);
+    for (const QString& path : layouts) {
+        auto* layout = new HXLayoutWindow(&window);
+        layout->setWindowFlag(Qt::Window);
+        layout->show();
+        layout->openLayout(path);
+    }
     return app.exec();
 }
