@@ -20,7 +20,10 @@ public:
     // The selected elements (the argument is kept for callers that pass it; it has no effect).
     std::vector<HORefPtr<HOPageLayoutBaseElement>> GetSelectedElements(bool all) const;
     void SelectElement(HOPageLayoutBaseElement* element, bool selected);
+    void SelectAll();
     void ClearSelection();
+    // Drawing order: the element goes to the index (clamped; the last is drawn on top).
+    void MoveElement(HOPageLayoutBaseElement* element, int index);
 
 private:
     mutable std::mutex m_mutex;

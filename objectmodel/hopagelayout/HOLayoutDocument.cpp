@@ -116,6 +116,13 @@ HORefPtr<HOPageLayoutBaseElement> elementFromJson(const QJsonObject& json, const
     return element;
 }
 
+HODataFrame* frameAt(const HOLayoutDocument::Contents& contents, const QJsonValue& index) {
+    const int i = index.toInt(-1);
+    return i >= 0 && i < int(contents.elements.size())
+               ? dynamic_cast<HODataFrame*>(contents.elements[std::size_t(i)].get())
+               : nullptr;
+}
+
 bool parse(const QByteArray& bytes, QJsonObject* root, QString* error) {
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &parseError);
@@ -141,15 +148,35 @@ bool parse(const QByteArray& bytes, QJsonObject* root, QString* error) {
 
 }  // namespace
 
+QJsonArray HOLayoutDocument::ElementsToJson(const std::vector<HORefPtr<HOPageLayoutBaseElement>>& elements,
+                                            const QDir& folder) {
+    QJsonArray list;
+    for (const auto& element : elements) list.append(elementToJson(*element, elements, folder));
+    return list;
+}
+
+bool HOLayoutDocument::ElementsFromJson(const QJsonArray& list, const QDir& folder, Contents* contents,
+                                        QString* error) {
+    for (const QJsonValue& entry : list) {
+        const HORefPtr<HOPageLayoutBaseElement> element =
+            elementFromJson(entry.toObject(), folder, contents, error);
+        if (!element) return false;
+        contents->elements.push_back(element);
+    }
+    for (int i = 0; i < list.size(); ++i) {
+        if (auto* surround = dynamic_cast<HOMapSurroundElement*>(contents->elements[std::size_t(i)].get()))
+            surround->set_frame(frameAt(*contents, list[i].toObject()["frame"]));
+    }
+    return true;
+}
+
 bool HOLayoutDocument::Save(HOPageLayoutView& layout, HOFileFunc& file) {
     const auto elements = layout.get_graphicscontainer()->GetElements();
-    QJsonArray list;
-    for (const auto& element : elements) list.append(elementToJson(*element, elements, file.Folder()));
     const QJsonObject root{{"format", kFormat},
                            {"version", kVersion},
                            {"page", pageToJson(layout.GetPageSetup())},
                            {"operatingFrame", indexOf(elements, layout.get_operating_data_frame().get())},
-                           {"elements", list}};
+                           {"elements", ElementsToJson(elements, file.Folder())}};
     return file.WriteAll(QJsonDocument(root).toJson(QJsonDocument::Indented));
 }
 
@@ -162,27 +189,11 @@ bool HOLayoutDocument::Load(HOFileFunc& file, Contents* contents) {
         file.SetError(tr("cannot open '%1': %2").arg(file.Path(), error));
         return false;
     }
-    const QJsonArray list = root["elements"].toArray();
-    for (const QJsonValue& entry : list) {
-        const HORefPtr<HOPageLayoutBaseElement> element =
-            elementFromJson(entry.toObject(), file.Folder(), contents, &error);
-        if (!element) {
-            file.SetError(tr("cannot open '%1': %2").arg(file.Path(), error));
-            return false;
-        }
-        contents->elements.push_back(element);
+    if (!ElementsFromJson(root["elements"].toArray(), file.Folder(), contents, &error)) {
+        file.SetError(tr("cannot open '%1': %2").arg(file.Path(), error));
+        return false;
     }
-    auto frameAt = [&](const QJsonValue& index) -> HODataFrame* {
-        const int i = index.toInt(-1);
-        return i >= 0 && i < int(contents->elements.size())
-                   ? dynamic_cast<HODataFrame*>(contents->elements[std::size_t(i)].get())
-                   : nullptr;
-    };
-    for (int i = 0; i < list.size(); ++i) {
-        if (auto* surround = dynamic_cast<HOMapSurroundElement*>(contents->elements[std::size_t(i)].get()))
-            surround->set_frame(frameAt(list[i].toObject()["frame"]));
-    }
-    contents->operating = frameAt(root["operatingFrame"]);
+    contents->operating = frameAt(*contents, root["operatingFrame"]);
     file.SetWarnings(contents->missing);
     return true;
 }

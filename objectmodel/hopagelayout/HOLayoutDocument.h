@@ -10,6 +10,8 @@
 // Elements are listed bottom to top; "frame" and "operatingFrame" are indexes into "elements"; the
 // map of a data frame is HOMapDocument's, with paths relative to the document. Reading builds the
 // whole layout aside and hands it over only when the document is sound.
+#include <QDir>
+#include <QJsonArray>
 #include <QString>
 #include <QStringList>
 #include <vector>
@@ -35,6 +37,12 @@ public:
     };
 
     static bool Save(HOPageLayoutView& layout, HOFileFunc& file);
+    // Elements as the document lists them; a link to a frame outside `elements` is written as -1.
+    static QJsonArray ElementsToJson(const std::vector<HORefPtr<HOPageLayoutBaseElement>>& elements,
+                                     const QDir& folder);
+    // The elements of such a list, linked among themselves; false with the reason in `error`.
+    static bool ElementsFromJson(const QJsonArray& list, const QDir& folder, Contents* contents,
+                                 QString* error);
     // False with the reason in the file's error for a document that is not a layout, is damaged or
     // is of a newer version.
     static bool Load(HOFileFunc& file, Contents* contents);

@@ -13,20 +13,20 @@ namespace HXObjects {
 namespace {
 
 // Every grid setting, written under its own name.
-#define HO_GRID_FIELDS(X)                                                                                   \
-    X(draw_km_grid)                                                                                         \
-    X(draw_km_grid_ruler)                                                                                   \
-    X(manually_set_km_grid_distanse) X(km_grid_x_start_position) X(km_grid_y_start_position)                \
-        X(km_grid_x_distance) X(km_grid_y_distance) X(calc_km_grid_dis_style) X(km_grid_line_width)         \
-            X(km_grid_color) X(km_grid_ruler_tick_mark_width) X(km_grid_ruler_tick_mark_color)              \
-                X(km_grid_ruler_label_font_height) X(km_grid_ruler_label_font_width)                        \
-                    X(km_grid_ruler_label_font_color) X(draw_bl_grid) X(draw_bl_grid_ruler)                 \
-                        X(manually_set_bl_grid_distanse) X(bl_grid_x_start_position)                        \
-                            X(bl_grid_y_start_position) X(bl_grid_x_distance) X(bl_grid_y_distance)         \
-                                X(bl_grid_line_width) X(bl_grid_color) X(bl_grid_ruler_tick_mark_width)     \
-                                    X(bl_grid_ruler_tick_mark_color) X(bl_grid_ruler_label_font_height)     \
-                                        X(bl_grid_ruler_label_font_width) X(bl_grid_ruler_label_font_color) \
-                                            X(convert_scale) X(ruler_unit_type)
+#define HO_GRID_FIELDS(X)                                                                                 \
+    X(draw_km_grid)                                                                                       \
+    X(draw_km_grid_ruler)                                                                                 \
+    X(manually_set_km_grid_distanse)                                                                      \
+    X(km_grid_x_start_position) X(km_grid_y_start_position) X(km_grid_x_distance) X(km_grid_y_distance)   \
+        X(calc_km_grid_dis_style) X(km_grid_line_width) X(km_grid_color) X(km_grid_ruler_tick_mark_width) \
+            X(km_grid_ruler_tick_mark_color) X(km_grid_ruler_label_font_height)                           \
+                X(km_grid_ruler_label_font_width) X(km_grid_ruler_label_font_color) X(draw_bl_grid)       \
+                    X(draw_bl_grid_ruler) X(manually_set_bl_grid_distanse) X(bl_grid_x_start_position)    \
+                        X(bl_grid_y_start_position) X(bl_grid_x_distance) X(bl_grid_y_distance)           \
+                            X(bl_grid_line_width) X(bl_grid_color) X(bl_grid_ruler_tick_mark_width)       \
+                                X(bl_grid_ruler_tick_mark_color) X(bl_grid_ruler_label_font_height)       \
+                                    X(bl_grid_ruler_label_font_width) X(bl_grid_ruler_label_font_color)   \
+                                        X(convert_scale) X(ruler_unit_type)
 
 QJsonValue toJson(bool v) {
     return v;
