@@ -140,6 +140,35 @@ private slots:
         checkPdf(pdf);
     }
 
+    void rastersAtTheOutputResolutionVectorsAsVectors_data() {
+        QTest::addColumn<int>("dpi");
+        QTest::addColumn<bool>("rasterShown");
+        QTest::newRow("raster at 100 dpi") << 100 << true;
+        QTest::newRow("raster at 300 dpi") << 300 << true;
+        QTest::newRow("vector layers only") << 300 << false;
+    }
+
+    void rastersAtTheOutputResolutionVectorsAsVectors() {
+        QFETCH(int, dpi);
+        QFETCH(bool, rasterShown);
+        HOLayer* elevation = m_view->GetMap()->GetLayers(true).front().get();
+        elevation->SetVisible(rasterShown);
+        const QString pdf = out(QString("images-%1-%2.pdf").arg(dpi).arg(rasterShown));
+        QString error;
+        const bool written = HOPageExporter::ExportPdf(*m_layout, pdf, dpi, kTitle, &error);
+        elevation->SetVisible(true);
+        QVERIFY2(written, qPrintable(error));
+        // pdfimages lists one row per image (and its mask) after two header lines; column 12 is x-ppi.
+        QStringList rows = QString::fromUtf8(poppler("pdfimages", {"-list", pdf}).value_or(QByteArray()))
+                               .split('\n', Qt::SkipEmptyParts)
+                               .mid(2);
+        QCOMPARE(rows.isEmpty(), !rasterShown);
+        for (const QString& row : rows) {
+            const QStringList columns = row.simplified().split(' ');
+            QVERIFY2(columns.size() > 12 && qAbs(columns[12].toInt() - dpi) <= 1, qPrintable(row));
+        }
+    }
+
     void printsToAPdfPrinter() {
         QPrinter printer(QPrinter::HighResolution);
         printer.setOutputFormat(QPrinter::PdfFormat);
