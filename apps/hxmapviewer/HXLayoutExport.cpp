@@ -12,6 +12,7 @@
 #include "HOPageExporter.h"
 #include "HOPageLayoutView.h"
 #include "HXDataSources.h"
+#include "HXLayerStyler.h"
 
 using namespace HXObjects;
 
@@ -47,6 +48,7 @@ int compose(HOPageLayoutView& layout, const HXLayoutExport::Options& o) {
         for (const QString& source : HXDataSources::layerSources(file)) {
             HOString error;
             if (const HORefPtr<HOLayer> layer = OpenLayer(source, &error)) {
+                HXLayerStyler::style(layer);  // the viewer's cartography, as on screen
                 map->AddLayer(layer);
             } else {
                 report(error.toQString());
@@ -54,6 +56,7 @@ int compose(HOPageLayoutView& layout, const HXLayoutExport::Options& o) {
             }
         }
     }
+    HXLayerStyler::styleMap(map);
     HORefPtr<HOMapView> view(new HOMapView("Map"));
     view->SetMap(map);
     HOLayoutComposer::ComposeDefault(layout, view, o.title);
