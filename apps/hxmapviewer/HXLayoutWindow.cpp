@@ -146,30 +146,31 @@ void HXLayoutWindow::newLayout() {
 
 bool HXLayoutWindow::openLayout(const QString& path) {
     HOFileFunc file(path);
-    if (!mCanvas->GetPageLayoutView()->open(&file, 0)) {
-        mErrors << file.LastError();
-        report(file.LastError());
-        return false;
-    }
+    if (!mCanvas->GetPageLayoutView()->open(&file, 0)) return refuse(file.LastError());
     mErrors << file.Warnings();
+    setDocument(path);
     if (!file.Warnings().isEmpty()) report(tr("Missing data: %1").arg(file.Warnings().join("; ")));
-    mPath = path;
-    setWindowTitle(QFileInfo(path).fileName());
     mCanvas->refresh();
     return true;
 }
 
 bool HXLayoutWindow::saveLayout(const QString& path) {
     HOFileFunc file(path);
-    if (!mCanvas->GetPageLayoutView()->save(&file, 0)) {
-        mErrors << file.LastError();
-        report(file.LastError());
-        return false;
-    }
-    mPath = path;
-    setWindowTitle(QFileInfo(path).fileName());
+    if (!mCanvas->GetPageLayoutView()->save(&file, 0)) return refuse(file.LastError());
+    setDocument(path);
     report(tr("Saved %1").arg(path));
     return true;
+}
+
+bool HXLayoutWindow::refuse(const QString& error) {
+    mErrors << error;
+    report(error);
+    return false;
+}
+
+void HXLayoutWindow::setDocument(const QString& path) {
+    mPath = path;
+    setWindowTitle(QFileInfo(path).fileName());
 }
 
 void HXLayoutWindow::openWithPrompt() {
@@ -229,20 +230,21 @@ bool HXLayoutWindow::startExport(const QString& path, int dpi) {
 }
 
 void HXLayoutWindow::exportPdf() {
-    const QString path = QFileDialog::getSaveFileName(this, tr("Export PDF"), QString(), tr("PDF (*.pdf)"));
-    bool ok = false;
-    const int dpi = QInputDialog::getInt(this, tr("Export PDF"), tr("Resolution of rasters (dpi):"),
-                                         kDefaultDpi, 1, HOPageExporter::kMaxDpi, 50, &ok);
-    if (!path.isEmpty() && ok) startExport(path, dpi);
+    exportWithPrompt(tr("Export PDF"), tr("PDF (*.pdf)"), tr("Resolution of rasters (dpi):"));
 }
 
 void HXLayoutWindow::exportImage() {
-    const QString path = QFileDialog::getSaveFileName(this, tr("Export image"), QString(),
-                                                      tr("Images (*.png *.tif *.tiff *.jpg)"));
+    exportWithPrompt(tr("Export image"), tr("Images (*.png *.tif *.tiff *.jpg)"), tr("Resolution (dpi):"));
+}
+
+void HXLayoutWindow::exportWithPrompt(const QString& title, const QString& filter,
+                                      const QString& resolution) {
+    const QString path = QFileDialog::getSaveFileName(this, title, QString(), filter);
+    if (path.isEmpty()) return;
     bool ok = false;
-    const int dpi = QInputDialog::getInt(this, tr("Export image"), tr("Resolution (dpi):"), kDefaultDpi, 1,
-                                         HOPageExporter::kMaxDpi, 50, &ok);
-    if (!path.isEmpty() && ok) startExport(path, dpi);
+    const int dpi =
+        QInputDialog::getInt(this, title, resolution, kDefaultDpi, 1, HOPageExporter::kMaxDpi, 50, &ok);
+    if (ok) startExport(path, dpi);
 }
 
 void HXLayoutWindow::print() {

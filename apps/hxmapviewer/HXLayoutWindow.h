@@ -60,6 +60,10 @@ private:
     void buildToolBar();
     void setPaper(const QString& paper, bool landscape);
     void report(const QString& message);
+    // Records and shows the error; false.
+    bool refuse(const QString& error);
+    void setDocument(const QString& path);
+    void exportWithPrompt(const QString& title, const QString& filter, const QString& resolution);
     // Runs the output on a worker; the page is locked until it ends.
     void runOutput(const QString& done, std::function<bool(QString*)> output);
 

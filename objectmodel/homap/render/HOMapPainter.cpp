@@ -15,10 +15,7 @@ HORenderContext contextFor(QPainter& painter, const HODisplayTransform& transfor
                            const HOCoordinateSystem* system, const HOTrackCancel* cancel, double dpi) {
     HORenderContext context;
     context.painter = &painter;
-    context.transform = transform;
-    context.size = size;
-    const HOPoint bottomRight = transform.ToMap(size.width, size.height);
-    context.extent = HORect(transform.extentLeft, bottomRight.x, bottomRight.y, transform.extentTop);
+    context.SetArea(transform, size);
     context.mapSystem = system;
     context.cancel = cancel;
     context.dpi = dpi;

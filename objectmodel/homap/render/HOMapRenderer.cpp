@@ -196,11 +196,7 @@ bool HOMapRenderer::renderLayer(HOLayer& layer, const HORenderRequest& request,
         painter.setRenderHint(QPainter::Antialiasing, true);
         HORenderContext context;
         context.painter = &painter;
-        context.transform = request.transform;
-        context.size = request.size;
-        const HOPoint bottomRight = request.transform.ToMap(request.size.width, request.size.height);
-        context.extent =
-            HORect(request.transform.extentLeft, bottomRight.x, bottomRight.y, request.transform.extentTop);
+        context.SetArea(request.transform, request.size);
         context.mapSystem = system;
         context.cancel = m_cancel;
         context.dpi = request.dpi;
