@@ -13,6 +13,7 @@
 #include "HOMapView.h"
 #include "HONorthArrowElement.h"
 #include "HOPageLayoutView.h"
+#include "HOPictureElement.h"
 #include "HOScaleBarElement.h"
 #include "HOTextElement.h"
 
@@ -30,7 +31,8 @@ const std::map<HOMapElementType, QString>& typeNames() {
     static const std::map<HOMapElementType, QString> names{
         {HOElementDataFrame, "dataframe"}, {HOElementText, "text"},
         {HOElementGraphic, "graphic"},     {HOElementLegend, "legend"},
-        {HOElementScaleBar, "scalebar"},   {HOElementNorthArrow, "northarrow"}};
+        {HOElementScaleBar, "scalebar"},   {HOElementNorthArrow, "northarrow"},
+        {HOElementPicture, "picture"}};
     return names;
 }
 
@@ -40,6 +42,7 @@ HORefPtr<HOPageLayoutBaseElement> newElement(const QString& type) {
     if (type == "legend") return new HOLegendElement;
     if (type == "scalebar") return new HOScaleBarElement;
     if (type == "northarrow") return new HONorthArrowElement;
+    if (type == "picture") return new HOPictureElement;
     return {};
 }
 
@@ -82,6 +85,8 @@ QJsonObject elementToJson(HOPageLayoutBaseElement& element,
     }
     if (auto* surround = dynamic_cast<HOMapSurroundElement*>(&element))
         json["frame"] = indexOf(all, surround->get_frame());
+    if (auto* picture = dynamic_cast<HOPictureElement*>(&element))
+        json["path"] = folder.relativeFilePath(picture->get_path());
     return json;
 }
 
@@ -110,6 +115,10 @@ HORefPtr<HOPageLayoutBaseElement> elementFromJson(const QJsonObject& json, const
     if (!element) {
         *error = tr("unknown element type '%1'").arg(type);
         return {};
+    }
+    if (auto* picture = dynamic_cast<HOPictureElement*>(element.get())) {
+        const QString path = QDir::cleanPath(folder.absoluteFilePath(json["path"].toString()));
+        if (!picture->set_path(path)) contents->missing << tr("cannot read the image '%1'").arg(path);
     }
     element->set_bounds({b[0].toDouble(), b[1].toDouble(), b[2].toDouble(), b[3].toDouble()});
     element->set_properties(json["properties"].toObject());

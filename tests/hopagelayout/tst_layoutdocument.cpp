@@ -12,6 +12,7 @@
 #include "HOMapRulerAndGrid.h"
 #include "HOMapView.h"
 #include "HOPageLayoutView.h"
+#include "HOPictureElement.h"
 #include "HOScaleBarElement.h"
 #include "HOTestPrinters.h"
 #include "HOTextElement.h"
@@ -56,6 +57,8 @@ QStringList describe(HOPageLayoutView& layout) {
                 .arg(b.miny)
                 .arg(b.maxy)
                 .arg(QString::fromUtf8(QJsonDocument(e->properties()).toJson(QJsonDocument::Compact)));
+        if (auto* picture = dynamic_cast<HOPictureElement*>(e.get()))
+            line += " picture " + QFileInfo(picture->get_path()).fileName();
         if (auto* s = dynamic_cast<HOMapSurroundElement*>(e.get()))
             line += QString(" frame %1").arg(s->get_frame() == layout.get_operating_data_frame().get());
         if (auto* f = dynamic_cast<HODataFrame*>(e.get())) {
@@ -120,6 +123,13 @@ private:
         line->set_stroke(Qt::red, 0.5);
         line->set_bounds({20, 60, 30, 35});
         layout->get_graphicscontainer()->AddElement(line);
+        QImage logo(8, 8, QImage::Format_RGB32);
+        logo.fill(Qt::blue);
+        logo.save(path("logo.png"));
+        HORefPtr<HOPictureElement> picture(new HOPictureElement);
+        picture->set_path(path("logo.png"));
+        picture->set_bounds({200, 230, 20, 40});
+        layout->get_graphicscontainer()->AddElement(picture);
         return layout;
     }
 
@@ -200,6 +210,7 @@ private slots:
         QTest::addColumn<int>("layersLeft");
         QTest::newRow("one moved") << QStringList{"b.geojson"} << 1;
         QTest::newRow("all moved") << QStringList{"a.geojson", "b.geojson"} << 0;
+        QTest::newRow("picture moved") << QStringList{"logo.png"} << 2;
     }
 
     void missingSourcesAreReportedAndTheRestKept() {
@@ -220,7 +231,7 @@ private slots:
             QVERIFY2(in.Warnings()[i].contains(removed[i]), qPrintable(in.Warnings()[i]));
         auto* frame = static_cast<HODataFrame*>(reopened->get_operating_data_frame().get());
         QCOMPARE(frame->get_map_view()->GetMap()->GetLayerCount(), layersLeft);
-        QCOMPARE(frame->get_note().contains(removed.last()), true);
+        QCOMPARE(frame->get_note().contains(removed.last()), removed.last().endsWith(".geojson"));
         QCOMPARE(reopened->get_graphicscontainer()->GetElements().size(),
                  layout->get_graphicscontainer()->GetElements().size());
     }
