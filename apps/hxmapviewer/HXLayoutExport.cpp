@@ -84,6 +84,7 @@ int HXLayoutExport::Run(const Options& o) {
     HORefPtr<HOPageLayoutView> layout(new HOPageLayoutView);
     layout->SetSize(kLayoutPixels, kLayoutPixels);
     const int opened = o.layout.isEmpty() ? compose(*layout, o) : openDocument(*layout, o.layout);
+    layout->PauseRender();  // nothing is shown: the frames' maps need not render for a screen
     int result = opened == 1 ? 1 : 0;
     if (result == 0) {
         const bool pdf = QFileInfo(o.out).suffix().compare("pdf", Qt::CaseInsensitive) == 0;

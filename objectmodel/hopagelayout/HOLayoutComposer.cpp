@@ -21,6 +21,7 @@ constexpr double kArrowW = 15.0, kArrowH = 22.0, kBarH = 14.0;
 }  // namespace
 
 void HOLayoutComposer::ComposeDefault(HOPageLayoutView& layout, HOMapView* view, const QString& title) {
+    layout.ActivateDataFrame(nullptr);
     HOGraphicsContainer& container = *layout.get_graphicscontainer();
     for (const auto& element : container.GetElements()) {
         if (element != layout.get_operating_data_frame()) container.RemoveElement(element);

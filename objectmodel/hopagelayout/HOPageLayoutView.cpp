@@ -461,6 +461,7 @@ HOGraphicsContainer* HOPageLayoutView::get_graphicscontainer() const {
 bool HOPageLayoutView::open(HOFileFunc* file, double) {
     HOLayoutDocument::Contents contents;
     if (!file || !HOLayoutDocument::Load(*file, &contents)) return false;
+    ActivateDataFrame(nullptr);
     std::vector<HORefPtr<HOMapView>> forwarded;
     {
         std::lock_guard<std::mutex> lock(Mutex());
