@@ -15,6 +15,7 @@ HOFeaturePainter::HOFeaturePainter(QPainter& painter, const HOFeatureStore& stor
       m_topology(store.Topology()),
       m_path(transform),
       m_blitter(painter),
+      m_markerPaths(painter),
       m_rasterizer(HODirectTarget::Of(painter), painter.testRenderHint(QPainter::Antialiasing)),
       m_antialias(painter.testRenderHint(QPainter::Antialiasing)),
       m_vector(painter.paintEngine() && painter.paintEngine()->type() != QPaintEngine::Raster) {}
@@ -22,7 +23,10 @@ HOFeaturePainter::HOFeaturePainter(QPainter& painter, const HOFeatureStore& stor
 void HOFeaturePainter::Draw(uint32_t feature, const HOStyle& style, bool bulkStyle) {
     const HOFeatureKind kind = m_topology.Kind(feature);
     // Whatever is queued was drawn before this feature.
-    if (kind != HOFeatureKind::Point) m_blitter.Flush();
+    if (kind != HOFeatureKind::Point) {
+        m_blitter.Flush();
+        m_markerPaths.Flush();
+    }
     if (kind != HOFeatureKind::Line) m_rasterizer.Flush();
     switch (kind) {
         case HOFeatureKind::Polygon:
@@ -47,6 +51,8 @@ void HOFeaturePainter::useStyle(const HOStyle& style) {
     m_pen = HOStylePainter::Pen(style);
     m_brush = HOStylePainter::Brush(style);
     m_mode = Mode::Unset;
+    // A hairline (width 0) on paper would be the printer's thinnest line: draw one screen pixel wide.
+    if (m_vector && m_pen.style() != Qt::NoPen && m_pen.widthF() == 0.0) m_pen.setWidthF(1.0);
     m_rasterizeLines = HODirectTarget::Of(m_painter).IsValid() && HOLineRasterizer::Handles(m_pen);
     if (m_rasterizeLines) m_rasterizer.SetColor(m_pen.color());
 }
@@ -155,7 +161,7 @@ void HOFeaturePainter::drawPoints(uint32_t feature, const HOStyle& style, bool b
     const uint32_t first = m_topology.VertexBegin(m_topology.PartBegin(feature));
     const uint32_t end = m_topology.VertexBegin(m_topology.PartEnd(feature));
     if (m_vector) {  // shapes, not stamped pictures
-        for (uint32_t v = first; v < end; ++v) HOStylePainter::DrawMarker(m_painter, style, m_path.ToDevice(*vertex(v)));
+        for (uint32_t v = first; v < end; ++v) m_markerPaths.Add(style, m_path.ToDevice(*vertex(v)));
         return;
     }
     if (&style != m_currentMarker) {

@@ -11,6 +11,7 @@
 #include "source/private/HOFeatureStore.h"
 #include "render/private/HOLineRasterizer.h"
 #include "render/private/HOMarkerBlitter.h"
+#include "render/private/HOMarkerPathBatch.h"
 #include "render/private/HOPixelPath.h"
 #include "HOStyle.h"
 
@@ -43,6 +44,7 @@ private:
     std::map<const HOStyle*, QImage> m_markers;  // before the blitter, which stamps them until it goes
     HOPixelPath m_path;
     HOMarkerBlitter m_blitter;
+    HOMarkerPathBatch m_markerPaths;  // draws what it gathered when it goes, before the painter state below
     HOLineRasterizer m_rasterizer;  // after the path: flushes what it queued when it goes
     bool m_rasterizeLines = false;  // the current pen is drawn by m_rasterizer
     const HOStyle* m_current = nullptr;
