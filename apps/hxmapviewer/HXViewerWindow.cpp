@@ -15,6 +15,7 @@
 #include "HXIdentifyPanel.h"
 #include "HXLayerPanel.h"
 #include "HXLayerStyler.h"
+#include "HXLayoutWindow.h"
 #include "HXMapCanvas.h"
 #include "HXMapWidget.h"
 #include "HXMessageBar.h"
@@ -140,6 +141,8 @@ void HXViewerWindow::buildMenus() {
     file->addAction(tr("&Open…"), this, &HXViewerWindow::openWithPrompt, QKeySequence::Open);
     mRecentMenu = file->addMenu(tr("Open &recent"));
     rebuildRecentMenu();
+    file->addSeparator();
+    HXLayoutWindow::addFileMenuEntries(file, this, [this] { return mCanvas->GetMapView()->GetMap(); });
     file->addSeparator();
     file->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
 

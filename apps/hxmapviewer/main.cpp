@@ -1,12 +1,16 @@
 // hxmapviewer: a small desktop map viewer built on HXMapCanvas.
 //   hxmapviewer [--size WxH] [--crs DEFINITION] [FILE...]
 //   hxmapviewer --screenshot out.png [--size 1280x800] [--crs EPSG:4490] [--grid] [FILE...]
+//   hxmapviewer --export-layout OUT.pdf|OUT.png [--paper A4] [--landscape] [--dpi N] [--title TEXT]
+//               [--layout DOC] [FILE...]
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QRegularExpression>
 #include <cstdio>
 #include <cstring>
 
+#include "HXLayoutExport.h"
+#include "HXLayoutWindow.h"
 #include "HXViewerWindow.h"
 
 namespace {
@@ -16,9 +20,10 @@ namespace {
 constexpr int kMinSide = 16;
 constexpr int kMaxSide = 16384;
 
-bool wantsScreenshot(int argc, char** argv) {
+bool isHeadless(int argc, char** argv) {
     for (int i = 1; i < argc; ++i) {
-        if (std::strcmp(argv[i], "--screenshot") == 0) return true;
+        if (std::strcmp(argv[i], "--screenshot") == 0 || std::strcmp(argv[i], "--export-layout") == 0)
+            return true;
     }
     return false;
 }
@@ -57,7 +62,7 @@ int takeScreenshot(HXViewerWindow& window, const QString& out, const QStringList
 
 int main(int argc, char** argv) {
     // A screenshot needs no display.
-    if (wantsScreenshot(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+    if (isHeadless(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     QApplication app(argc, argv);
@@ -80,8 +85,28 @@ int main(int argc, char** argv) {
                            "or projected.",
                            "definition");
     QCommandLineOption grid("grid", "Show the map's grid and rulers (View > Grid).");
-    parser.addOptions({screenshot, size, crs, grid});
+    QCommandLineOption exportLayout("export-layout", "Compose a page of the files, write it and exit.",
+                                    "out.pdf");
+    QCommandLineOption layoutDoc("layout", "A layout document: opened in the viewer, or exported.", "doc");
+    QCommandLineOption paper("paper", "Paper for --export-layout (A0-A5, Letter, Legal).", "name", "A4");
+    QCommandLineOption landscape("landscape", "Landscape paper for --export-layout.");
+    QCommandLineOption dpi("dpi", "Resolution for --export-layout.", "N", "300");
+    QCommandLineOption title("title", "Title for --export-layout.", "text");
+    parser.addOptions({screenshot, size, crs, grid, exportLayout, layoutDoc, paper, landscape, dpi, title});
     parser.process(app);
+
+    if (parser.isSet(exportLayout)) {
+        HXLayoutExport::Options options;
+        options.out = parser.value(exportLayout);
+        options.layout = parser.value(layoutDoc);
+        options.paper = parser.value(paper);
+        options.landscape = parser.isSet(landscape);
+        options.dpi = parser.value(dpi).toInt();
+        options.title = parser.value(title);
+        options.crs = parser.value(crs);
+        options.files = parser.positionalArguments();
+        return HXLayoutExport::Run(options);
+    }
 
     const QSize wanted = parseSize(parser.value(size));
     if (!wanted.isValid()) {
@@ -99,6 +124,20 @@ int main(int argc, char** argv) {
     if (parser.isSet(screenshot) || parser.isSet(size)) window.resize(wanted);
     if (parser.isSet(screenshot))
         return takeScreenshot(window, parser.value(screenshot), parser.positionalArguments());
-    window.showAndOpen(parser.positionalArguments());
+    // Layout documents open in a layout window; everything else on the map.
+    QStringList files = parser.positionalArguments(), layouts;
+    if (parser.isSet(layoutDoc)) layouts << parser.value(layoutDoc);
+    for (const QString& file : parser.positionalArguments()) {
+        if (!file.endsWith(".hxlayout", Qt::CaseInsensitive)) continue;
+        layouts << file;
+        files.removeOne(file);
+    }
+    window.showAndOpen(files);
+    for (const QString& path : layouts) {
+        auto* layout = new HXLayoutWindow(&window);
+        layout->setWindowFlag(Qt::Window);
+        layout->show();
+        layout->openLayout(path);
+    }
     return app.exec();
 }

@@ -141,10 +141,7 @@ void HOMapView::Private::compose(HOGraphics& surface) {
 
     HORenderContext context;
     context.painter = &painter;
-    context.transform = shown;
-    context.size = size;
-    const HOPoint bottomRight = shown.ToMap(size.width, size.height);
-    context.extent = HORect(shown.extentLeft, bottomRight.x, bottomRight.y, shown.extentTop);
+    context.SetArea(shown, size);
     shownMap->GetGraphicsLayer()->Render(context);
 
     if (flash && flash->IsShownAt(HOTwinkle::Clock::now())) {

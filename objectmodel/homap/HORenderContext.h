@@ -23,6 +23,13 @@ struct HORenderContext {
     double dpi = 96.0;
 
     bool IsCancelled() const { return cancel && cancel->IsCancelled(); }
+    // Draws `size` pixels under the transform: sets both and the visible extent they make.
+    void SetArea(const HODisplayTransform& pixels, const HOSize& area) {
+        transform = pixels;
+        size = area;
+        const HOPoint bottomRight = pixels.ToMap(area.width, area.height);
+        extent = HORect(pixels.extentLeft, bottomRight.x, bottomRight.y, pixels.extentTop);
+    }
 };
 
 }  // namespace HXObjects

@@ -126,13 +126,21 @@ QBrush HOStylePainter::Brush(const HOStyle& style) {
 void HOStylePainter::DrawMarker(QPainter& painter, const HOStyle& style, const QPointF& centre) {
     painter.save();
     painter.translate(centre);
+    DrawMarkerPath(painter, style, MarkerPath(style));
+    painter.restore();
+}
+
+QPainterPath HOStylePainter::MarkerPath(const HOStyle& style) {
+    return markerPath(style.GetMarkerShape(), style.GetSize());
+}
+
+void HOStylePainter::DrawMarkerPath(QPainter& painter, const HOStyle& style, const QPainterPath& path) {
     const bool cross = style.GetMarkerShape() == HOStyle::Cross;
     QPen pen =
         cross ? QPen(styleColor(style, style.GetColor()), std::max(1.0, style.GetWidth())) : Pen(style);
     painter.setPen(pen);
     painter.setBrush(cross ? QBrush(Qt::NoBrush) : Brush(style));
-    painter.drawPath(markerPath(style.GetMarkerShape(), style.GetSize()));
-    painter.restore();
+    painter.drawPath(path);
 }
 
 QImage HOStylePainter::MarkerImage(const HOStyle& style) {

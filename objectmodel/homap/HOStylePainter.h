@@ -8,6 +8,7 @@
 #include "HOStyle.h"
 
 class QPainter;
+class QPainterPath;
 class QPointF;
 class QRectF;
 
@@ -23,6 +24,10 @@ public:
     static QBrush Brush(const HOStyle& style);
     // Draws a marker centred on the point with the current painter state replaced by the style's.
     static void DrawMarker(QPainter& painter, const HOStyle& style, const QPointF& centre);
+    // The marker's outline centred on (0, 0).
+    static QPainterPath MarkerPath(const HOStyle& style);
+    // Draws marker outlines (one or many, already placed) with the style's pen and brush, leaving them set.
+    static void DrawMarkerPath(QPainter& painter, const HOStyle& style, const QPainterPath& path);
     // A premultiplied image of the marker, its centre at the image's centre.
     static QImage MarkerImage(const HOStyle& style);
     // A sample of the style fitted into the rectangle: a marker, a zigzag line or a filled square.

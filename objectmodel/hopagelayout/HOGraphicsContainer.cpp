@@ -59,6 +59,21 @@ void HOGraphicsContainer::SelectElement(HOPageLayoutBaseElement* element, bool s
         m_selected.erase(it);
 }
 
+void HOGraphicsContainer::SelectAll() {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_selected.clear();
+    for (const auto& element : m_elements) m_selected.push_back(element.get());
+}
+
+void HOGraphicsContainer::MoveElement(HOPageLayoutBaseElement* element, int index) {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    const auto it = std::find(m_elements.begin(), m_elements.end(), element);
+    if (it == m_elements.end()) return;
+    HORefPtr<HOPageLayoutBaseElement> moved = *it;
+    m_elements.erase(it);
+    m_elements.insert(m_elements.begin() + std::clamp(index, 0, int(m_elements.size())), moved);
+}
+
 void HOGraphicsContainer::ClearSelection() {
     std::lock_guard<std::mutex> lock(m_mutex);
     m_selected.clear();

@@ -1,11 +1,11 @@
 #pragma once
 // HOGraphicsContainer: the elements of a page in drawing order, with their selection.
+#include <mutex>
+#include <vector>
+
 #include "HOPageLayoutBaseElement.h"
 #include "HOPoint.h"
 #include "HORefPtr.h"
-
-#include <mutex>
-#include <vector>
 
 namespace HXObjects {
 
@@ -15,11 +15,15 @@ public:
     void RemoveElement(HOPageLayoutBaseElement* element);
     std::vector<HORefPtr<HOPageLayoutBaseElement>> GetElements() const;
     // Elements whose area contains the point (page units) grown by the tolerance, in drawing order.
-    std::vector<HORefPtr<HOPageLayoutBaseElement>> LocateElements(const HOPoint& point, const double& tolerance) const;
+    std::vector<HORefPtr<HOPageLayoutBaseElement>> LocateElements(const HOPoint& point,
+                                                                  const double& tolerance) const;
     // The selected elements (the argument is kept for callers that pass it; it has no effect).
     std::vector<HORefPtr<HOPageLayoutBaseElement>> GetSelectedElements(bool all) const;
     void SelectElement(HOPageLayoutBaseElement* element, bool selected);
+    void SelectAll();
     void ClearSelection();
+    // Drawing order: the element goes to the index (clamped; the last is drawn on top).
+    void MoveElement(HOPageLayoutBaseElement* element, int index);
 
 private:
     mutable std::mutex m_mutex;

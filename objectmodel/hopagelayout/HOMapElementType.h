@@ -9,6 +9,7 @@ enum HOMapElementType {
     HOElementLegend = 3,
     HOElementScaleBar = 4,
     HOElementNorthArrow = 5,
+    HOElementPicture = 6,
 };
 
 }  // namespace HXObjects

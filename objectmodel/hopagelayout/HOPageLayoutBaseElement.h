@@ -2,16 +2,19 @@
 // HOPageLayoutBaseElement: an element placed on a page, positioned by its offset (page units, the
 // bottom-left corner) and its size. Page coordinates grow rightwards and upwards from the page's
 // bottom-left corner, like map coordinates, so the display transform that maps pixels to map units
-// maps pixels to page units too.
+// maps pixels to page units too. Each kind draws itself and keeps its own settings in a JSON object
+// (its place and size are kept by the document).
+#include <QJsonObject>
+
 #include "HOMapElementType.h"
+#include "HOPageRenderContext.h"
 #include "HORect.h"
 #include "HORefBase.h"
+#include "HORefPtr.h"
 
 class QPainter;
 
 namespace HXObjects {
-
-struct HODisplayTransform;
 
 class HOPageLayoutBaseElement : public HORefBase {
 public:
@@ -23,13 +26,30 @@ public:
 
     double get_width() const { return m_width; }
     double get_height() const { return m_height; }
-    void set_size(double width, double height) { m_width = width; m_height = height; }
+    void set_size(double width, double height) {
+        m_width = width;
+        m_height = height;
+    }
     // The element's area on the page (page units, y growing upwards).
     HORect get_bounds() const { return {m_offX, m_offX + m_width, m_offY, m_offY + m_height}; }
-    // Draws the element; `pageToPixels` maps page units to surface pixels.
-    virtual void draw(QPainter& painter, const HODisplayTransform& pageToPixels) = 0;
+    void set_bounds(const HORect& b) {
+        set_off_x(b.minx);
+        set_off_y(b.miny);
+        set_size(b.Width(), b.Height());
+    }
+    virtual void draw(QPainter& painter, const HOPageRenderContext& context) = 0;
+
+    // The element's own settings; reading ignores what it does not know and keeps its defaults.
+    virtual QJsonObject properties() const { return {}; }
+    virtual void set_properties(const QJsonObject&) {}
+    // A copy with the same settings and bounds (a data frame's copy shares its map); null for an
+    // element that cannot be copied.
+    virtual HORefPtr<HOPageLayoutBaseElement> clone() const;
 
 protected:
+    // A new element of the same kind with its defaults (and the same links to other elements).
+    virtual HORefPtr<HOPageLayoutBaseElement> create() const { return {}; }
+
     explicit HOPageLayoutBaseElement(HOMapElementType type) : m_type(type) {}
     ~HOPageLayoutBaseElement() override = default;
 

@@ -1,5 +1,6 @@
 #include "HOPageLayoutView.h"
 
+#include <QCoreApplication>
 #include <QPainter>
 #include <QThread>
 #include <algorithm>
@@ -7,26 +8,31 @@
 
 #include "HOCallbackKey.h"
 #include "HODataFrame.h"
+#include "HOFileFunc.h"
 #include "HOGraphics.h"
+#include "HOLayoutDocument.h"
 #include "HOMapView.h"
+#include "HOPageElementDrag.h"
+#include "HOPageSelectionMarks.h"
+#include "HOTool.h"
 #include "HOViewport.h"
 
 namespace HXObjects {
 
 namespace {
-// A4 landscape in millimetres. Page coordinates grow rightwards and upwards from the page's
-// bottom-left corner, as map coordinates do, so one display transform serves pages and maps.
-const HORect kPage(0.0, 297.0, 0.0, 210.0);
-constexpr double kMargin = 10.0;
+// Page coordinates are millimetres growing rightwards and upwards from the page's bottom-left corner,
+// as map coordinates do, so one display transform serves pages and maps.
+constexpr double kMmPerInch = 25.4;
 constexpr double kDeskAround = 0.05;  // of the page's size, shown around it when the whole page fits
 constexpr double kMetresPerPageUnit = 0.001;
 constexpr int kShadow = 4;
 const QColor kDesk(160, 160, 160);
 const QColor kShadowColor(90, 90, 90);
 
-HORect pageWithDesk() {
-    const double dx = kPage.Width() * kDeskAround, dy = kPage.Height() * kDeskAround;
-    return {kPage.minx - dx, kPage.maxx + dx, kPage.miny - dy, kPage.maxy + dy};
+HORect pageWithDesk(const HOPageSetup& setup) {
+    const HORect page = setup.PageRect();
+    const double dx = page.Width() * kDeskAround, dy = page.Height() * kDeskAround;
+    return {page.minx - dx, page.maxx + dx, page.miny - dy, page.maxy + dy};
 }
 }  // namespace
 
@@ -39,13 +45,25 @@ public:
     void forwardRedraws(HOMapView* view);
     void stopForwarding(HOMapView* view);
     void onMapRedraw(void* sender, HOEvent* event);
-    void drawPage(QPainter& painter);
+    void drawDesk(QPainter& painter, const HOPageRenderContext& context, const HOSize& size);
+    void drawElements(QPainter& painter, const HOPageRenderContext& context);
+    HOPageRenderContext screenContext() const;
+    // The active frame's map view and the pixel in it, when the pixel is inside the active frame.
+    HOMapView* activeViewAt(int x, int y, QPoint* local) const;
+    // What the left button does on the page with the current tool.
+    enum class LeftButton { PanPage, ZoomIn, ZoomOut, EditElements };
+    LeftButton leftButton() const;
+
+    HOPageElementDrag drag;        // GUI thread only
+    bool panningWithTool = false;  // the pan tool's left drag is moving the page
 
     HOPageLayoutView* q;
     HOGraphicsContainer container;
 
     // Guarded by the view's lock.
     HORefPtr<HOPageLayoutBaseElement> operating;
+    HORefPtr<HODataFrame> active;
+    HOPageSetup setup;
     HOPoint panCentre;                           // where the page was when the middle-button drag started
     std::vector<HORefPtr<HOMapView>> forwarded;  // map views whose redraws become the page's
 
@@ -115,39 +133,62 @@ void HOPageLayoutView::Private::onMapRedraw(void*, HOEvent*) {
         Qt::QueuedConnection);
 }
 
-void HOPageLayoutView::Private::drawPage(QPainter& painter) {
-    HODisplayTransform transform;
-    HOSize size;
+void HOPageLayoutView::Private::drawDesk(QPainter& painter, const HOPageRenderContext& context,
+                                         const HOSize& size) {
+    HORect page;
     {
         std::lock_guard<std::mutex> lock(q->Mutex());
-        const HOViewport& viewport = q->LockedViewport();
-        if (!viewport.IsDrawable()) return;
-        transform = viewport.Transform();
-        size = viewport.Size();
+        page = setup.PageRect();
     }
     painter.fillRect(QRect(0, 0, size.width, size.height), kDesk);
-    const HOPoint topLeft = transform.ToDevice({kPage.minx, kPage.maxy});
-    const HOPoint bottomRight = transform.ToDevice({kPage.maxx, kPage.miny});
-    const QRectF page(QPointF(topLeft.x, topLeft.y), QPointF(bottomRight.x, bottomRight.y));
-    painter.fillRect(page.translated(kShadow, kShadow), kShadowColor);
-    painter.fillRect(page, Qt::white);
+    const QRectF sheet = context.ToDevice(page);
+    painter.fillRect(sheet.translated(kShadow, kShadow), kShadowColor);
+    painter.fillRect(sheet, Qt::white);
+}
 
-    const auto selected = container.GetSelectedElements(true);
+void HOPageLayoutView::Private::drawElements(QPainter& painter, const HOPageRenderContext& context) {
+    const auto selected = context.output ? decltype(container.GetSelectedElements(true))()
+                                         : container.GetSelectedElements(true);
+    HORefPtr<HODataFrame> activeFrame;
+    if (!context.output) {
+        std::lock_guard<std::mutex> lock(q->Mutex());
+        activeFrame = active;
+    }
     for (const auto& element : container.GetElements()) {
-        element->draw(painter, transform);
+        element->draw(painter, context);
+        if (element == activeFrame)
+            HOPageSelectionMarks::DrawActive(painter, context.ToDevice(element->get_bounds()));
         if (std::find(selected.begin(), selected.end(), element) == selected.end()) continue;
-        const HORect b = element->get_bounds();
-        const HOPoint a = transform.ToDevice({b.minx, b.maxy});
-        const HOPoint c = transform.ToDevice({b.maxx, b.miny});
-        painter.save();
-        painter.setPen(QPen(QColor(0, 120, 215), 1.0, Qt::DashLine));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(QRectF(QPointF(a.x, a.y), QPointF(c.x, c.y)));
-        painter.restore();
+        HOPageSelectionMarks::Draw(painter, context.ToDevice(element->get_bounds()));
     }
 }
 
-HOPageLayoutView::HOPageLayoutView() : HOViewportView(pageWithDesk()), d(std::make_unique<Private>(this)) {}
+HOPageRenderContext HOPageLayoutView::Private::screenContext() const {
+    HOPageRenderContext context;
+    context.transform = q->GetDisplayTransform();
+    return context;
+}
+
+HOMapView* HOPageLayoutView::Private::activeViewAt(int x, int y, QPoint* local) const {
+    HORefPtr<HODataFrame> frame = q->get_active_data_frame();
+    if (!frame) return nullptr;
+    const QRectF rect = screenContext().ToDevice(frame->get_bounds());
+    if (!rect.contains(QPointF(x, y))) return nullptr;
+    *local = QPoint(x - qRound(rect.left()), y - qRound(rect.top()));
+    return frame->get_map_view();
+}
+
+HOPageLayoutView::Private::LeftButton HOPageLayoutView::Private::leftButton() const {
+    HOTool* tool = q->GetCurrentTool();
+    const HOString name = tool ? tool->GetClassName() : HOString();
+    if (name == "HXObjects::HOToolPan") return LeftButton::PanPage;
+    if (name == "HXObjects::HOToolZoomIn") return LeftButton::ZoomIn;
+    if (name == "HXObjects::HOToolZoomOut") return LeftButton::ZoomOut;
+    return LeftButton::EditElements;
+}
+
+HOPageLayoutView::HOPageLayoutView()
+    : HOViewportView(pageWithDesk(HOPageSetup())), d(std::make_unique<Private>(this)) {}
 
 HOPageLayoutView::~HOPageLayoutView() {
     std::vector<HORefPtr<HOMapView>> forwarded;
@@ -158,11 +199,173 @@ HOPageLayoutView::~HOPageLayoutView() {
     for (const auto& view : forwarded) d->stopForwarding(view);
 }
 
+namespace {
+constexpr int kLeft = 1, kPan = 3;
+constexpr double kToolZoomStep = 2.0;
+}  // namespace
+
+void HOPageLayoutView::MouseDown(int button, int x, int y) {
+    QPoint local;
+    if (HOMapView* view = d->activeViewAt(x, y, &local)) {
+        view->MouseDown(button, local.x(), local.y());
+        return;
+    }
+    if (button == kLeft && get_active_data_frame()) ActivateDataFrame(nullptr);  // pressed outside it
+    if (button != kLeft) {
+        HOViewportView::MouseDown(button, x, y);
+        return;
+    }
+    const HOPoint at = GetDisplayTransform().ToMap(x, y);
+    switch (d->leftButton()) {
+        case Private::LeftButton::PanPage:
+            d->panningWithTool = true;
+            HOViewportView::MouseDown(kPan, x, y);
+            break;
+        case Private::LeftButton::ZoomIn:
+            ZoomByFactor(1.0 / kToolZoomStep, &at);
+            break;
+        case Private::LeftButton::ZoomOut:
+            ZoomByFactor(kToolZoomStep, &at);
+            break;
+        case Private::LeftButton::EditElements:
+            d->drag.Begin(d->container, d->screenContext(), QPointF(x, y));
+            FireRedraw();
+            break;
+    }
+}
+
+void HOPageLayoutView::MouseMove(int button, int x, int y) {
+    QPoint local;
+    if (d->panningWithTool) {
+        HOViewportView::MouseMove(kPan, x, y);
+    } else if (d->drag.IsActive()) {
+        if (!d->drag.MoveTo(d->screenContext(), QPointF(x, y))) return;
+        d->layoutFrames();
+        FireRedraw();
+    } else if (HOMapView* view = d->activeViewAt(x, y, &local)) {
+        view->MouseMove(button, local.x(), local.y());
+    } else {
+        HOViewportView::MouseMove(button, x, y);
+    }
+}
+
+void HOPageLayoutView::MouseUp(int button, int x, int y) {
+    QPoint local;
+    if (button == kLeft && d->panningWithTool) {
+        d->panningWithTool = false;
+        HOViewportView::MouseUp(kPan, x, y);
+    } else if (button == kLeft && d->drag.IsActive()) {
+        d->drag.End();
+    } else if (HOMapView* view = d->activeViewAt(x, y, &local)) {
+        view->MouseUp(button, local.x(), local.y());
+    } else {
+        HOViewportView::MouseUp(button, x, y);
+    }
+}
+
+void HOPageLayoutView::DoubleClick(int button, int x, int y) {
+    QPoint local;
+    if (HOMapView* view = d->activeViewAt(x, y, &local)) {
+        view->DoubleClick(button, local.x(), local.y());
+        return;
+    }
+    if (button != kLeft) return;
+    const auto hit = d->container.LocateElements(GetDisplayTransform().ToMap(x, y), 0.0);
+    for (auto it = hit.rbegin(); it != hit.rend(); ++it) {
+        if (auto* frame = dynamic_cast<HODataFrame*>(it->get())) {
+            ActivateDataFrame(frame);
+            return;
+        }
+    }
+    ActivateDataFrame(nullptr);
+}
+
+void HOPageLayoutView::Wheel(int reserved, int delta, int x, int y) {
+    QPoint local;
+    if (HOMapView* view = d->activeViewAt(x, y, &local))
+        view->Wheel(reserved, delta, local.x(), local.y());
+    else
+        HOViewportView::Wheel(reserved, delta, x, y);
+}
+
+void HOPageLayoutView::SetCurrentTool(HOTool* tool) {
+    HOViewportView::SetCurrentTool(tool);
+    // The active frame's map works with the page's tool.
+    if (HORefPtr<HODataFrame> frame = get_active_data_frame())
+        if (HOMapView* view = frame->get_map_view()) view->SetCurrentTool(tool);
+}
+
+HORefPtr<HODataFrame> HOPageLayoutView::get_active_data_frame() const {
+    std::lock_guard<std::mutex> lock(Mutex());
+    return d->active;
+}
+
+void HOPageLayoutView::ActivateDataFrame(HODataFrame* frame) {
+    HORefPtr<HODataFrame> previous;
+    {
+        std::lock_guard<std::mutex> lock(Mutex());
+        if (d->active.get() == frame) return;
+        previous = d->active;
+        d->active = frame;
+        if (frame) d->operating = frame;
+    }
+    HORefPtr<HOTool> tool = GetCurrentTool();
+    if (previous && previous->get_map_view()) previous->get_map_view()->SetCurrentTool(nullptr);
+    if (frame && frame->get_map_view()) frame->get_map_view()->SetCurrentTool(tool);
+    if (!frame && tool) tool->SetView(this);
+    if (frame) d->container.AddElement(frame);
+    HOEvent event;
+    ActiveElementChangedSignal.fire(this, &event);
+    FireRedraw();
+}
+
 void HOPageLayoutView::DrawTo(HOGraphics* surface, int) {
     QPainter* painter = surface ? surface->Painter() : nullptr;
     if (!painter) return;
-    d->drawPage(*painter);
+    HOPageRenderContext context;
+    HOSize size;
+    {
+        std::lock_guard<std::mutex> lock(Mutex());
+        const HOViewport& viewport = LockedViewport();
+        if (viewport.IsDrawable()) {
+            context.transform = viewport.Transform();
+            context.dpi = LockedDpi();
+            size = viewport.Size();
+        }
+    }
+    if (size.width > 0) {
+        d->drawDesk(*painter, context, size);
+        d->drawElements(*painter, context);
+    }
     surface->End();
+}
+
+void HOPageLayoutView::Print(QPainter& painter, double dpi) {
+    const HOPageSetup setup = GetPageSetup();
+    HOPageRenderContext context;
+    context.output = true;
+    context.dpi = dpi;
+    context.transform.extentTop = setup.Height();
+    context.transform.unitsPerPixel = kMmPerInch / dpi;
+    painter.save();
+    painter.setClipRect(context.ToDevice(setup.PageRect()));
+    d->drawElements(painter, context);
+    painter.restore();
+}
+
+HOPageSetup HOPageLayoutView::GetPageSetup() const {
+    std::lock_guard<std::mutex> lock(Mutex());
+    return d->setup;
+}
+
+void HOPageLayoutView::SetPageSetup(const HOPageSetup& setup) {
+    {
+        std::lock_guard<std::mutex> lock(Mutex());
+        if (d->setup == setup) return;
+        d->setup = setup;
+    }
+    Navigate([&](HOViewport& v) { return v.Fit(pageWithDesk(setup)); });
+    FireRedraw();
 }
 
 void HOPageLayoutView::RefreshView(bool all) {
@@ -217,9 +420,7 @@ void HOPageLayoutView::SwitchToLayoutView(HOMapView* view) {
     HORefPtr<HODataFrame> frame(dynamic_cast<HODataFrame*>(get_operating_data_frame().get()));
     if (!frame) {
         frame = new HODataFrame;
-        frame->set_off_x(kPage.minx + kMargin);
-        frame->set_off_y(kPage.miny + kMargin);
-        frame->set_size(kPage.Width() - 2 * kMargin, kPage.Height() - 2 * kMargin);
+        frame->set_bounds(GetPageSetup().PrintableRect());
         d->container.AddElement(frame);
     }
     const HORefPtr<HOMapView> old = frame->get_map_view();
@@ -257,13 +458,33 @@ HOGraphicsContainer* HOPageLayoutView::get_graphicscontainer() const {
     return &d->container;
 }
 
-// Layout files have no format yet.
-bool HOPageLayoutView::open(HOFileFunc*, double) {
-    return false;
+bool HOPageLayoutView::open(HOFileFunc* file, double) {
+    HOLayoutDocument::Contents contents;
+    if (!file || !HOLayoutDocument::Load(*file, &contents)) return false;
+    ActivateDataFrame(nullptr);
+    std::vector<HORefPtr<HOMapView>> forwarded;
+    {
+        std::lock_guard<std::mutex> lock(Mutex());
+        forwarded = d->forwarded;
+    }
+    for (const auto& view : forwarded) d->stopForwarding(view);
+    for (const auto& element : d->container.GetElements()) d->container.RemoveElement(element);
+    for (const auto& element : contents.elements) d->container.AddElement(element);
+    for (HODataFrame* frame : d->frames()) d->forwardRedraws(frame->get_map_view());
+    SetPageSetup(contents.setup);
+    set_operating_data_frame(contents.operating);
+    RefreshView(false);
+    return true;
 }
 
-bool HOPageLayoutView::save(HOFileFunc*, double) {
-    return false;
+bool HOPageLayoutView::save(HOFileFunc* file, double version) {
+    if (!file) return false;
+    if (version > HOLayoutDocument::kVersion) {
+        file->SetError(QCoreApplication::translate("HOPageLayoutView", "layout version %1 cannot be written")
+                           .arg(version));
+        return false;
+    }
+    return HOLayoutDocument::Save(*this, *file);
 }
 
 }  // namespace HXObjects

@@ -23,7 +23,7 @@ public:
         set_off_y(y);
         set_size(w, h);
     }
-    void draw(QPainter&, const HODisplayTransform&) override {}
+    void draw(QPainter&, const HOPageRenderContext&) override {}
 };
 
 // An 800x600 page layout whose operating frame shows a 400x300 view of one red layer.

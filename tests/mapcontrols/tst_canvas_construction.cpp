@@ -36,7 +36,7 @@ public:
 class TextElement : public HOPageLayoutBaseElement {
 public:
     TextElement() : HOPageLayoutBaseElement(HOElementText) {}
-    void draw(QPainter&, const HODisplayTransform&) override {}
+    void draw(QPainter&, const HOPageRenderContext&) override {}
 };
 
 // Which of the canvas's callbacks a signal holds, as a text such as "redraw scale".

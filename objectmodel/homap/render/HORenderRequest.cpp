@@ -10,10 +10,7 @@ void HORenderRequest::Absorb(const HORenderRequest& older) {
 
 HORenderContext HORenderRequest::Context(const HOCoordinateSystem* system, const HOTrackCancel* cancel) const {
     HORenderContext context;
-    context.transform = transform;
-    context.size = size;
-    const HOPoint bottomRight = transform.ToMap(size.width, size.height);
-    context.extent = HORect(transform.extentLeft, bottomRight.x, bottomRight.y, transform.extentTop);
+    context.SetArea(transform, size);
     context.mapSystem = system;
     context.cancel = cancel;
     context.dpi = dpi;

@@ -1,6 +1,8 @@
 #include "render/private/HOFeaturePainter.h"
 
+#include <QPaintEngine>
 #include <QPainter>
+#include <QPainterPath>
 #include <cmath>
 
 #include "HOStylePainter.h"
@@ -14,14 +16,19 @@ HOFeaturePainter::HOFeaturePainter(QPainter& painter, const HOFeatureStore& stor
       m_topology(store.Topology()),
       m_path(transform),
       m_blitter(painter),
+      m_markerPaths(painter),
       m_target(HODirectTarget::Of(painter)),
       m_rasterizer(m_target, painter.testRenderHint(QPainter::Antialiasing)),
-      m_antialias(painter.testRenderHint(QPainter::Antialiasing)) {}
+      m_antialias(painter.testRenderHint(QPainter::Antialiasing)),
+      m_vector(painter.paintEngine() && painter.paintEngine()->type() != QPaintEngine::Raster) {}
 
 void HOFeaturePainter::Draw(HOFeatureKind kind, uint32_t firstPart, uint32_t endPart, const HOStyle& style,
                             bool bulkStyle) {
     // Whatever is queued was drawn before these parts.
-    if (kind != HOFeatureKind::Point) m_blitter.Flush();
+    if (kind != HOFeatureKind::Point) {
+        m_blitter.Flush();
+        m_markerPaths.Flush();
+    }
     if (kind != HOFeatureKind::Line) m_rasterizer.Flush();
     switch (kind) {
         case HOFeatureKind::Polygon:
@@ -47,6 +54,8 @@ void HOFeaturePainter::useStyle(const HOStyle& style) {
     m_casing = HOStylePainter::CasingPen(style);
     m_brush = HOStylePainter::Brush(style);
     m_mode = Mode::Unset;
+    // A hairline (width 0) on paper would be the printer's thinnest line: draw one screen pixel wide.
+    if (m_vector && m_pen.style() != Qt::NoPen && m_pen.widthF() == 0.0) m_pen.setWidthF(1.0);
     // A cased line is drawn in two passes through the painter, so nothing may wait in the queue.
     const bool cased = m_casing.style() != Qt::NoPen;
     if (cased) m_rasterizer.Flush();
@@ -99,6 +108,10 @@ void HOFeaturePainter::dot() {
 }
 
 void HOFeaturePainter::drawPolygon(uint32_t firstPart, uint32_t endPart) {
+    if (m_vector) {
+        drawPolygonPath(firstPart, endPart);
+        return;
+    }
     m_path.Clear();
     QPointF start;
     for (uint32_t part = firstPart; part < endPart; ++part) {
@@ -134,6 +147,29 @@ void HOFeaturePainter::drawPolygon(uint32_t firstPart, uint32_t endPart) {
     }
 }
 
+// On a vector device (PDF, printer) each ring is a closed subpath of its own: the joins that cancel out
+// in the raster engine's fill would show there as hairlines.
+void HOFeaturePainter::drawPolygonPath(uint32_t firstPart, uint32_t endPart) {
+    QPainterPath path;
+    path.setFillRule(Qt::OddEvenFill);
+    for (uint32_t part = firstPart; part < endPart; ++part) {
+        m_path.Clear();
+        if (m_path.Append(vertex(m_topology.VertexBegin(part)), vertex(m_topology.VertexEnd(part))) < 3) continue;
+        path.moveTo(m_path.Points()[0]);
+        for (int i = 1; i < m_path.Size(); ++i) path.lineTo(m_path.Points()[i]);
+        path.closeSubpath();
+    }
+    const QRectF bounds = path.boundingRect();
+    if (path.isEmpty() || (bounds.width() < 1.0 && bounds.height() < 1.0)) return;
+    if (m_brush.style() != Qt::NoBrush) {
+        beginFill();
+        m_painter.drawPath(path);
+    }
+    if (m_pen.style() == Qt::NoPen) return;
+    beginStroke();
+    m_painter.drawPath(path);
+}
+
 void HOFeaturePainter::drawLine(uint32_t firstPart, uint32_t endPart) {
     for (uint32_t part = firstPart; part < endPart; ++part) {
         m_path.Clear();
@@ -155,14 +191,18 @@ void HOFeaturePainter::drawLine(uint32_t firstPart, uint32_t endPart) {
 
 void HOFeaturePainter::drawPoints(uint32_t firstPart, uint32_t endPart, const HOStyle& style,
                                   bool bulkStyle) {
+    const uint32_t first = m_topology.VertexBegin(firstPart);
+    const uint32_t end = m_topology.VertexBegin(endPart);
+    if (m_vector) {  // shapes, not stamped pictures
+        for (uint32_t v = first; v < end; ++v) m_markerPaths.Add(style, m_path.ToDevice(*vertex(v)));
+        return;
+    }
     if (&style != m_currentMarker) {
         auto it = m_markers.find(&style);
         if (it == m_markers.end()) it = m_markers.emplace(&style, HOStylePainter::MarkerImage(style)).first;
         m_blitter.SetMarker(&it->second, bulkStyle);
         m_currentMarker = &style;
     }
-    const uint32_t first = m_topology.VertexBegin(firstPart);
-    const uint32_t end = m_topology.VertexBegin(endPart);
     for (uint32_t v = first; v < end; ++v) m_blitter.Stamp(m_path.ToDevice(*vertex(v)));
 }
 

@@ -2,7 +2,8 @@
 // HOFeaturePainter: draws features of one store through one painter — polygons filled and outlined,
 // lines stroked, points stamped from a marker image cached per style; a polygon or line smaller than
 // a pixel still takes one pixel. One per painting thread; it sets the painter's pen and brush only
-// when the style changes.
+// when the style changes. On a vector device (PDF, printer) it draws paths and marker shapes, so the
+// output stays vectors.
 #include <QBrush>
 #include <QImage>
 #include <QPen>
@@ -11,6 +12,7 @@
 #include "source/private/HOFeatureStore.h"
 #include "render/private/HOLineRasterizer.h"
 #include "render/private/HOMarkerBlitter.h"
+#include "render/private/HOMarkerPathBatch.h"
 #include "render/private/HOPixelPath.h"
 #include "HOStyle.h"
 
@@ -35,6 +37,7 @@ private:
     // One pixel at the centre of the path, in the style's most visible colour.
     void dot();
     void drawPolygon(uint32_t firstPart, uint32_t endPart);
+    void drawPolygonPath(uint32_t firstPart, uint32_t endPart);
     void drawLine(uint32_t firstPart, uint32_t endPart);
     void drawPoints(uint32_t firstPart, uint32_t endPart, const HOStyle& style, bool bulkStyle);
     const HOVertex* vertex(uint32_t index) const { return m_store.Vertices().data() + index; }
@@ -45,6 +48,7 @@ private:
     std::map<const HOStyle*, QImage> m_markers;  // before the blitter, which stamps them until it goes
     HOPixelPath m_path;
     HOMarkerBlitter m_blitter;
+    HOMarkerPathBatch m_markerPaths;  // draws what it gathered when it goes, before the painter state below
     HODirectTarget m_target;        // invalid: draw dots through the painter
     HOLineRasterizer m_rasterizer;  // after the path: flushes what it queued when it goes
     bool m_rasterizeLines = false;  // the current pen is drawn by m_rasterizer
@@ -53,6 +57,7 @@ private:
     QPen m_casing;  // beneath the line pen; NoPen for most styles
     QBrush m_brush;
     bool m_antialias;
+    bool m_vector;  // the device keeps vectors: shapes and paths instead of pictures and joined rings
     enum class Mode { Unset, Fill, Stroke } m_mode = Mode::Unset;
     const HOStyle* m_currentMarker = nullptr;
 };
