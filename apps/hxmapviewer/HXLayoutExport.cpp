@@ -45,16 +45,13 @@ int compose(HOPageLayoutView& layout, const HXLayoutExport::Options& o) {
     }
     int failures = 0;
     for (const QString& file : o.files) {
-        for (const QString& source : HXDataSources::layerSources(file)) {
-            HOString error;
-            if (const HORefPtr<HOLayer> layer = OpenLayer(source, &error)) {
-                HXLayerStyler::style(layer);  // the viewer's cartography, as on screen
-                map->AddLayer(layer);
-            } else {
-                report(error.toQString());
-                ++failures;
-            }
+        QStringList errors;
+        for (const HORefPtr<HOLayer>& layer : HXDataSources::openLayers(file, &errors)) {
+            HXLayerStyler::style(layer);  // the viewer's cartography, as on screen
+            map->AddLayer(layer);
         }
+        for (const QString& error : errors) report(error);
+        failures += errors.size();
     }
     HXLayerStyler::styleMap(map);
     HORefPtr<HOMapView> view(new HOMapView("Map"));

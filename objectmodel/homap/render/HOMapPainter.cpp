@@ -59,8 +59,10 @@ void HOMapPainter::Paint(QPainter& painter, const HOMap& map, const HODisplayTra
     }
     drawLayer(*map.GetGraphicsLayer());
     painter.setTransform(atScreen);
-    if (grid && HOMapGridOverlay::IsEnabled(*grid))
-        HOMapGridOverlay::Draw(painter, *grid, screen, screenSize);
+    if (grid && HOMapGridOverlay::IsEnabled(*grid)) {
+        HOMapGridOverlay overlay;  // one page's worth: its projections are not worth keeping
+        overlay.Draw(painter, *grid, {screen, screenSize, system, kScreenDpi});
+    }
     painter.restore();
 }
 
