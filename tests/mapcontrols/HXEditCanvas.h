@@ -3,7 +3,8 @@
 // (0, 300) of a plain layer, one map unit per pixel with y growing upwards, so the pixel (x, y) is the
 // map point (x, 300 - y). run() plays a person's input from a small script, one step per ';':
 //   t NAME           install the command pool's tool NAME ("HXObjects::" is added)
-//   c X Y / d X Y    left click / double click (its first click included) at pixel (X, Y)
+//   c X Y [MOD]      left click at pixel (X, Y), with a modifier ("Alt", "Shift"...) held if given
+//   d X Y            double click (its first click included)
 //   m X Y            move the mouse there, no button held
 //   g X1 Y1 X2 Y2    drag with the left button
 //   r X Y ENTRY [| EDIT=TEXT ...]  right click; choose ENTRY in the menu and type into the dialog
@@ -77,7 +78,7 @@ private:
         if (op == "t") {
             canvas.setMapTool(HXObjects::HOCMDPool::GetInstance()->GetTool(("HXObjects::" + w[1]).toUtf8().data()));
         } else if (op == "c") {
-            QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, at(1));
+            QTest::mouseClick(widget, Qt::LeftButton, modifier(w.value(3)), at(1));
         } else if (op == "d") {
             QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, at(1));
             QTest::mouseDClick(widget, Qt::LeftButton, Qt::NoModifier, at(1));
@@ -99,6 +100,11 @@ private:
         } else {
             qFatal("unknown step '%s'", qPrintable(step));
         }
+    }
+
+    static Qt::KeyboardModifiers modifier(const QString& name) {
+        return name.isEmpty() ? Qt::NoModifier
+                              : Qt::KeyboardModifiers(QKeySequence::fromString(name + "+A")[0] & Qt::KeyboardModifierMask);
     }
 
     void move(const QPoint& pos, Qt::MouseButtons held) {
