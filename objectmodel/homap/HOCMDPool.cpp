@@ -9,6 +9,7 @@
 #include "tools/HOToolCopyElement.h"
 #include "tools/HOToolCutElement.h"
 #include "tools/HOToolDeleteElement.h"
+#include "tools/HOToolDoubleLine.h"
 #include "tools/HOToolIdentify.h"
 #include "tools/HOToolPan.h"
 #include "tools/HOToolPasteElement.h"
@@ -28,7 +29,7 @@ HOCMDPool::HOCMDPool() {
              new HOToolPan, new HOToolZoomIn, new HOToolZoomOut, new HOToolSingleSelect, new HOToolIdentify,
              new HOCmdDigitizeLine, new HOCmdDigitizePolygon, new HOToolAddControlPoint, new HOToolDeleteElement,
              new HOCmdDeleteElement, new HOToolCutElement, new HOToolCopyElement, new HOCmdCopyElement,
-             new HOToolPasteElement, new HOCmdPasteElement})
+             new HOToolPasteElement, new HOCmdPasteElement, new HOToolDoubleLine})
         RegisterTool(tool);
 }
 

@@ -7,7 +7,8 @@
 //   d X Y            double click (its first click included)
 //   m X Y            move the mouse there, no button held
 //   g X1 Y1 X2 Y2    drag with the left button
-//   r X Y ENTRY [| EDIT=TEXT ...]  right click; choose ENTRY in the menu and type into the dialog
+//   r X Y ENTRY [| EDIT=TEXT ...]  right click; choose ENTRY in the menu and type over the dialog's
+//                    line edits (found by object name)
 //   k KEYS           a key click such as "Return", "Escape", "Ctrl+C"
 //   o TEXT           the current tool's typed command
 #include <QKeySequence>
@@ -116,8 +117,11 @@ private:
     void rightClick(const QPoint& pos, const QString& choice) {
         const QStringList fields = choice.section('|', 1).split(' ', Qt::SkipEmptyParts);
         HXModalAnswer<QDialog> dialog([&](QDialog* d) {
-            for (const QString& field : fields)
-                QTest::keyClicks(d->findChild<QLineEdit*>(field.section('=', 0, 0)), field.section('=', 1));
+            for (const QString& field : fields) {
+                QLineEdit* edit = d->findChild<QLineEdit*>(field.section('=', 0, 0));
+                edit->selectAll();  // typing replaces what the dialog proposed
+                QTest::keyClicks(edit, field.section('=', 1));
+            }
             d->accept();
         });
         HXPopupAnswer menu(choice.section('|', 0, 0).trimmed());

@@ -39,11 +39,31 @@ int HOElementEditor::Add(HOMap* map, HORefPtr<HOGeometry> geometry, const QStrin
     if (!map || !geometry || geometry->IsEmpty()) return 0;
     HOGraphicsLayer* layer = map->GetGraphicsLayer().get();
     if (!style) style = HOGraphicsLayer::DefaultStyle(geometry->GetType());
-    HORefPtr<HOElement> element = layer->NewElement(geometry, style, label);
-    auto* command = new HOElementEditCommand(layer, text);
-    command->AddChange(nullptr, element);
+    return pushAdded(map, {layer->NewElement(geometry, style, label)}, text).front();
+}
+
+std::vector<int> HOElementEditor::AddAll(HOMap* map, const std::vector<HORefPtr<HOGeometry>>& geometries,
+                                         const QString& text) {
+    if (!map) return {};
+    HOGraphicsLayer* layer = map->GetGraphicsLayer().get();
+    std::vector<HORefPtr<HOElement>> elements;
+    for (const auto& geometry : geometries) {
+        if (geometry && !geometry->IsEmpty())
+            elements.push_back(layer->NewElement(geometry, HOGraphicsLayer::DefaultStyle(geometry->GetType())));
+    }
+    return elements.empty() ? std::vector<int>() : pushAdded(map, elements, text);
+}
+
+std::vector<int> HOElementEditor::pushAdded(HOMap* map, const std::vector<HORefPtr<HOElement>>& elements,
+                                            const QString& text) {
+    auto* command = new HOElementEditCommand(map->GetGraphicsLayer().get(), text);
+    std::vector<int> ids;
+    for (const auto& element : elements) {
+        command->AddChange(nullptr, element);
+        ids.push_back(element->GetID());
+    }
     Push(map, command);
-    return element->GetID();
+    return ids;
 }
 
 bool HOElementEditor::Remove(HOMap* map, int id, const QString& text) {

@@ -172,9 +172,13 @@ void HODigitizeTool::finish() {
         IsArea() ? (multi ? HOGeometry::GeoMultiPolygon : HOGeometry::GeoPolygon)
                  : (multi ? HOGeometry::GeoMultiLineString : HOGeometry::GeoLineString));
     for (auto& part : parts) geometry->AddPart(std::move(part));
+    Create(TargetMap(), geometry);
+}
+
+void HODigitizeTool::Create(HOMap* map, HORefPtr<HOGeometry> shape) {
     const char* text = IsArea() ? QT_TRANSLATE_NOOP("HXObjects::HODigitizeTool", "Add polygon")
                                 : QT_TRANSLATE_NOOP("HXObjects::HODigitizeTool", "Add line");
-    HOElementEditor::Add(TargetMap(), geometry, QCoreApplication::translate("HXObjects::HODigitizeTool", text));
+    HOElementEditor::Add(map, shape, QCoreApplication::translate("HXObjects::HODigitizeTool", text));
 }
 
 void HODigitizeTool::abandon() {
