@@ -144,6 +144,16 @@ bool HOElementEditor::Move(HOMap* map, const std::vector<int>& ids, double dx, d
     return any;
 }
 
+bool HOElementEditor::Reshape(HOMap* map, int id, HORefPtr<HOGeometry> geometry, const QString& text) {
+    HOGraphicsLayer* layer = map ? map->GetGraphicsLayer().get() : nullptr;
+    HORefPtr<HOElement> element = layer ? layer->GetElement(id) : nullptr;
+    if (!element || !geometry) return false;
+    auto* command = new HOElementEditCommand(layer, text);
+    command->AddChange(element, element->WithGeometry(geometry));
+    Push(map, command);
+    return true;
+}
+
 HORefPtr<HOGeometry> HOElementEditor::Translated(const HOGeometry& geometry, double dx, double dy) {
     HORefPtr<HOGeometry> copy(geometry.Clone());
     for (auto& part : copy->Parts()) {

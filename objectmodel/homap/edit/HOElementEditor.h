@@ -33,6 +33,9 @@ public:
     // Moves the elements by (dx, dy) map units.
     static bool Move(HOMap* map, const std::vector<int>& ids, double dx, double dy);
 
+    // Gives the element another geometry (`text` names the command).
+    static bool Reshape(HOMap* map, int id, HORefPtr<HOGeometry> geometry, const QString& text);
+
     static HORefPtr<HOGeometry> Translated(const HOGeometry& geometry, double dx, double dy);
 
 private:
