@@ -10,6 +10,8 @@
 class QActionGroup;
 class QMenu;
 class HXCommandDock;
+class HXEditActions;
+class HXElementAutosave;
 class HXIdentifyPanel;
 class HXLayerPanel;
 class HXMapCanvas;
@@ -60,6 +62,8 @@ protected:
 private:
     void buildToolBar();
     void buildMenus();
+    // The Edit tool bar and menu, and the autosave of graphic elements.
+    void buildEditing();
     void rebuildRecentMenu();
     void addLayer(HXObjects::HOLayer* layer);
     void bindIdentifyTool();
@@ -74,6 +78,8 @@ private:
     HXLayerPanel* mLayers;
     HXIdentifyPanel* mIdentify;
     HXCommandDock* mCommand;
+    HXEditActions* mEdit = nullptr;
+    HXElementAutosave* mAutosave = nullptr;
     QActionGroup* mToolGroup = nullptr;
     QMenu* mRecentMenu = nullptr;
     QStringList mErrors;
