@@ -88,21 +88,15 @@ void HODigitizeTool::OnDoubleClick(int button, int, int) {
 }
 
 bool HODigitizeTool::OnKeyDown(int key) {
-    switch (key) {
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            finish();
-            return true;
-        case Qt::Key_Backspace:
-            CancelPoint();
-            return true;
-        case Qt::Key_Escape:
-            abandon();
-            return true;
-        default:
+    switch (PathKeyOf(key)) {
+        case EndPathKey: finish(); return true;
+        case DropPointKey: CancelPoint(); return true;
+        case DropPathKey: abandon(); return true;
+        case OtherKey:
             // While a shape is under way, Delete must not hand over to the deletion tools.
             return !inProgress() && HOMapTool::OnKeyDown(key);
     }
+    return false;
 }
 
 void HODigitizeTool::DrawToolPaint(QPainter& painter, const HODisplayTransform& transform) {

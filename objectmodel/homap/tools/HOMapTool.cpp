@@ -86,6 +86,16 @@ HOToolBuddy::HOKeyboardModifier HOMapTool::Modifiers() const {
     return buddy ? buddy->GetKeyboardModifiers() : HOToolBuddy::NoModifier;
 }
 
+HOMapTool::PathKey HOMapTool::PathKeyOf(int key) {
+    switch (key) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter: return EndPathKey;
+        case Qt::Key_Backspace: return DropPointKey;
+        case Qt::Key_Escape: return DropPathKey;
+        default: return OtherKey;
+    }
+}
+
 HOPoint HOMapTool::SnapToMap(int x, int y, int ignoredElement) {
     const HOPoint point = ToMap(x, y);
     const HOSnapResult snap = (Modifiers() & HOToolBuddy::AltModifier)

@@ -39,6 +39,11 @@ protected:
     void ShowCursor(HOToolBuddy::HOCursor shape) const;
     HOToolBuddy::HOKeyboardModifier Modifiers() const;
 
+    // The keys of the tools that place a path point by point: Enter (either) ends the path, Backspace
+    // drops its last point, Escape drops it all.
+    enum PathKey { OtherKey, EndPathKey, DropPointKey, DropPathKey };
+    static PathKey PathKeyOf(int key);
+
     // The map point under a view pixel, snapped unless Alt is held (`ignoredElement` is never snapped
     // to); the snap is remembered for DrawSnapMark until the next call or ForgetSnap.
     HOPoint SnapToMap(int x, int y, int ignoredElement = 0);

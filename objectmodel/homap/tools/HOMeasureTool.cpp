@@ -1,7 +1,6 @@
 #include "HOMeasureTool.h"
 
 #include <QPainter>
-#include <Qt>
 #include <limits>
 
 #include "HOCoordinateSystem.h"
@@ -49,21 +48,13 @@ void HOMeasureTool::OnDoubleClick(int button, int, int) {
 }
 
 bool HOMeasureTool::OnKeyDown(int key) {
-    switch (key) {
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            finish();
-            return true;
-        case Qt::Key_Backspace:
-            if (!m_points.empty() && !m_finished) m_points.pop_back();
-            redrawLayer(m_points);
-            return true;
-        case Qt::Key_Escape:
-            clear();
-            return true;
-        default:
-            return HOMapTool::OnKeyDown(key);
+    switch (PathKeyOf(key)) {
+        case EndPathKey: finish(); return true;
+        case DropPointKey: dropLastPoint(); return true;
+        case DropPathKey: clear(); return true;
+        case OtherKey: return HOMapTool::OnKeyDown(key);
     }
+    return false;
 }
 
 void HOMeasureTool::DrawToolPaint(QPainter& painter, const HODisplayTransform& transform) {
@@ -87,6 +78,12 @@ QString HOMeasureTool::GetFigureText() const {
 
 void HOMeasureTool::addPoint(const HOPoint& point) {
     m_points.push_back(point);
+    redrawLayer(m_points);
+}
+
+void HOMeasureTool::dropLastPoint() {
+    if (m_points.empty() || m_finished) return;
+    m_points.pop_back();
     redrawLayer(m_points);
 }
 

@@ -42,6 +42,7 @@ protected:
 
 private:
     void addPoint(const HOPoint& point);
+    void dropLastPoint();
     void finish();
     void clear();
     // Shows the points and the figure for them (with `hover` when given).
