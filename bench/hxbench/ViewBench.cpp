@@ -105,9 +105,9 @@ void ViewBench::Run(BenchReport& report) const {
     const double snap = BenchClock::Seconds([&] {
         for (int i = 0; i < queries; ++i)
             HOSnapper::Snap(transform.ToMap((i * 37) % m_size.width(), (i * 53) % m_size.height()), view);
-    }) / queries;
-    report.Add(QStringLiteral("all"), QStringLiteral("snap query, 10 px, all layers"), snap, QString(), 0,
-               QStringLiteral("<= 0.001 s"));
+    });
+    report.Add(QStringLiteral("all"), QStringLiteral("1000 snap queries, 10 px, all layers"), snap, QString(), 0,
+               QStringLiteral("<= 1 s"));
     view->SetCurrentTool(nullptr);
     view->StopRender(true);
     view->RenderFinishedSignal.unbind("hxbench");

@@ -147,7 +147,7 @@ std::vector<HOGeometry::Part> HOFeatureLayer::PartsIn(const HORect& rect,
                                                       const HOCoordinateSystem* rectSystem) const {
     std::vector<HOGeometry::Part> parts;
     const std::shared_ptr<const HOFeatureStore> store = d->stores.MadeFor(rectSystem);
-    if (!store || !(rect.maxx >= rect.minx && rect.maxy >= rect.miny)) return parts;
+    if (!store || !store->IsIndexReady() || !(rect.maxx >= rect.minx && rect.maxy >= rect.miny)) return parts;
     const HOFeatureTopology& t = store->Topology();
     const HOVertex* v = store->Vertices().data();
     for (const uint32_t f : store->FeaturesIn(HOBoxOf(rect))) {

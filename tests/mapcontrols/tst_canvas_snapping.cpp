@@ -23,9 +23,11 @@ class TestCanvasSnapping : public QObject {
             return false;
         if (!f.show()) return false;
         HORefPtr<HOLayer> layer = OpenLayer(path.toUtf8().data());
-        if (!layer) return false;
+        auto* features = dynamic_cast<HOFeatureLayer*>(layer.get());
+        if (!features) return false;
         f.map->AddLayer(layer.get());
-        return true;
+        // Snapping finds nothing until the layer's spatial index is packed (in the background).
+        return QTest::qWaitFor([&] { return !features->PartsIn(HORect(0, 400, 0, 300)).empty(); }, 10000);
     }
 
 private slots:
