@@ -90,6 +90,7 @@ private slots:
             for (QAction* a : edit->menu()->actions())
                 if (a->text().startsWith("Undo")) undo = a;
             QVERIFY(undo && undo->isEnabled());
+            QCOMPARE(undo->text(), "Undo " + stack->undoText());
             const QStringList before = elementTexts(*window);
             undo->trigger();
             QCOMPARE(elementTexts(*window).size(), before.size() - 1);
