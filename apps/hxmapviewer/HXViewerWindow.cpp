@@ -11,6 +11,8 @@
 #include "HOToolIdentify.h"
 #include "HXApplication.h"
 #include "HXCommandDock.h"
+#include "HXEditActions.h"
+#include "HXElementAutosave.h"
 #include "HXDataSources.h"
 #include "HXIdentifyPanel.h"
 #include "HXLayerPanel.h"
@@ -99,6 +101,7 @@ HXViewerWindow::HXViewerWindow(QWidget* parent) : QMainWindow(parent) {
     if (HOMapView* view = mCanvas->GetMapView()) HOBindMember(view->RenderFinishedSignal, this, &HXViewerWindow::onRenderFinished);
     buildToolBar();
     buildMenus();
+    buildEditing();
     bindIdentifyTool();
     restoreSettings();
     mCanvas->setFocus();
@@ -166,6 +169,16 @@ void HXViewerWindow::buildMenus() {
     map->addAction(tr("Coordinate system…"), this, &HXViewerWindow::chooseCoordinateSystem);
 }
 
+void HXViewerWindow::buildEditing() {
+    mEdit = new HXEditActions(mCanvas, mToolGroup, this);
+    addToolBarBreak();
+    addToolBar(mEdit->toolBar());
+    menuBar()->insertMenu(menuBar()->actions().value(1), mEdit->menu());
+    mAutosave = new HXElementAutosave(mCanvas, HXElementAutosave::defaultPath(), this);
+    connect(mAutosave, &HXElementAutosave::failed, this,
+            [this](const QString& error) { mMessageBar->pushWarning(tr("Graphic elements"), error); });
+}
+
 void HXViewerWindow::rebuildRecentMenu() {
     mRecentMenu->clear();
     for (const QString& path : HXRecentFiles::load()) {
@@ -185,6 +198,7 @@ void HXViewerWindow::closeEvent(QCloseEvent* event) {
     QSettings settings(HXApplication::hxgisSettingsFilePath(), QSettings::IniFormat);
     settings.setValue("viewer/geometry", saveGeometry());
     settings.setValue("viewer/state", saveState());
+    mAutosave->finish();
     QMainWindow::closeEvent(event);
 }
 

@@ -11,6 +11,8 @@ class QAction;
 class QActionGroup;
 class QMenu;
 class HXCommandDock;
+class HXEditActions;
+class HXElementAutosave;
 class HXIdentifyPanel;
 class HXLayerPanel;
 class HXMapCanvas;
@@ -63,6 +65,8 @@ protected:
 private:
     void buildToolBar();
     void buildMenus();
+    // The Edit tool bar and menu, and the autosave of graphic elements.
+    void buildEditing();
     void rebuildRecentMenu();
     void addLayer(HXObjects::HOLayer* layer);
     void bindIdentifyTool();
@@ -78,6 +82,8 @@ private:
     HXLayerPanel* mLayers;
     HXIdentifyPanel* mIdentify;
     HXCommandDock* mCommand;
+    HXEditActions* mEdit = nullptr;
+    HXElementAutosave* mAutosave = nullptr;
     QActionGroup* mToolGroup = nullptr;
     QMenu* mRecentMenu = nullptr;
     QAction* mGridAction = nullptr;

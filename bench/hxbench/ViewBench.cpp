@@ -11,6 +11,9 @@
 #include "HOMap.h"
 #include "HOMapRulerAndGrid.h"
 #include "HOMapView.h"
+#include "HOTool.h"
+#include "edit/HOSnapper.h"
+#include "tools/HOCmdDigitizeLine.h"
 
 using namespace HXObjects;
 
@@ -119,6 +122,35 @@ void ViewBench::Run(BenchReport& report) const {
         view->Draw(surface);
     });
     report.Add(QStringLiteral("all"), QStringLiteral("view: wheel step to next Draw"), wheel, QString(), 0);
+    // Digitising at 1% of the area: a mouse move snaps (spatial index query of every layer) and moves
+    // the rubber band, which the next Draw shows.
+    const HORect all = map->GetFullExtent();
+    const HOPoint c = all.Center();
+    before = finished.load();
+    view->SetExtent(HORect(c.x - all.Width() / 20, c.x + all.Width() / 20, c.y - all.Height() / 20,
+                           c.y + all.Height() / 20));
+    waitForRender(view, finished, before);
+    HORefPtr<HOTool> line(new HOCmdDigitizeLine);
+    view->SetCurrentTool(line);
+    view->MouseDown(1, m_size.width() / 2, m_size.height() / 2);
+    view->MouseUp(1, m_size.width() / 2, m_size.height() / 2);
+    int step = 0;
+    const double band = bestOf(50, [&] {
+        view->MouseMove(0, 100 + (step * 37) % (m_size.width() - 200), 100 + (step * 53) % (m_size.height() - 200));
+        ++step;
+        view->Draw(surface);
+    });
+    report.Add(QStringLiteral("all"), QStringLiteral("view: mouse move to drawn rubber band (snapping on)"), band,
+               QString(), 0, QStringLiteral("<= 0.016 s"));
+    const HODisplayTransform transform = view->GetDisplayTransform();
+    const int queries = 1000;
+    const double snap = BenchClock::Seconds([&] {
+        for (int i = 0; i < queries; ++i)
+            HOSnapper::Snap(transform.ToMap((i * 37) % m_size.width(), (i * 53) % m_size.height()), view);
+    });
+    report.Add(QStringLiteral("all"), QStringLiteral("1000 snap queries, 10 px, all layers"), snap, QString(), 0,
+               QStringLiteral("<= 1 s"));
+    view->SetCurrentTool(nullptr);
     view->StopRender(true);
     view->RenderFinishedSignal.unbind("hxbench");
     if (m_layers.contains(QStringLiteral("points"))) runLabels(report);

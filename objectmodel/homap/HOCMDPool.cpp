@@ -9,7 +9,10 @@
 #include "tools/HOToolCopyElement.h"
 #include "tools/HOToolCutElement.h"
 #include "tools/HOToolDeleteElement.h"
+#include "tools/HOToolDoubleLine.h"
 #include "tools/HOToolIdentify.h"
+#include "tools/HOToolMeasureArea.h"
+#include "tools/HOToolMeasureDistance.h"
 #include "tools/HOToolPan.h"
 #include "tools/HOToolPasteElement.h"
 #include "tools/HOToolSingleSelect.h"
@@ -28,7 +31,8 @@ HOCMDPool::HOCMDPool() {
              new HOToolPan, new HOToolZoomIn, new HOToolZoomOut, new HOToolSingleSelect, new HOToolIdentify,
              new HOCmdDigitizeLine, new HOCmdDigitizePolygon, new HOToolAddControlPoint, new HOToolDeleteElement,
              new HOCmdDeleteElement, new HOToolCutElement, new HOToolCopyElement, new HOCmdCopyElement,
-             new HOToolPasteElement, new HOCmdPasteElement})
+             new HOToolPasteElement, new HOCmdPasteElement, new HOToolDoubleLine,
+             new HOToolMeasureDistance, new HOToolMeasureArea})
         RegisterTool(tool);
 }
 

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <ogr_spatialref.h>
 
+#include <QPainter>
 #include <Qt>
 #include <memory>
 
@@ -10,6 +11,7 @@
 #include "HOFeatureLayer.h"
 #include "HOGeometryProject.h"
 #include "HOMap.h"
+#include "edit/HOSnapper.h"
 
 namespace HXObjects {
 
@@ -91,6 +93,47 @@ double HOMapTool::ZoomFactor() {
     bool ok = false;
     const double factor = given == parameters.end() ? 0.0 : given->second.toQString().toDouble(&ok);
     return ok && std::isfinite(factor) && factor > 1.0 ? factor : 2.0;
+}
+
+HOMapTool::PathKey HOMapTool::PathKeyOf(int key) {
+    switch (key) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter: return EndPathKey;
+        case Qt::Key_Backspace: return DropPointKey;
+        case Qt::Key_Escape: return DropPathKey;
+        default: return OtherKey;
+    }
+}
+
+HOPoint HOMapTool::SnapToMap(int x, int y, int ignoredElement) {
+    const HOPoint point = ToMap(x, y);
+    const HOSnapResult snap = (Modifiers() & HOToolBuddy::AltModifier)
+                                  ? HOSnapResult{HOSnapResult::None, point}
+                                  : HOSnapper::Snap(point, MapView(), ignoredElement);
+    std::lock_guard<std::mutex> lock(paintMutex());
+    m_snap = snap;
+    return snap.point;
+}
+
+void HOMapTool::ForgetSnap() {
+    std::lock_guard<std::mutex> lock(paintMutex());
+    m_snap = HOSnapResult();
+}
+
+void HOMapTool::DrawSnapMark(QPainter& painter, const HODisplayTransform& transform) const {
+    if (!m_snap) return;
+    const HOPoint d = transform.ToDevice(m_snap.point);
+    const QRectF mark(d.x - 5, d.y - 5, 10, 10);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(255, 0, 255), 2));
+    painter.setBrush(Qt::NoBrush);
+    // A square on a vertex, a circle on a segment.
+    if (m_snap.kind == HOSnapResult::Vertex)
+        painter.drawRect(mark);
+    else
+        painter.drawEllipse(mark);
+    painter.restore();
 }
 
 }  // namespace HXObjects

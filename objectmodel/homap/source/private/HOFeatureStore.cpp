@@ -1,5 +1,7 @@
 #include "source/private/HOFeatureStore.h"
 
+#include <chrono>
+
 #include <algorithm>
 
 namespace HXObjects {
@@ -56,6 +58,10 @@ HOBox HOFeatureStore::FeatureBox(std::size_t feature) const {
     HOBox box;
     box.Add(m_vertices[feature]);
     return box;
+}
+
+bool HOFeatureStore::IsIndexReady() const {
+    return m_indexReady.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
 }
 
 std::vector<uint32_t> HOFeatureStore::FeaturesIn(const HOBox& area) const {

@@ -28,6 +28,8 @@ public:
     HOBox FeatureBox(std::size_t feature) const;
     const HOBox& Extent() const { return m_extent; }
 
+    // True once the spatial index is packed (FeaturesIn of a small area no longer waits for it).
+    bool IsIndexReady() const;
     // Indices of the features whose box meets the area, ascending (draw order).
     std::vector<uint32_t> FeaturesIn(const HOBox& area) const;
     // Bytes of geometry held: vertices, offsets, boxes and kinds (the index aside).
