@@ -5,11 +5,13 @@
 // dataset's own mutex the OGR layer; the stores guard themselves. Lock order: mutex, then source.
 #include <ogrsf_frmts.h>
 
+#include <map>
 #include <mutex>
 
 #include "HOCoordinateSystem.h"
 #include "render/private/HOFeatureCategories.h"
 #include "HOFeatureLayer.h"
+#include "source/private/HOFeatureWriter.h"
 #include "source/private/HOProjectedStores.h"
 #include "source/private/HOSharedDataset.h"
 
@@ -33,6 +35,12 @@ public:
     HORefPtr<HOUserFeatureRender> custom{new HOUserFeatureRender};
     std::vector<int64_t> selected;  // ascending
     std::shared_ptr<const HOFeatureCategories> categories;
+    // Editing: the writer, or why there is none. Edits run on one thread at a time (editMutex);
+    // a shapefile's re-added feature gets a new id, and later edits that name the old one mean it.
+    std::unique_ptr<HOFeatureWriter> writer;
+    HOString readOnlyReason;
+    std::mutex editMutex;
+    std::map<int64_t, int64_t> renamed;
 };
 
 }  // namespace HXObjects

@@ -1,0 +1,179 @@
+#include "source/private/HOFeatureWriter.h"
+
+#include <ogrsf_frmts.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QFileInfo>
+
+#include "source/private/HOOgrGeometry.h"
+#include "source/private/HOShapefileWriter.h"
+#include "source/private/HOTransactionWriter.h"
+
+namespace HXObjects {
+
+namespace {
+
+// Parts compared vertex by vertex, a ring's closing vertex aside (OGR closes rings, we may not).
+std::vector<HOGeometry::Part> Normalised(const HOGeometry* geometry) {
+    std::vector<HOGeometry::Part> parts = geometry ? geometry->Parts() : std::vector<HOGeometry::Part>();
+    for (HOGeometry::Part& part : parts)
+        if (part.size() > 2 && part.front().x == part.back().x && part.front().y == part.back().y)
+            part.pop_back();
+    return parts;
+}
+
+bool SameParts(const std::vector<HOGeometry::Part>& a, const std::vector<HOGeometry::Part>& b) {
+    if (a.size() != b.size()) return false;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        if (a[i].size() != b[i].size()) return false;
+        for (std::size_t j = 0; j < a[i].size(); ++j)
+            if (a[i][j].x != b[i][j].x || a[i][j].y != b[i][j].y) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+HOFeatureWriter::~HOFeatureWriter() = default;
+
+std::unique_ptr<HOFeatureWriter> HOFeatureWriter::For(const std::string& path, GDALDataset* dataset,
+                                                      OGRLayer* layer, HOString* reason) {
+    const std::string driver = dataset->GetDriverName();
+    const std::string name = layer->GetName();
+    if (driver == "PostgreSQL") {
+        if (*layer->GetFIDColumn() == '\0') {
+            *reason = "the table has no primary key";
+            return nullptr;
+        }
+        return std::make_unique<HOTransactionWriter>(path, name);
+    }
+    if (path.compare(0, 4, "/vsi") == 0 || path.find("://") != std::string::npos) {
+        *reason = "it is read over the network or from an archive";
+        return nullptr;
+    }
+    if (driver == "GPKG") {
+        if (!writable(path, reason)) return nullptr;
+        return std::make_unique<HOTransactionWriter>(path, name);
+    }
+    if (driver == "ESRI Shapefile") {
+        // A directory of shapefiles is edited file by file.
+        const std::string file =
+            QFileInfo(QString::fromStdString(path)).isDir() ? path + "/" + name + ".shp" : path;
+        if (!writable(file, reason)) return nullptr;
+        return std::make_unique<HOShapefileWriter>(file);
+    }
+    reason->Format("the %s format cannot be edited", dataset->GetDriver()->GetDescription());
+    return nullptr;
+}
+
+bool HOFeatureWriter::writable(const std::string& path, HOString* reason) {
+    // A file without write permission is read-only even for a user who could override that.
+    struct stat info;
+    const std::string dir = QFileInfo(QString::fromStdString(path)).absolutePath().toStdString();
+    if (::stat(path.c_str(), &info) != 0 || (info.st_mode & 0222) == 0 || ::access(path.c_str(), W_OK) != 0) {
+        reason->Format("'%s' is read-only", path.c_str());
+        return false;
+    }
+    // Journals and copies are written beside the file.
+    if (::access(dir.c_str(), W_OK) != 0) {
+        reason->Format("the folder '%s' is read-only", dir.c_str());
+        return false;
+    }
+    return true;
+}
+
+GDALDatasetUniquePtr HOFeatureWriter::openForUpdate(const std::string& path, HOString* reason) {
+    static const char* const options[] = {"AUTO_REPACK=NO", "DBF_DATE_LAST_UPDATE=2000-01-01", nullptr};
+    CPLErrorReset();
+    GDALDatasetUniquePtr dataset(
+        GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE, nullptr, options));
+    if (!dataset) reason->Format("cannot open '%s' for writing: %s", path.c_str(), CPLGetLastErrorMsg());
+    return dataset;
+}
+
+bool HOFeatureWriter::write(OGRLayer* layer, std::vector<HOFeatureChange>& changes, bool keepsIds,
+                            HOString* error) {
+    const OGRwkbGeometryType layerType = layer->GetGeomType();
+    for (HOFeatureChange& change : changes) {
+        if (change.before && !matchesStored(layer, *change.before, error)) return false;
+        CPLErrorReset();
+        if (!change.after) {
+            if (layer->DeleteFeature(change.before->GetID()) != OGRERR_NONE) {
+                error->Format("cannot delete feature %d: %s", change.before->GetID(), CPLGetLastErrorMsg());
+                return false;
+            }
+            continue;
+        }
+        OGRFeatureUniquePtr feature;
+        if (change.before)
+            feature.reset(layer->GetFeature(change.before->GetID()));
+        else
+            feature.reset(OGRFeature::CreateFeature(layer->GetLayerDefn()));
+        if (!fill(*feature, *change.after, layerType, error)) return false;
+        OGRErr result;
+        if (change.before) {
+            result = layer->SetFeature(feature.get());
+        } else {
+            feature->SetFID(keepsIds && change.after->GetID() >= 0 ? change.after->GetID() : OGRNullFID);
+            result = layer->CreateFeature(feature.get());
+        }
+        if (result != OGRERR_NONE) {
+            error->Format("cannot write the feature: %s", CPLGetLastErrorMsg());
+            return false;
+        }
+        if (!change.before)
+            change.after = new HOFeature(int(feature->GetFID()), change.after->GetGeometry(),
+                                         change.after->GetAttributes());
+    }
+    return true;
+}
+
+bool HOFeatureWriter::matchesStored(OGRLayer* layer, const HOFeature& expected, HOString* error) {
+    OGRFeatureUniquePtr stored(layer->GetFeature(expected.GetID()));
+    if (!stored) {
+        error->Format("feature %d no longer exists", expected.GetID());
+        return false;
+    }
+    const OGRGeometry* geometry = stored->GetGeometryRef();
+    const HORefPtr<HOGeometry> storedGeometry = geometry ? HOOgrGeometry::FromOgr(*geometry) : nullptr;
+    bool same = SameParts(Normalised(storedGeometry.get()), Normalised(expected.GetGeometry().get()));
+    for (const HOFeature::Attribute& attribute : expected.GetAttributes()) {
+        const int field = stored->GetFieldIndex(attribute.first.c_str());
+        const HOString value(field >= 0 && stored->IsFieldSetAndNotNull(field) ? stored->GetFieldAsString(field) : "");
+        same = same && field >= 0 && value == attribute.second;
+    }
+    if (!same) error->Format("feature %d was changed by someone else since it was read", expected.GetID());
+    return same;
+}
+
+bool HOFeatureWriter::fill(OGRFeature& target, const HOFeature& source, OGRwkbGeometryType layerType,
+                           HOString* error) {
+    OGRGeometryUniquePtr geometry =
+        source.GetGeometry() ? HOOgrGeometry::ToOgr(*source.GetGeometry()) : OGRGeometryUniquePtr();
+    if (geometry && !geometry->IsValid()) {
+        *error = "the geometry is not valid (it crosses itself or has too few points)";
+        return false;
+    }
+    // A single polygon in a layer of multipolygons (and the like) takes the layer's type.
+    if (geometry && wkbFlatten(layerType) != wkbUnknown)
+        geometry.reset(OGRGeometryFactory::forceTo(geometry.release(), layerType));
+    if (geometry) geometry->assignSpatialReference(target.GetDefnRef()->GetGeomFieldCount() > 0
+                                                       ? target.GetDefnRef()->GetGeomFieldDefn(0)->GetSpatialRef()
+                                                       : nullptr);
+    target.SetGeometryDirectly(geometry.release());
+    for (const HOFeature::Attribute& attribute : source.GetAttributes()) {
+        const int field = target.GetFieldIndex(attribute.first.c_str());
+        if (field < 0) {
+            error->Format("the layer has no field '%s'", attribute.first.c_str());
+            return false;
+        }
+        if (attribute.second.isEmpty())
+            target.SetFieldNull(field);
+        else
+            target.SetField(field, attribute.second.c_str());
+    }
+    return true;
+}
+
+}  // namespace HXObjects
