@@ -6,9 +6,12 @@
 #include "tools/HOCmdDigitizePolygon.h"
 #include "tools/HOCmdPasteElement.h"
 #include "tools/HOToolAddControlPoint.h"
+#include "tools/HOToolAddFeature.h"
 #include "tools/HOToolCopyElement.h"
 #include "tools/HOToolCutElement.h"
 #include "tools/HOToolDeleteElement.h"
+#include "tools/HOToolDeleteFeature.h"
+#include "tools/HOToolEditAttributes.h"
 #include "tools/HOToolIdentify.h"
 #include "tools/HOToolPan.h"
 #include "tools/HOToolPasteElement.h"
@@ -28,7 +31,8 @@ HOCMDPool::HOCMDPool() {
              new HOToolPan, new HOToolZoomIn, new HOToolZoomOut, new HOToolSingleSelect, new HOToolIdentify,
              new HOCmdDigitizeLine, new HOCmdDigitizePolygon, new HOToolAddControlPoint, new HOToolDeleteElement,
              new HOCmdDeleteElement, new HOToolCutElement, new HOToolCopyElement, new HOCmdCopyElement,
-             new HOToolPasteElement, new HOCmdPasteElement})
+             new HOToolPasteElement, new HOCmdPasteElement, new HOToolAddFeature, new HOToolDeleteFeature,
+             new HOToolEditAttributes})
         RegisterTool(tool);
 }
 

@@ -170,6 +170,10 @@ void HODigitizeTool::finish() {
         IsArea() ? (multi ? HOGeometry::GeoMultiPolygon : HOGeometry::GeoPolygon)
                  : (multi ? HOGeometry::GeoMultiLineString : HOGeometry::GeoLineString));
     for (auto& part : parts) geometry->AddPart(std::move(part));
+    Finished(geometry);
+}
+
+void HODigitizeTool::Finished(HORefPtr<HOGeometry> geometry) {
     const char* text = IsArea() ? QT_TRANSLATE_NOOP("HXObjects::HODigitizeTool", "Add polygon")
                                 : QT_TRANSLATE_NOOP("HXObjects::HODigitizeTool", "Add line");
     HOElementEditor::Add(TargetMap(), geometry, QCoreApplication::translate("HXObjects::HODigitizeTool", text));

@@ -14,23 +14,22 @@ namespace HXObjects {
 
 namespace {
 
-// Parts compared vertex by vertex, a ring's closing vertex aside (OGR closes rings, we may not).
-std::vector<HOGeometry::Part> Normalised(const HOGeometry* geometry) {
-    std::vector<HOGeometry::Part> parts = geometry ? geometry->Parts() : std::vector<HOGeometry::Part>();
-    for (HOGeometry::Part& part : parts)
-        if (part.size() > 2 && part.front().x == part.back().x && part.front().y == part.back().y)
-            part.pop_back();
-    return parts;
+// A geometry in a form that compares equal however a driver stored it: as a collection (a
+// shapefile may hand back a polygon as a multipolygon), in GEOS's normal vertex and ring order
+// (a shapefile turns rings round).
+OGRGeometryUniquePtr Comparable(const OGRGeometry* geometry) {
+    if (!geometry || geometry->IsEmpty()) return nullptr;
+    const OGRwkbGeometryType flat = wkbFlatten(geometry->getGeometryType());
+    OGRGeometryUniquePtr multi(OGRGeometryFactory::forceTo(
+        geometry->clone(), OGR_GT_IsSubClassOf(flat, wkbGeometryCollection) ? flat : OGR_GT_GetCollection(flat)));
+    OGRGeometryUniquePtr normal(multi ? multi->Normalize() : nullptr);
+    return normal ? std::move(normal) : std::move(multi);
 }
 
-bool SameParts(const std::vector<HOGeometry::Part>& a, const std::vector<HOGeometry::Part>& b) {
-    if (a.size() != b.size()) return false;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        if (a[i].size() != b[i].size()) return false;
-        for (std::size_t j = 0; j < a[i].size(); ++j)
-            if (a[i][j].x != b[i][j].x || a[i][j].y != b[i][j].y) return false;
-    }
-    return true;
+bool SameGeometry(const OGRGeometry* stored, const HOGeometry* expected) {
+    const OGRGeometryUniquePtr wanted = expected ? HOOgrGeometry::ToOgr(*expected) : nullptr;
+    const OGRGeometryUniquePtr a = Comparable(stored), b = Comparable(wanted.get());
+    return (!a && !b) || (a && b && a->Equals(b.get()));
 }
 
 }  // namespace
@@ -135,9 +134,7 @@ bool HOFeatureWriter::matchesStored(OGRLayer* layer, const HOFeature& expected, 
         error->Format("feature %d no longer exists", expected.GetID());
         return false;
     }
-    const OGRGeometry* geometry = stored->GetGeometryRef();
-    const HORefPtr<HOGeometry> storedGeometry = geometry ? HOOgrGeometry::FromOgr(*geometry) : nullptr;
-    bool same = SameParts(Normalised(storedGeometry.get()), Normalised(expected.GetGeometry().get()));
+    bool same = SameGeometry(stored->GetGeometryRef(), expected.GetGeometry().get());
     for (const HOFeature::Attribute& attribute : expected.GetAttributes()) {
         const int field = stored->GetFieldIndex(attribute.first.c_str());
         const HOString value(field >= 0 && stored->IsFieldSetAndNotNull(field) ? stored->GetFieldAsString(field) : "");
