@@ -11,6 +11,7 @@
 #include "source/private/HORasterLayerLoader.h"
 #include "source/private/HOShapefileWriter.h"
 #include "source/private/HOSharedDataset.h"
+#include "source/private/HOTransactionWriter.h"
 
 namespace HXObjects {
 
@@ -34,9 +35,10 @@ HORefPtr<HODataSource> HODataSource::Open(const HOString& path, HOString* error)
 }
 
 HORefPtr<HODataSource> HODataSource::open(const HOString& path, HOString* reason) {
-    // A shapefile edit interrupted by a crash is finished (or dropped) before anything reads it.
-    if (QFileInfo(path.toQString()).suffix().compare("shp", Qt::CaseInsensitive) == 0)
-        HOShapefileWriter::Recover(path.toStdString());
+    // An edit interrupted by a crash is finished or dropped before anything reads the file.
+    const QString suffix = QFileInfo(path.toQString()).suffix();
+    if (suffix.compare("shp", Qt::CaseInsensitive) == 0) HOShapefileWriter::Recover(path.toStdString());
+    if (suffix.compare("gpkg", Qt::CaseInsensitive) == 0) HOTransactionWriter::Recover(path.toStdString());
     GDALDatasetUniquePtr dataset = HOGdalOpener::Open(path.toStdString(), reason);
     if (!dataset) return nullptr;
     HORefPtr<HODataSource> source(new HODataSource);

@@ -2,6 +2,14 @@
 
 namespace HXObjects {
 
+void HOTransactionWriter::Recover(const std::string& gpkg) {
+    VSIStatBufL journal;
+    if (VSIStatL((gpkg + "-journal").c_str(), &journal) != 0 || journal.st_size == 0) return;
+    CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
+    static const char* const drivers[] = {"GPKG", nullptr};
+    GDALDatasetUniquePtr(GDALDataset::Open(gpkg.c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE, drivers));
+}
+
 bool HOTransactionWriter::Apply(std::vector<HOFeatureChange>& changes, HOString* error) {
     CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
     if (!m_dataset) m_dataset = openForUpdate(m_path, error);

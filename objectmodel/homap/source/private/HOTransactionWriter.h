@@ -12,6 +12,10 @@ public:
     HOTransactionWriter(std::string path, std::string layer) : HOFeatureWriter(std::move(path), std::move(layer)) {}
     bool Apply(std::vector<HOFeatureChange>& changes, HOString* error) override;
 
+    // A GeoPackage left with a hot journal by a crash in a transaction cannot be read read-only
+    // until SQLite has rolled that transaction back, which takes a connection that may write.
+    static void Recover(const std::string& gpkg);
+
 private:
     GDALDatasetUniquePtr m_dataset;
 };
