@@ -13,6 +13,7 @@
 #include "tools/HOToolDeleteFeature.h"
 #include "tools/HOToolEditAttributes.h"
 #include "tools/HOToolIdentify.h"
+#include "tools/HOToolMergeFeature.h"
 #include "tools/HOToolPan.h"
 #include "tools/HOToolPasteElement.h"
 #include "tools/HOToolSingleSelect.h"
@@ -32,7 +33,7 @@ HOCMDPool::HOCMDPool() {
              new HOCmdDigitizeLine, new HOCmdDigitizePolygon, new HOToolAddControlPoint, new HOToolDeleteElement,
              new HOCmdDeleteElement, new HOToolCutElement, new HOToolCopyElement, new HOCmdCopyElement,
              new HOToolPasteElement, new HOCmdPasteElement, new HOToolAddFeature, new HOToolDeleteFeature,
-             new HOToolEditAttributes})
+             new HOToolEditAttributes, new HOToolMergeFeature})
         RegisterTool(tool);
 }
 

@@ -5,11 +5,15 @@
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTreeView>
 #include <QtTest>
 
 #include "HODataSource.h"
 #include "HOFeatureLayer.h"
 #include "HOToolAddFeature.h"
+#include "HXCombineFeatureMethodDialog.h"
 #include "HXEditCanvas.h"
 #include "HXTestPostgres.h"
 #include "tools/HOFeatureAddedEvent.h"
@@ -18,7 +22,8 @@ using namespace HXObjects;
 
 namespace {
 
-// "name|WKT" of each feature, normalised so that ring order and orientation do not matter.
+// "name|WKT" of each feature, normalised so that ring order and orientation, and polygon or
+// multipolygon, do not matter.
 QStringList ReadBack(const QString& source, const QString& table) {
     CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
     GDALDatasetUniquePtr dataset(GDALDataset::Open(source.toUtf8(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
@@ -26,15 +31,20 @@ QStringList ReadBack(const QString& source, const QString& table) {
     if (!layer) return {"cannot read " + source};
     QStringList result;
     for (auto& feature : *layer) {
-        OGRGeometryUniquePtr geometry(feature->GetGeometryRef()->Normalize());
+        OGRGeometryUniquePtr geometry(
+            OGRGeometryFactory::forceToMultiPolygon(feature->GetGeometryRef()->clone())->Normalize());
         result << QString("%1|%2").arg(feature->GetFieldAsString("name"), geometry->exportToWkt().c_str());
     }
     result.sort();
     return result;
 }
 
+QString Ring(int x0, int y0, int size) {
+    return QString("((%1 %2,%1 %4,%3 %4,%3 %2,%1 %2))").arg(x0).arg(y0).arg(x0 + size).arg(y0 + size);
+}
+
 QString Square(const char* name, int x0, int y0, int size) {
-    return QString("%1|POLYGON ((%2 %3,%2 %5,%4 %5,%4 %3,%2 %3))").arg(name).arg(x0).arg(y0).arg(x0 + size).arg(y0 + size);
+    return QString("%1|MULTIPOLYGON (%2)").arg(name, Ring(x0, y0, size));
 }
 
 }  // namespace
@@ -64,7 +74,7 @@ class TestCanvasFeatureEdit : public QObject {
                                                                                  GDT_Unknown, nullptr));
         }
         if (!dataset) return false;
-        OGRLayer* layer = dataset->CreateLayer(table->toUtf8(), nullptr, wkbPolygon);
+        OGRLayer* layer = dataset->CreateLayer(table->toUtf8(), nullptr, wkbMultiPolygon);
         OGRFieldDefn name("name", OFTString);
         if (!layer || layer->CreateField(&name) != OGRERR_NONE) return false;
         for (const QString& row : {Square("a", 50, 50, 100), Square("b", 200, 50, 100)}) {
@@ -192,7 +202,9 @@ private slots:
             OGRFeatureUniquePtr a(l->GetNextFeature());
             QVERIFY(a);
             if (meddle == "moved") {
-                a->GetGeometryRef()->toPolygon()->getExteriorRing()->setPoint(1, 60, 150);
+                OGRGeometry* moved = nullptr;
+                OGRGeometryFactory::createFromWkt("MULTIPOLYGON (((50 50,60 150,150 150,150 50,50 50)))", nullptr, &moved);
+                a->SetGeometryDirectly(moved);
                 QCOMPARE(l->SetFeature(a.get()), OGRERR_NONE);
             } else {
                 QCOMPARE(l->DeleteFeature(a->GetFID()), OGRERR_NONE);
@@ -247,6 +259,48 @@ private slots:
         QFile after(path);
         QVERIFY(after.open(QIODevice::ReadOnly));
         QCOMPARE(after.readAll(), bytes);
+    }
+
+    void merge_data() {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QString>("answer");  // "largest", "b" or "cancel"
+        QTest::addColumn<QString>("result");  // the feature left with the other's geometry; empty: unchanged
+        const QString both = "|MULTIPOLYGON (" + Ring(200, 50, 100) + "," + Ring(50, 50, 100) + ")";
+        for (const char* kind : {"gpkg", "shp", "postgis"}) {
+            QTest::addRow("%s: largest (the first of equals)", kind) << kind << "largest" << "a" + both;
+            QTest::addRow("%s: the attributes of b", kind) << kind << "b" << "b" + both;
+            QTest::addRow("%s: abandoned", kind) << kind << "cancel" << "";
+        }
+    }
+
+    // Two disjoint squares selected by a box and merged: one feature of two parts with the chosen
+    // feature's attributes, the other deleted; undo brings both back.
+    void merge() {
+        OPEN_SOURCE();
+        QFETCH(QString, answer);
+        QFETCH(QString, result);
+        HXEditCanvas f;
+        QVERIFY(show(f, layer.get()));
+        const int b = layer->IdentifyAt(HOPoint(250, 100), 1).at(0);
+        HXModalAnswer<HXCombineFeatureMethodDialog> dialog([&](HXCombineFeatureMethodDialog* d) {
+            if (answer == "cancel") return;
+            if (answer == "b") {
+                auto* tree = d->findChild<QTreeView*>("treeView");
+                const QModelIndexList rows = tree->model()->match(tree->model()->index(0, 0), Qt::DisplayRole, QString::number(b));
+                QCOMPARE(rows.size(), 1);
+                QTest::mouseClick(d->findChild<QRadioButton*>("radioButton_feature"), Qt::LeftButton);
+                tree->setCurrentIndex(rows.first());
+            }
+            QTest::mouseClick(d->findChild<QPushButton*>("pushButton_continue"), Qt::LeftButton);
+        });
+        f.run("t HOToolSingleSelect; g 40 260 310 140; t HOToolMergeFeature");
+        QVERIFY(dialog.answered);
+        QCOMPARE(ReadBack(source, table), result.isEmpty() ? before : QStringList{result});
+        QCOMPARE(f.map->GetUndoStack()->count(), result.isEmpty() ? 0 : 1);
+        if (result.isEmpty()) return;
+        QCOMPARE(layer->GetFeatureCount(), 1);
+        f.map->GetUndoStack()->undo();
+        QCOMPARE(ReadBack(source, table), before);
     }
 
     void twoViews_data() {
