@@ -5,8 +5,8 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 jobs=$(nproc 2>/dev/null || echo 2)
 
 packages=(cmake ninja-build g++ ccache pkg-config qtbase5-dev qtbase5-dev-tools libqt5svg5-dev
-          qttools5-dev qttools5-dev-tools libgdal-dev libproj-dev libboost-dev fonts-dejavu-core fontconfig
-          clang libclang-rt-14-dev)
+          qttools5-dev qttools5-dev-tools libgdal-dev libproj-dev libgeos-dev libboost-dev fonts-dejavu-core fontconfig
+          clang libclang-rt-14-dev postgresql-15-postgis-3)
 bench_packages=(mapserver-bin python3-mapnik hyperfine)
 
 missing() {

@@ -11,9 +11,12 @@
 #include "tools/HOToolCutElement.h"
 #include "tools/HOToolDeleteElement.h"
 #include "tools/HOToolDeleteFeature.h"
+#include "tools/HOToolDoubleLine.h"
 #include "tools/HOToolEditAttributes.h"
 #include "tools/HOToolIdentify.h"
 #include "tools/HOToolMergeFeature.h"
+#include "tools/HOToolMeasureArea.h"
+#include "tools/HOToolMeasureDistance.h"
 #include "tools/HOToolPan.h"
 #include "tools/HOToolPasteElement.h"
 #include "tools/HOToolSingleSelect.h"
@@ -33,7 +36,8 @@ HOCMDPool::HOCMDPool() {
              new HOCmdDigitizeLine, new HOCmdDigitizePolygon, new HOToolAddControlPoint, new HOToolDeleteElement,
              new HOCmdDeleteElement, new HOToolCutElement, new HOToolCopyElement, new HOCmdCopyElement,
              new HOToolPasteElement, new HOCmdPasteElement, new HOToolAddFeature, new HOToolDeleteFeature,
-             new HOToolEditAttributes, new HOToolMergeFeature})
+             new HOToolEditAttributes, new HOToolMergeFeature, new HOToolDoubleLine, new HOToolMeasureDistance,
+             new HOToolMeasureArea})
         RegisterTool(tool);
 }
 

@@ -146,6 +146,24 @@ std::vector<int> HOFeatureLayer::IdentifyIn(const HORect& rect, const HOCoordina
     return ids;
 }
 
+std::vector<HOGeometry::Part> HOFeatureLayer::PartsIn(const HORect& rect,
+                                                      const HOCoordinateSystem* rectSystem) const {
+    std::vector<HOGeometry::Part> parts;
+    const std::shared_ptr<const HOFeatureStore> store = d->stores.MadeFor(rectSystem);
+    if (!store || !(rect.maxx >= rect.minx && rect.maxy >= rect.miny)) return parts;
+    const HOFeatureTopology& t = store->Topology();
+    const HOVertex* v = store->Vertices().data();
+    for (const uint32_t f : store->FeaturesIn(HOBoxOf(rect))) {
+        for (uint32_t part = t.PartBegin(f); part < t.PartEnd(f); ++part) {
+            HOGeometry::Part points;
+            points.reserve(t.VertexEnd(part) - t.VertexBegin(part));
+            for (uint32_t i = t.VertexBegin(part); i < t.VertexEnd(part); ++i) points.emplace_back(v[i].x, v[i].y);
+            parts.push_back(std::move(points));
+        }
+    }
+    return parts;
+}
+
 bool HOFeatureLayer::IsValid() const {
     return d && d->stores.Source();
 }

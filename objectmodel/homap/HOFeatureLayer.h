@@ -52,6 +52,10 @@ public:
                                 const HOCoordinateSystem* pointSystem = nullptr) const;
     // Ids of the features whose geometry meets the rectangle, in drawing order.
     std::vector<int> IdentifyIn(const HORect& rect, const HOCoordinateSystem* rectSystem = nullptr) const;
+    // The parts (points, paths, rings) of the features whose box meets the rectangle, through the
+    // spatial index, in the rectangle's system (the layer's own when null). None while the layer's
+    // copy in that system is still being made: callers on the GUI thread never wait for it.
+    std::vector<HOGeometry::Part> PartsIn(const HORect& rect, const HOCoordinateSystem* rectSystem = nullptr) const;
     // Bytes of geometry held in memory in the layer's own system (spatial index aside).
     std::size_t GetGeometryBytes() const;
 

@@ -124,6 +124,16 @@ void HOMap::SetMapDisplayUnit(HOUnitType unit) {
     m_unitSet = true;
 }
 
+int HOMap::GetSnapTolerance() const {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_snapTolerance;
+}
+
+void HOMap::SetSnapTolerance(int pixels) {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_snapTolerance = std::max(pixels, 0);
+}
+
 HORect HOMap::GetFullExtent() const {
     const auto layers = GetLayers(true);
     const auto system = GetSpatialReference();

@@ -47,6 +47,10 @@ public:
     void SetSpatialReference(HOCoordinateSystem* system);
     HOUnitType GetMapDisplayUnit() const;
     void SetMapDisplayUnit(HOUnitType unit);
+    // How near, in pixels, the pointer snaps to a vertex or segment while editing (10 by default;
+    // 0 turns snapping off for this map).
+    int GetSnapTolerance() const;
+    void SetSnapTolerance(int pixels);
     // The union of the visible layers' extents in the map's system; empty when there are none. A flat
     // union (one point, one straight line) is widened to be viewable.
     HORect GetFullExtent() const;
@@ -67,6 +71,7 @@ private:
     HOColor m_background{255, 255, 255};
     HOUnitType m_unit = HOUnitMeter;
     bool m_unitSet = false;
+    int m_snapTolerance = 10;
 };
 
 }  // namespace HXObjects

@@ -3,10 +3,12 @@
 // (0, 300) of a plain layer, one map unit per pixel with y growing upwards, so the pixel (x, y) is the
 // map point (x, 300 - y). run() plays a person's input from a small script, one step per ';':
 //   t NAME           install the command pool's tool NAME ("HXObjects::" is added)
-//   c X Y / d X Y    left click / double click (its first click included) at pixel (X, Y)
+//   c X Y [MOD]      left click at pixel (X, Y), with a modifier ("Alt", "Shift"...) held if given
+//   d X Y            double click (its first click included)
 //   m X Y            move the mouse there, no button held
 //   g X1 Y1 X2 Y2    drag with the left button
-//   r X Y ENTRY [| EDIT=TEXT ...]  right click; choose ENTRY in the menu and type into the dialog
+//   r X Y ENTRY [| EDIT=TEXT ...]  right click; choose ENTRY in the menu and type over the dialog's
+//                    line edits (found by object name)
 //   k KEYS           a key click such as "Return", "Escape", "Ctrl+C"
 //   o TEXT           the current tool's typed command
 #include <QKeySequence>
@@ -77,7 +79,7 @@ private:
         if (op == "t") {
             canvas.setMapTool(HXObjects::HOCMDPool::GetInstance()->GetTool(("HXObjects::" + w[1]).toUtf8().data()));
         } else if (op == "c") {
-            QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, at(1));
+            QTest::mouseClick(widget, Qt::LeftButton, modifier(w.value(3)), at(1));
         } else if (op == "d") {
             QTest::mouseClick(widget, Qt::LeftButton, Qt::NoModifier, at(1));
             QTest::mouseDClick(widget, Qt::LeftButton, Qt::NoModifier, at(1));
@@ -101,6 +103,11 @@ private:
         }
     }
 
+    static Qt::KeyboardModifiers modifier(const QString& name) {
+        return name.isEmpty() ? Qt::NoModifier
+                              : Qt::KeyboardModifiers(QKeySequence::fromString(name + "+A")[0] & Qt::KeyboardModifierMask);
+    }
+
     void move(const QPoint& pos, Qt::MouseButtons held) {
         QMouseEvent event(QEvent::MouseMove, pos, widget->mapToGlobal(pos), Qt::NoButton, held, Qt::NoModifier);
         QApplication::sendEvent(widget, &event);
@@ -110,8 +117,11 @@ private:
     void rightClick(const QPoint& pos, const QString& choice) {
         const QStringList fields = choice.section('|', 1).split(' ', Qt::SkipEmptyParts);
         HXModalAnswer<QDialog> dialog([&](QDialog* d) {
-            for (const QString& field : fields)
-                QTest::keyClicks(d->findChild<QLineEdit*>(field.section('=', 0, 0)), field.section('=', 1));
+            for (const QString& field : fields) {
+                QLineEdit* edit = d->findChild<QLineEdit*>(field.section('=', 0, 0));
+                edit->selectAll();  // typing replaces what the dialog proposed
+                QTest::keyClicks(edit, field.section('=', 1));
+            }
             d->accept();
         });
         HXPopupAnswer menu(choice.section('|', 0, 0).trimmed());

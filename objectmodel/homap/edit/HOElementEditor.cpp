@@ -39,11 +39,31 @@ int HOElementEditor::Add(HOMap* map, HORefPtr<HOGeometry> geometry, const QStrin
     if (!map || !geometry || geometry->IsEmpty()) return 0;
     HOGraphicsLayer* layer = map->GetGraphicsLayer().get();
     if (!style) style = HOGraphicsLayer::DefaultStyle(geometry->GetType());
-    HORefPtr<HOElement> element = layer->NewElement(geometry, style, label);
-    auto* command = new HOElementEditCommand(layer, text);
-    command->AddChange(nullptr, element);
+    return pushAdded(map, {layer->NewElement(geometry, style, label)}, text).front();
+}
+
+std::vector<int> HOElementEditor::AddAll(HOMap* map, const std::vector<HORefPtr<HOGeometry>>& geometries,
+                                         const QString& text) {
+    if (!map) return {};
+    HOGraphicsLayer* layer = map->GetGraphicsLayer().get();
+    std::vector<HORefPtr<HOElement>> elements;
+    for (const auto& geometry : geometries) {
+        if (geometry && !geometry->IsEmpty())
+            elements.push_back(layer->NewElement(geometry, HOGraphicsLayer::DefaultStyle(geometry->GetType())));
+    }
+    return elements.empty() ? std::vector<int>() : pushAdded(map, elements, text);
+}
+
+std::vector<int> HOElementEditor::pushAdded(HOMap* map, const std::vector<HORefPtr<HOElement>>& elements,
+                                            const QString& text) {
+    auto* command = new HOElementEditCommand(map->GetGraphicsLayer().get(), text);
+    std::vector<int> ids;
+    for (const auto& element : elements) {
+        command->AddChange(nullptr, element);
+        ids.push_back(element->GetID());
+    }
     Push(map, command);
-    return element->GetID();
+    return ids;
 }
 
 bool HOElementEditor::Remove(HOMap* map, int id, const QString& text) {
@@ -122,6 +142,16 @@ bool HOElementEditor::Move(HOMap* map, const std::vector<int>& ids, double dx, d
     const bool any = !command->IsEmpty();
     Push(map, command);
     return any;
+}
+
+bool HOElementEditor::Reshape(HOMap* map, int id, HORefPtr<HOGeometry> geometry, const QString& text) {
+    HOGraphicsLayer* layer = map ? map->GetGraphicsLayer().get() : nullptr;
+    HORefPtr<HOElement> element = layer ? layer->GetElement(id) : nullptr;
+    if (!element || !geometry) return false;
+    auto* command = new HOElementEditCommand(layer, text);
+    command->AddChange(element, element->WithGeometry(geometry));
+    Push(map, command);
+    return true;
 }
 
 HORefPtr<HOGeometry> HOElementEditor::Translated(const HOGeometry& geometry, double dx, double dy) {

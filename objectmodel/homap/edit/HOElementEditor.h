@@ -17,6 +17,10 @@ public:
     // Adds a new element made of the geometry (default style when none) and selects it. Its id, or 0.
     static int Add(HOMap* map, HORefPtr<HOGeometry> geometry, const QString& text,
                    HORefPtr<HOStyle> style = nullptr, const HOString& label = HOString());
+    // Adds one element per geometry (default styles) as one edit and selects them; their ids, none
+    // when there is nothing to add.
+    static std::vector<int> AddAll(HOMap* map, const std::vector<HORefPtr<HOGeometry>>& geometries,
+                                   const QString& text);
     // Removes the element with that id (`text` names the command).
     static bool Remove(HOMap* map, int id, const QString& text);
     // The selected elements; false when none is selected.
@@ -29,9 +33,14 @@ public:
     // Moves the elements by (dx, dy) map units.
     static bool Move(HOMap* map, const std::vector<int>& ids, double dx, double dy);
 
+    // Gives the element another geometry (`text` names the command).
+    static bool Reshape(HOMap* map, int id, HORefPtr<HOGeometry> geometry, const QString& text);
+
     static HORefPtr<HOGeometry> Translated(const HOGeometry& geometry, double dx, double dy);
 
 private:
+    static std::vector<int> pushAdded(HOMap* map, const std::vector<HORefPtr<HOElement>>& elements,
+                                      const QString& text);
     static bool removeSelected(HOMap* map, const char* verb);
 };
 

@@ -60,13 +60,14 @@ void HODigitizeTool::CancelPoint() {
 }
 
 void HODigitizeTool::OnMouseDown(int button, int x, int y) {
-    if (button == 1 && MapView()) AddPoint(ToMap(x, y));
+    if (button == 1 && MapView()) AddPoint(SnapToMap(x, y));
 }
 
 void HODigitizeTool::OnMouseMove(int, int x, int y) {
     if (!MapView()) return;
+    const HOPoint hover = SnapToMap(x, y);
     edit([&] {
-        m_hover = ToMap(x, y);
+        m_hover = hover;
         m_hovering = true;
     });
 }
@@ -132,6 +133,7 @@ void HODigitizeTool::DrawToolPaint(QPainter& painter, const HODisplayTransform& 
     for (const QPointF& vertex : Polyline(m_current, transform))
         painter.drawRect(QRectF(vertex.x() - 2, vertex.y() - 2, 4, 4));
     painter.restore();
+    DrawSnapMark(painter, transform);
 }
 
 HOGeometry::Part HODigitizeTool::usable(const HOGeometry::Part& part) const {
@@ -170,16 +172,17 @@ void HODigitizeTool::finish() {
         IsArea() ? (multi ? HOGeometry::GeoMultiPolygon : HOGeometry::GeoPolygon)
                  : (multi ? HOGeometry::GeoMultiLineString : HOGeometry::GeoLineString));
     for (auto& part : parts) geometry->AddPart(std::move(part));
-    Finished(geometry);
+    Create(TargetMap(), geometry);
 }
 
-void HODigitizeTool::Finished(HORefPtr<HOGeometry> geometry) {
+void HODigitizeTool::Create(HOMap* map, HORefPtr<HOGeometry> shape) {
     const char* text = IsArea() ? QT_TRANSLATE_NOOP("HXObjects::HODigitizeTool", "Add polygon")
                                 : QT_TRANSLATE_NOOP("HXObjects::HODigitizeTool", "Add line");
-    HOElementEditor::Add(TargetMap(), geometry, QCoreApplication::translate("HXObjects::HODigitizeTool", text));
+    HOElementEditor::Add(map, shape, QCoreApplication::translate("HXObjects::HODigitizeTool", text));
 }
 
 void HODigitizeTool::abandon() {
+    ForgetSnap();
     edit([&] {
         m_parts.clear();
         m_current.clear();

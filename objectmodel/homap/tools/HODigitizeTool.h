@@ -35,8 +35,8 @@ protected:
     // The buddy's new-path option of this kind of shape: -1 until its "New path" entry is chosen.
     virtual int NewPathOption(HOToolBuddy* buddy) const = 0;
     virtual void SetNewPathOption(HOToolBuddy* buddy, int option) const = 0;
-    // What becomes of a finished shape: by default a new element of the map's graphics layer.
-    virtual void Finished(HORefPtr<HOGeometry> geometry);
+    // Makes what the finished shape stands for; by default an element of that shape.
+    virtual void Create(HOMap* map, HORefPtr<HOGeometry> shape);
 
 private:
     // The part without repeated vertices (and, for a ring, closed); empty when too short.

@@ -2,6 +2,7 @@
 
 #include <ogr_spatialref.h>
 
+#include <QPainter>
 #include <Qt>
 #include <memory>
 
@@ -9,6 +10,7 @@
 #include "HOFeatureLayer.h"
 #include "HOGeometryProject.h"
 #include "HOMap.h"
+#include "edit/HOSnapper.h"
 
 namespace HXObjects {
 
@@ -82,6 +84,37 @@ void HOMapTool::ShowCursor(HOToolBuddy::HOCursor shape) const {
 HOToolBuddy::HOKeyboardModifier HOMapTool::Modifiers() const {
     HOToolBuddy* buddy = GetToolBuddy();
     return buddy ? buddy->GetKeyboardModifiers() : HOToolBuddy::NoModifier;
+}
+
+HOPoint HOMapTool::SnapToMap(int x, int y, int ignoredElement) {
+    const HOPoint point = ToMap(x, y);
+    const HOSnapResult snap = (Modifiers() & HOToolBuddy::AltModifier)
+                                  ? HOSnapResult{HOSnapResult::None, point}
+                                  : HOSnapper::Snap(point, MapView(), ignoredElement);
+    std::lock_guard<std::mutex> lock(paintMutex());
+    m_snap = snap;
+    return snap.point;
+}
+
+void HOMapTool::ForgetSnap() {
+    std::lock_guard<std::mutex> lock(paintMutex());
+    m_snap = HOSnapResult();
+}
+
+void HOMapTool::DrawSnapMark(QPainter& painter, const HODisplayTransform& transform) const {
+    if (!m_snap) return;
+    const HOPoint d = transform.ToDevice(m_snap.point);
+    const QRectF mark(d.x - 5, d.y - 5, 10, 10);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(255, 0, 255), 2));
+    painter.setBrush(Qt::NoBrush);
+    // A square on a vertex, a circle on a segment.
+    if (m_snap.kind == HOSnapResult::Vertex)
+        painter.drawRect(mark);
+    else
+        painter.drawEllipse(mark);
+    painter.restore();
 }
 
 }  // namespace HXObjects

@@ -2,8 +2,10 @@
 // HOMapTool: the base of the built-in tools that work on a map view. It gives them the map view
 // their input comes from, pixel-to-map conversion, and the buddy's cursor and keyboard modifiers.
 // A tool handed to any other kind of view does nothing. Every map tool answers the Delete key when
-// something is selected, so that the host's deletion takes over.
+// something is selected, so that the host's deletion takes over. Tools that place points snap them
+// to nearby vertices and segments (HOSnapper) unless Alt is held, and mark the snapped point.
 #include "HOMapView.h"
+#include "edit/HOSnapResult.h"
 #include "HOTool.h"
 #include "HOToolBuddy.h"
 
@@ -36,6 +38,16 @@ protected:
     double PixelsToMap(double pixels) const;
     void ShowCursor(HOToolBuddy::HOCursor shape) const;
     HOToolBuddy::HOKeyboardModifier Modifiers() const;
+
+    // The map point under a view pixel, snapped unless Alt is held (`ignoredElement` is never snapped
+    // to); the snap is remembered for DrawSnapMark until the next call or ForgetSnap.
+    HOPoint SnapToMap(int x, int y, int ignoredElement = 0);
+    void ForgetSnap();
+    // Marks the remembered snapped point; the caller holds paintMutex().
+    void DrawSnapMark(QPainter& painter, const HODisplayTransform& transform) const;
+
+private:
+    HOSnapResult m_snap;  // guarded by paintMutex
 };
 
 }  // namespace HXObjects

@@ -26,7 +26,7 @@ bool HOToolAddFeature::isPointLayer() const {
 
 void HOToolAddFeature::OnMouseDown(int button, int x, int y) {
     if (button == 1 && isPointLayer() && MapView())
-        AddPoint(ToMap(x, y));
+        AddPoint(SnapToMap(x, y));
     else
         HODigitizeTool::OnMouseDown(button, x, y);
 }
@@ -38,14 +38,14 @@ void HOToolAddFeature::AddPoint(const HOPoint& point) {
     }
     HORefPtr<HOGeometry> geometry = new HOGeometry(HOGeometry::GeoPoint);
     geometry->AddPart({point});
-    Finished(geometry);
+    Create(TargetMap(), geometry);
 }
 
-void HOToolAddFeature::Finished(HORefPtr<HOGeometry> geometry) {
+void HOToolAddFeature::Create(HOMap* map, HORefPtr<HOGeometry> geometry) {
     HOFeatureLayer* layer = HOFeatureEditor::Editable(m_layer.get(), this);
-    if (!layer || !HOFeatureEditor::ToLayer(TargetMap(), layer, geometry.get())) return;
+    if (!layer || !HOFeatureEditor::ToLayer(map, layer, geometry.get())) return;
     const std::vector<HOFeatureChange> written = HOFeatureEditor::Commit(
-        TargetMap(), layer, {{nullptr, new HOFeature(-1, geometry, {})}},
+        map, layer, {{nullptr, new HOFeature(-1, geometry, {})}},
         QCoreApplication::translate("HXObjects::HOToolAddFeature", "Add feature"), this);
     if (written.empty()) return;
     HOFeatureAddedEvent event;

@@ -30,7 +30,7 @@ protected:
     void SetNewPathOption(HOToolBuddy* buddy, int option) const override {
         buddy->setNewPathOption_AddFeature(option);
     }
-    void Finished(HORefPtr<HOGeometry> geometry) override;
+    void Create(HOMap* map, HORefPtr<HOGeometry> shape) override;
 
 private:
     bool isPointLayer() const;

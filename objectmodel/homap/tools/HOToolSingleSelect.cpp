@@ -1,5 +1,6 @@
 #include "HOToolSingleSelect.h"
 
+#include <QCoreApplication>
 #include <QPainter>
 #include <Qt>
 #include <algorithm>
@@ -72,18 +73,22 @@ void HOToolSingleSelect::ClearToolPaint() {
 }
 
 void HOToolSingleSelect::OnMouseDown(int button, int x, int y) {
-    if (button == 1) m_grabbed = elementAt(x, y);
-    if (!m_grabbed) return HORubberBandTool::OnMouseDown(button, x, y);
+    if (button == 1 && MapView())
+        m_handle = HOVertexHandle::At(selectedElements(), HOPoint(x, y), MapView()->GetDisplayTransform(),
+                                      HOVertexHandle::kHalfSize + 1);
+    if (button == 1 && !m_handle) m_grabbed = elementAt(x, y);
+    if (!m_grabbed && !m_handle) return HORubberBandTool::OnMouseDown(button, x, y);
     m_grabX = x;
     m_grabY = y;
     m_moving = false;
 }
 
 void HOToolSingleSelect::OnMouseMove(int button, int x, int y) {
+    if (m_handle) return dragHandle(x, y);
     if (!m_grabbed) return HORubberBandTool::OnMouseMove(button, x, y);
     m_moving = m_moving || std::abs(x - m_grabX) >= kMinimumBoxPixels || std::abs(y - m_grabY) >= kMinimumBoxPixels;
     if (!m_moving) return;
-    const HOPoint shift = ToMap(x, y) - ToMap(m_grabX, m_grabY);
+    const HOPoint shift = SnapToMap(x, y, m_grabbed->GetID()) - ToMap(m_grabX, m_grabY);
     std::vector<HORefPtr<HOGeometry>> preview;
     for (const auto& element : draggedElements(m_grabbed))
         preview.push_back(HOElementEditor::Translated(*element->GetGeometry(), shift.x, shift.y));
@@ -96,10 +101,11 @@ void HOToolSingleSelect::OnMouseMove(int button, int x, int y) {
 }
 
 void HOToolSingleSelect::OnMouseUp(int button, int x, int y) {
+    if (m_handle && button == 1) return dropHandle(x, y);
     if (!m_grabbed || button != 1) return HORubberBandTool::OnMouseUp(button, x, y);
     const HORefPtr<HOElement> grabbed = m_grabbed;
     const bool moved = m_moving;
-    const HOPoint from = ToMap(m_grabX, m_grabY), shift = ToMap(x, y) - from;
+    const HOPoint from = ToMap(m_grabX, m_grabY), shift = SnapToMap(x, y, grabbed->GetID()) - from;
     endDrag();
     if (!moved) return OnClick(from);
     std::vector<int> ids;
@@ -109,7 +115,7 @@ void HOToolSingleSelect::OnMouseUp(int button, int x, int y) {
 
 bool HOToolSingleSelect::OnKeyDown(int key) {
     if (key != Qt::Key_Escape) return HORubberBandTool::OnKeyDown(key);
-    if (m_grabbed) {
+    if (m_grabbed || m_handle) {
         endDrag();
     } else if (HOMap* map = TargetMap()) {
         map->GetGraphicsLayer()->ClearSelection();
@@ -123,6 +129,35 @@ void HOToolSingleSelect::DrawToolPaint(QPainter& painter, const HODisplayTransfo
     std::lock_guard<std::mutex> lock(paintMutex());
     HOGeometryPainter preview(painter, transform);
     for (const auto& geometry : m_preview) preview.DrawHighlight(*geometry, QColor(255, 0, 0), 1.0);
+    DrawSnapMark(painter, transform);
+    if (m_preview.empty()) HOVertexHandle::Draw(painter, transform, selectedElements());
+}
+
+std::vector<HORefPtr<HOElement>> HOToolSingleSelect::selectedElements() const {
+    HOMapView* view = MapView();
+    HOMap* map = view ? view->GetMap() : nullptr;
+    return map ? map->GetGraphicsLayer()->GetSelectedElements() : std::vector<HORefPtr<HOElement>>();
+}
+
+void HOToolSingleSelect::dragHandle(int x, int y) {
+    m_moving = m_moving || std::abs(x - m_grabX) >= kMinimumBoxPixels || std::abs(y - m_grabY) >= kMinimumBoxPixels;
+    if (!m_moving) return;
+    const HORefPtr<HOGeometry> moved = m_handle.Moved(SnapToMap(x, y, m_handle.element->GetID()));
+    {
+        std::lock_guard<std::mutex> lock(paintMutex());
+        m_preview = {moved};
+    }
+    RefreshPaint();
+}
+
+void HOToolSingleSelect::dropHandle(int x, int y) {
+    const HOVertexHandle handle = m_handle;
+    const bool moved = m_moving;
+    const HOPoint to = SnapToMap(x, y, handle.element->GetID());
+    endDrag();
+    if (!moved) return OnClick(ToMap(x, y));
+    HOElementEditor::Reshape(TargetMap(), handle.element->GetID(), handle.Moved(to),
+                             QCoreApplication::translate("HXObjects::HOToolSingleSelect", "Move vertex"));
 }
 
 HORefPtr<HOElement> HOToolSingleSelect::elementAt(int x, int y) const {
@@ -144,6 +179,8 @@ std::vector<HORefPtr<HOElement>> HOToolSingleSelect::draggedElements(const HORef
 void HOToolSingleSelect::endDrag() {
     const bool shown = m_moving;
     m_grabbed = nullptr;
+    m_handle = HOVertexHandle();
+    ForgetSnap();
     m_moving = false;
     {
         std::lock_guard<std::mutex> lock(paintMutex());

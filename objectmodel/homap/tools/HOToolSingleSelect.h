@@ -4,11 +4,14 @@
 // visible feature layers that meets it. Shift adds to the selection, control toggles. The number
 // of selected features is left in HOTool::selectFeatureNum. A drag that starts on a graphic element
 // moves the selected elements (or that element alone when it is not selected) as one undoable edit;
-// Escape drops a drag in progress, else the element selection.
+// Escape drops a drag in progress, else the element selection. Selected elements show a handle on
+// each vertex; dragging a handle moves that vertex, one undoable edit. Dragged vertices and elements
+// follow the pointer snapped to nearby vertices and segments (Alt held: not snapped).
 #include <vector>
 
 #include "HOElement.h"
 #include "HORubberBandTool.h"
+#include "HOVertexHandle.h"
 
 namespace HXObjects {
 
@@ -48,11 +51,17 @@ private:
     // The elements a drag from `grabbed` moves.
     std::vector<HORefPtr<HOElement>> draggedElements(const HORefPtr<HOElement>& grabbed) const;
     void endDrag();
+    // The selected elements, whose vertices have handles.
+    std::vector<HORefPtr<HOElement>> selectedElements() const;
+    void dragHandle(int x, int y);
+    void dropHandle(int x, int y);
 
     // An element drag in progress (the press was on an element).
     HORefPtr<HOElement> m_grabbed;
     int m_grabX = 0, m_grabY = 0;
     bool m_moving = false;
+    // A vertex handle drag in progress.
+    HOVertexHandle m_handle;
     // The dragged elements where they would land (guarded by paintMutex).
     std::vector<HORefPtr<HOGeometry>> m_preview;
 };
