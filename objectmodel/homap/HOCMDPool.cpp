@@ -13,6 +13,7 @@
 #include "tools/HOToolDeleteFeature.h"
 #include "tools/HOToolDoubleLine.h"
 #include "tools/HOToolEditAttributes.h"
+#include "tools/HOToolEditVertex.h"
 #include "tools/HOToolIdentify.h"
 #include "tools/HOToolMergeFeature.h"
 #include "tools/HOToolMeasureArea.h"
@@ -37,7 +38,7 @@ HOCMDPool::HOCMDPool() {
              new HOCmdDeleteElement, new HOToolCutElement, new HOToolCopyElement, new HOCmdCopyElement,
              new HOToolPasteElement, new HOCmdPasteElement, new HOToolAddFeature, new HOToolDeleteFeature,
              new HOToolEditAttributes, new HOToolMergeFeature, new HOToolDoubleLine, new HOToolMeasureDistance,
-             new HOToolMeasureArea})
+             new HOToolMeasureArea, new HOToolEditVertex})
         RegisterTool(tool);
 }
 

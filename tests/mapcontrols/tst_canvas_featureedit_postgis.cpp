@@ -31,12 +31,21 @@ QStringList ReadBack(const QString& source, const QString& table) {
     if (!layer) return {"cannot read " + source};
     QStringList result;
     for (auto& feature : *layer) {
-        OGRGeometryUniquePtr geometry(
-            OGRGeometryFactory::forceToMultiPolygon(feature->GetGeometryRef()->clone())->Normalize());
+        const OGRGeometryUniquePtr multi(OGRGeometryFactory::forceToMultiPolygon(feature->GetGeometryRef()->clone()));
+        const OGRGeometryUniquePtr geometry(multi->Normalize());
         result << QString("%1|%2").arg(feature->GetFieldAsString("name"), geometry->exportToWkt().c_str());
     }
     result.sort();
     return result;
+}
+
+// A "name|WKT" row normalised as ReadBack does.
+QString Normalised(const QString& row) {
+    OGRGeometry* parsed = nullptr;
+    OGRGeometryFactory::createFromWkt(row.section('|', 1).toUtf8().constData(), nullptr, &parsed);
+    const OGRGeometryUniquePtr multi(OGRGeometryFactory::forceToMultiPolygon(parsed));
+    const OGRGeometryUniquePtr geometry(multi->Normalize());
+    return row.section('|', 0, 0) + "|" + geometry->exportToWkt().c_str();
 }
 
 QString Ring(int x0, int y0, int size) {
@@ -299,6 +308,37 @@ private slots:
         QCOMPARE(f.map->GetUndoStack()->count(), result.isEmpty() ? 0 : 1);
         if (result.isEmpty()) return;
         QCOMPARE(layer->GetFeatureCount(), 1);
+        f.map->GetUndoStack()->undo();
+        QCOMPARE(ReadBack(source, table), before);
+    }
+
+    void vertices_data() {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QString>("script");
+        QTest::addColumn<QString>("result");  // square a after the edit; empty: refused
+        for (const char* kind : {"gpkg", "shp", "postgis"}) {
+            QTest::addRow("%s: vertex dragged", kind)
+                << kind << "c 100 200; g 150 250 170 270" << "a|POLYGON ((50 50,50 150,150 150,170 30,50 50))";
+            QTest::addRow("%s: vertex inserted on a segment", kind)
+                << kind << "c 100 200; d 100 250" << "a|POLYGON ((50 50,50 150,150 150,150 50,100 50,50 50))";
+            QTest::addRow("%s: vertex deleted", kind)
+                << kind << "c 100 200; m 150 250; k Backspace" << "a|POLYGON ((50 50,50 150,150 150,50 50))";
+            QTest::addRow("%s: drag that makes the ring cross itself", kind) << kind << "c 100 200; g 50 150 200 200" << "";
+        }
+    }
+
+    // A feature's vertices edited with the mouse; undo puts the square back.
+    void vertices() {
+        OPEN_SOURCE();
+        QFETCH(QString, script);
+        QFETCH(QString, result);
+        HXEditCanvas f;
+        QVERIFY(show(f, layer.get()));
+        f.run("t HOToolEditVertex; " + script);
+        QStringList expected = result.isEmpty() ? before : QStringList{Normalised(result), before.at(1)};
+        expected.sort();
+        QCOMPARE(ReadBack(source, table), expected);
+        QCOMPARE(f.map->GetUndoStack()->count(), result.isEmpty() ? 0 : 1);
         f.map->GetUndoStack()->undo();
         QCOMPARE(ReadBack(source, table), before);
     }
