@@ -68,7 +68,9 @@ int main(int argc, char** argv) {
         std::printf("%s: %.1f ms, its undo: %.1f ms\n", what, done, Ms(timer));
         return true;
     };
-    if (!edit("add a feature", {{nullptr, new HOFeature(-1, point, {{"name", "new"}})}}) ||
+    // The first edit opens the file for writing too.
+    if (!edit("first edit (add a feature)", {{nullptr, new HOFeature(-1, point, {{"name", "new"}})}}) ||
+        !edit("add a feature", {{nullptr, new HOFeature(-1, point, {{"name", "new"}})}}) ||
         !edit("delete a feature", {{layer->GetFeature(count / 2), nullptr}})) {
         std::fprintf(stderr, "%s\n", error.c_str());
         return 1;
