@@ -1,6 +1,7 @@
 #include "HXViewerWindow.h"
 
 #include "HOCMDPool.h"
+#include "HXFeatureEditing.h"
 #include "HOCallbackKey.h"
 #include "HOCoordinateSystem.h"
 #include "HOIdentifyEvent.h"
@@ -98,6 +99,7 @@ HXViewerWindow::HXViewerWindow(QWidget* parent) : QMainWindow(parent) {
     buildToolBar();
     buildMenus();
     bindIdentifyTool();
+    new HXFeatureEditing(mCanvas);
     restoreSettings();
     mCanvas->setFocus();
 }

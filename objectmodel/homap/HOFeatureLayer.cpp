@@ -267,6 +267,10 @@ bool HOFeatureLayer::reopenSource(HOString* error) {
     return true;
 }
 
+std::vector<std::pair<HOString, HOString>> HOFeatureLayer::GetFields() const {
+    return d->fields;
+}
+
 bool HOFeatureLayer::Reload(HOString* error) {
     std::lock_guard<std::mutex> editing(d->editMutex);
     if (d->writer && d->writer->ReplacesFiles() && !reopenSource(error)) return false;

@@ -74,6 +74,8 @@ public:
     // or was changed by someone else since it was read, a geometry is invalid, or the write fails.
     // The ids of added features are filled in. Writes the file: call it where that may take time.
     bool ApplyChanges(std::vector<HOFeatureChange>& changes, HOString* error);
+    // The attribute fields: name and type ("String", "Integer", "Real", "Date"… as OGR names them).
+    std::vector<std::pair<HOString, HOString>> GetFields() const;
     // Reads the geometry from the source again (what others wrote becomes visible).
     bool Reload(HOString* error = nullptr);
 

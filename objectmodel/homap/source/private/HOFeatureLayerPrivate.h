@@ -41,6 +41,7 @@ public:
     HOString readOnlyReason;
     std::mutex editMutex;
     std::map<int64_t, int64_t> renamed;
+    std::vector<std::pair<HOString, HOString>> fields;  // name, type
 };
 
 }  // namespace HXObjects

@@ -24,7 +24,7 @@ std::shared_ptr<const HOFeatureStore> HOFeatureStoreEditor::Apply(const HOFeatur
     const HOFeatureTopology& topology = store.Topology();
     for (std::size_t f = 0; f < store.FeatureCount(); ++f) {
         const auto found = replaced.find(topology.Id(f));
-        if (found == replaced.end())
+        if (found == replaced.end() || (found->second && !found->second->GetGeometry()))
             builder.CopyFeature(store, f);
         else if (found->second)
             builder.AppendFeature(OgrOf(*found->second).get(), found->first);

@@ -134,7 +134,7 @@ bool HOFeatureWriter::matchesStored(OGRLayer* layer, const HOFeature& expected, 
         error->Format("feature %d no longer exists", expected.GetID());
         return false;
     }
-    bool same = SameGeometry(stored->GetGeometryRef(), expected.GetGeometry().get());
+    bool same = !expected.GetGeometry() || SameGeometry(stored->GetGeometryRef(), expected.GetGeometry().get());
     for (const HOFeature::Attribute& attribute : expected.GetAttributes()) {
         const int field = stored->GetFieldIndex(attribute.first.c_str());
         const HOString value(field >= 0 && stored->IsFieldSetAndNotNull(field) ? stored->GetFieldAsString(field) : "");
@@ -146,8 +146,8 @@ bool HOFeatureWriter::matchesStored(OGRLayer* layer, const HOFeature& expected, 
 
 bool HOFeatureWriter::fill(OGRFeature& target, const HOFeature& source, OGRwkbGeometryType layerType,
                            HOString* error) {
-    OGRGeometryUniquePtr geometry =
-        source.GetGeometry() ? HOOgrGeometry::ToOgr(*source.GetGeometry()) : OGRGeometryUniquePtr();
+    if (!source.GetGeometry()) return fillAttributes(target, source, error);
+    OGRGeometryUniquePtr geometry = HOOgrGeometry::ToOgr(*source.GetGeometry());
     if (geometry && !geometry->IsValid()) {
         *error = "the geometry is not valid (it crosses itself or has too few points)";
         return false;
@@ -159,6 +159,10 @@ bool HOFeatureWriter::fill(OGRFeature& target, const HOFeature& source, OGRwkbGe
                                                        ? target.GetDefnRef()->GetGeomFieldDefn(0)->GetSpatialRef()
                                                        : nullptr);
     target.SetGeometryDirectly(geometry.release());
+    return fillAttributes(target, source, error);
+}
+
+bool HOFeatureWriter::fillAttributes(OGRFeature& target, const HOFeature& source, HOString* error) {
     for (const HOFeature::Attribute& attribute : source.GetAttributes()) {
         const int field = target.GetFieldIndex(attribute.first.c_str());
         if (field < 0) {

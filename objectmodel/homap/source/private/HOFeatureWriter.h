@@ -47,6 +47,7 @@ protected:
 private:
     static bool matchesStored(OGRLayer* layer, const HOFeature& expected, HOString* error);
     static bool fill(OGRFeature& target, const HOFeature& source, OGRwkbGeometryType layerType, HOString* error);
+    static bool fillAttributes(OGRFeature& target, const HOFeature& source, HOString* error);
     static bool writable(const std::string& path, HOString* reason);
 };
 
