@@ -203,10 +203,17 @@ void HOToolEditVertex::commit(std::vector<HOGeometry::Part> parts) {
     HORefPtr<HOGeometry> changed = new HOGeometry(m_feature->GetType());
     for (auto& part : parts) changed->AddPart(std::move(part));
     HORefPtr<HOFeatureLayer> layer = m_layer;
+    HORefPtr<HOGeometry> held = layer->GetFeatureGeometry(m_id);
+    if (!held) {
+        HOFeatureEditor::Report(this, HOString(QCoreApplication::translate("HXObjects::HOToolEditVertex",
+                                                                           "Feature %1 no longer exists").arg(m_id)));
+        release();
+        return;
+    }
     HOFeatureEditor::ToLayer(TargetMap(), layer.get(), changed.get());
     // The shape only: the attributes are not touched, nor compared.
     HOFeatureEditor::Commit(TargetMap(), layer.get(),
-                            {{new HOFeature(m_id, layer->GetFeatureGeometry(m_id), {}), new HOFeature(m_id, changed, {})}},
+                            {{new HOFeature(m_id, held, {}), new HOFeature(m_id, changed, {})}},
                             QCoreApplication::translate("HXObjects::HOToolEditVertex", "Edit vertices"), this);
     {
         std::lock_guard<std::mutex> lock(paintMutex());
