@@ -368,6 +368,28 @@ private slots:
         QVERIFY(layer->Reload(&error));
         QCOMPARE(layer->GetFeatureCount(), 1);
     }
+
+    // Last, as it stops the server: an edit while the database is gone is refused with the reason
+    // and leaves the layer as it was.
+    void databaseGone() {
+        if (!m_postgresUp) QSKIP(qPrintable("no PostgreSQL server: " + m_postgres.error()));
+        QString source, table;
+        QVERIFY(makeSource("postgis", &source, &table));
+        HORefPtr<HOFeatureLayer> layer = open(source, table);
+        QVERIFY(layer && layer->IsEditable());
+        HXEditCanvas f;
+        QVERIFY(show(f, layer.get()));
+        m_postgres.stop();
+        f.run("t HOToolSingleSelect; c 100 200; k Delete");
+        QCOMPARE(f.map->GetUndoStack()->count(), 0);
+        QCOMPARE(layer->GetFeatureCount(), 2);
+        std::vector<HOFeatureChange> add{{nullptr, new HOFeature(-1, layer->GetFeatureGeometry(layer->IdentifyAt(HOPoint(100, 100), 1).at(0)), {})}};
+        HOString error;
+        QVERIFY(!layer->ApplyChanges(add, &error));
+        QVERIFY2(!error.isEmpty(), "no reason given");
+        qInfo("with the database gone: %s", error.c_str());
+        QCOMPARE(layer->GetFeatureCount(), 2);
+    }
 };
 
 QTEST_MAIN(TestCanvasFeatureEdit)

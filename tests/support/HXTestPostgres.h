@@ -12,8 +12,11 @@
 
 class HXTestPostgres {
 public:
-    ~HXTestPostgres() {
+    ~HXTestPostgres() { stop(); }
+
+    void stop() {
         if (m_started) run(bin("pg_ctl"), {"-D", data(), "-m", "immediate", "-w", "stop"});
+        m_started = false;
     }
 
     bool start() {
