@@ -6,7 +6,8 @@ jobs=$(nproc 2>/dev/null || echo 2)
 
 packages=(cmake ninja-build g++ ccache pkg-config qtbase5-dev qtbase5-dev-tools libqt5svg5-dev
           qttools5-dev qttools5-dev-tools libssl-dev libgdal-dev libproj-dev libgeos-dev libboost-dev
-          fonts-dejavu-core fonts-noto-cjk fontconfig clang libclang-rt-14-dev poppler-utils)
+          fonts-dejavu-core fonts-noto-cjk fontconfig clang libclang-rt-14-dev poppler-utils
+          postgresql-15-postgis-3)
 bench_packages=(mapserver-bin python3-mapnik hyperfine)
 
 missing() {

@@ -1,6 +1,7 @@
 #include "HXViewerWindow.h"
 
 #include "HOCMDPool.h"
+#include "HXFeatureEditing.h"
 #include "HOCallbackKey.h"
 #include "HOCoordinateSystem.h"
 #include "HOIdentifyEvent.h"
@@ -103,6 +104,7 @@ HXViewerWindow::HXViewerWindow(QWidget* parent) : QMainWindow(parent) {
     buildMenus();
     buildEditing();
     bindIdentifyTool();
+    new HXFeatureEditing(mCanvas);
     restoreSettings();
     mCanvas->setFocus();
 }

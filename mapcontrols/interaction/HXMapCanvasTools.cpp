@@ -3,9 +3,11 @@
 #include <QApplication>
 #include <QCursor>
 
+#include "HOCMDPool.h"
 #include "HOCommandControl.h"
 #include "HOGeometry.h"
 #include "HOTool.h"
+#include "HOToolAddFeature.h"
 #include "HXApplication.h"
 #include "HXMapCanvas.h"
 #include "private/HXModeView.h"
@@ -129,6 +131,9 @@ void HXMapCanvas::clearToolpaint() const {
 
 void HXMapCanvas::setCurrentLayer(HOLayer* layer) {
     mCurrentLayer = layer;
+    // New features are added to the current layer.
+    if (auto* add = dynamic_cast<HOToolAddFeature*>(HOCMDPool::GetInstance()->GetTool("HXObjects::HOToolAddFeature")))
+        add->SetLayer(layer);
     emit currentLayerChanged(layer);
 }
 

@@ -6,11 +6,16 @@
 #include "tools/HOCmdDigitizePolygon.h"
 #include "tools/HOCmdPasteElement.h"
 #include "tools/HOToolAddControlPoint.h"
+#include "tools/HOToolAddFeature.h"
 #include "tools/HOToolCopyElement.h"
 #include "tools/HOToolCutElement.h"
 #include "tools/HOToolDeleteElement.h"
+#include "tools/HOToolDeleteFeature.h"
 #include "tools/HOToolDoubleLine.h"
+#include "tools/HOToolEditAttributes.h"
+#include "tools/HOToolEditVertex.h"
 #include "tools/HOToolIdentify.h"
+#include "tools/HOToolMergeFeature.h"
 #include "tools/HOToolMeasureArea.h"
 #include "tools/HOToolMeasureDistance.h"
 #include "tools/HOToolPan.h"
@@ -31,8 +36,9 @@ HOCMDPool::HOCMDPool() {
              new HOToolPan, new HOToolZoomIn, new HOToolZoomOut, new HOToolSingleSelect, new HOToolIdentify,
              new HOCmdDigitizeLine, new HOCmdDigitizePolygon, new HOToolAddControlPoint, new HOToolDeleteElement,
              new HOCmdDeleteElement, new HOToolCutElement, new HOToolCopyElement, new HOCmdCopyElement,
-             new HOToolPasteElement, new HOCmdPasteElement, new HOToolDoubleLine,
-             new HOToolMeasureDistance, new HOToolMeasureArea})
+             new HOToolPasteElement, new HOCmdPasteElement, new HOToolAddFeature, new HOToolDeleteFeature,
+             new HOToolEditAttributes, new HOToolMergeFeature, new HOToolDoubleLine, new HOToolMeasureDistance,
+             new HOToolMeasureArea, new HOToolEditVertex})
         RegisterTool(tool);
 }
 

@@ -6,6 +6,9 @@
 
 #include "source/private/HOFeatureHitTest.h"
 #include "source/private/HOFeatureLayerPrivate.h"
+#include "source/private/HOFeatureStoreEditor.h"
+#include "source/private/HOGdalOpener.h"
+#include "source/private/HOOgrGeometryReader.h"
 #include "render/private/HOFeatureRenderer.h"
 #include "render/private/HOFeatureStyleSet.h"
 
@@ -224,6 +227,86 @@ HORefPtr<HOGeometry> HOFeatureLayer::GetFeatureGeometry(int id) const {
 
 HOGeometry::GeoType HOFeatureLayer::GetGeometryType() const {
     return d->geometryType;
+}
+
+}  // namespace HXObjects
+
+namespace HXObjects {
+
+bool HOFeatureLayer::IsEditable() const {
+    return d->writer != nullptr;
+}
+
+HOString HOFeatureLayer::GetReadOnlyReason() const {
+    return d->writer ? HOString() : HOString("the layer cannot be edited: " + d->readOnlyReason.toQString());
+}
+
+bool HOFeatureLayer::ApplyChanges(std::vector<HOFeatureChange>& changes, HOString* error) {
+    HOString reason;
+    HOString& why = error ? *error : reason;
+    if (!d->writer) {
+        why = GetReadOnlyReason();
+        return false;
+    }
+    std::lock_guard<std::mutex> editing(d->editMutex);
+    std::vector<HOFeatureChange> written = changes;
+    for (HOFeatureChange& change : written) resolveIds(change);
+    if (!d->writer->Apply(written, &why)) return false;
+    noteIds(changes, written);
+    changes = written;
+    d->stores.ReplaceSource(HOFeatureStoreEditor::Apply(*d->stores.Source(), changes));
+    if (d->writer->ReplacesFiles() && !reopenSource(&why)) return false;
+    std::lock_guard<std::mutex> lock(d->mutex);
+    for (const HOFeatureChange& change : changes)
+        if (change.before && !change.after)
+            d->selected.erase(std::remove(d->selected.begin(), d->selected.end(), change.before->GetID()),
+                              d->selected.end());
+    return true;
+}
+
+void HOFeatureLayer::resolveIds(HOFeatureChange& change) const {
+    for (HORefPtr<HOFeature>* feature : {&change.before, &change.after}) {
+        const auto found = *feature ? d->renamed.find((*feature)->GetID()) : d->renamed.end();
+        if (found != d->renamed.end())
+            *feature = new HOFeature(int(found->second), (*feature)->GetGeometry(), (*feature)->GetAttributes());
+    }
+}
+
+void HOFeatureLayer::noteIds(const std::vector<HOFeatureChange>& wanted, const std::vector<HOFeatureChange>& written) {
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+        const HOFeatureChange& asked = wanted[i];
+        if (!asked.before && asked.after && asked.after->GetID() >= 0 &&
+            asked.after->GetID() != written[i].after->GetID())
+            d->renamed[asked.after->GetID()] = written[i].after->GetID();
+    }
+}
+
+bool HOFeatureLayer::reopenSource(HOString* error) {
+    std::lock_guard<std::mutex> lock(d->source->mutex);
+    const std::string name = d->ogrLayer->GetName();
+    GDALDatasetUniquePtr reopened = HOGdalOpener::Open(d->source->path, error);
+    OGRLayer* layer = reopened ? reopened->GetLayerByName(name.c_str()) : nullptr;
+    if (!layer) return false;
+    d->source->dataset = std::move(reopened);
+    d->ogrLayer = layer;
+    return true;
+}
+
+std::vector<std::pair<HOString, HOString>> HOFeatureLayer::GetFields() const {
+    return d->fields;
+}
+
+bool HOFeatureLayer::Reload(HOString* error) {
+    std::lock_guard<std::mutex> editing(d->editMutex);
+    if (d->writer && d->writer->ReplacesFiles() && !reopenSource(error)) return false;
+    std::lock_guard<std::mutex> lock(d->source->mutex);
+    CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
+    HOOgrGeometryReader reader;
+    reader.Read(d->ogrLayer);
+    auto topology = std::make_shared<HOFeatureTopology>(std::move(reader.Topology()));
+    d->stores.ReplaceSource(
+        std::make_shared<const HOFeatureStore>(topology, std::move(reader.Vertices()), std::move(reader.Boxes())));
+    return true;
 }
 
 }  // namespace HXObjects

@@ -12,6 +12,7 @@
 #include "HOLayer.h"
 #include "HOStyle.h"
 #include "HOUserFeatureRender.h"
+#include "HOFeatureChange.h"
 
 namespace HXObjects {
 
@@ -78,11 +79,29 @@ public:
     virtual HORefPtr<HOGeometry> GetFeatureGeometry(int id) const;
     virtual HOGeometry::GeoType GetGeometryType() const;
 
+    // Editing. A layer read from a GeoPackage, a shapefile or a PostgreSQL table with a primary key,
+    // that may be written, is editable; any other tells why not.
+    bool IsEditable() const;
+    HOString GetReadOnlyReason() const;
+    // Writes the changes to the data source in one transaction, then shows them. False with the
+    // reason, changing nothing on disk or on screen, when the layer is read-only, a feature is gone
+    // or was changed by someone else since it was read, a geometry is invalid, or the write fails.
+    // The ids of added features are filled in. Writes the file: call it where that may take time.
+    bool ApplyChanges(std::vector<HOFeatureChange>& changes, HOString* error);
+    // The attribute fields: name and type ("String", "Integer", "Real", "Date"… as OGR names them).
+    std::vector<std::pair<HOString, HOString>> GetFields() const;
+    // Reads the geometry from the source again (what others wrote becomes visible).
+    bool Reload(HOString* error = nullptr);
+
 protected:
     ~HOFeatureLayer() override;
 
 private:
     HOFeatureLayer();
+    // The change with the ids it names brought up to date; the ids re-added features were given noted.
+    void resolveIds(HOFeatureChange& change) const;
+    void noteIds(const std::vector<HOFeatureChange>& wanted, const std::vector<HOFeatureChange>& written);
+    bool reopenSource(HOString* error);
     friend class HOFeatureLayerLoader;
     class Private;
     std::unique_ptr<Private> d;

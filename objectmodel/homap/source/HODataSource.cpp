@@ -9,7 +9,9 @@
 #include "source/private/HOFeatureLayerLoader.h"
 #include "source/private/HOGdalOpener.h"
 #include "source/private/HORasterLayerLoader.h"
+#include "source/private/HOShapefileWriter.h"
 #include "source/private/HOSharedDataset.h"
+#include "source/private/HOTransactionWriter.h"
 
 namespace HXObjects {
 
@@ -33,6 +35,10 @@ HORefPtr<HODataSource> HODataSource::Open(const HOString& path, HOString* error)
 }
 
 HORefPtr<HODataSource> HODataSource::open(const HOString& path, HOString* reason) {
+    // An edit interrupted by a crash is finished or dropped before anything reads the file.
+    const QString suffix = QFileInfo(path.toQString()).suffix();
+    if (suffix.compare("shp", Qt::CaseInsensitive) == 0) HOShapefileWriter::Recover(path.toStdString());
+    if (suffix.compare("gpkg", Qt::CaseInsensitive) == 0) HOTransactionWriter::Recover(path.toStdString());
     GDALDatasetUniquePtr dataset = HOGdalOpener::Open(path.toStdString(), reason);
     if (!dataset) return nullptr;
     HORefPtr<HODataSource> source(new HODataSource);
@@ -41,7 +47,7 @@ HORefPtr<HODataSource> HODataSource::open(const HOString& path, HOString* reason
     if (dataset->GetLayerCount() > 0) {
         for (int i = 0; i < dataset->GetLayerCount(); ++i)
             source->d->names.emplace_back(dataset->GetLayer(i)->GetName());
-        source->d->vector = std::make_shared<HOSharedDataset>(std::move(dataset));
+        source->d->vector = std::make_shared<HOSharedDataset>(std::move(dataset), path.toStdString());
     } else {
         source->d->names.emplace_back(QFileInfo(path.toQString()).completeBaseName());
         source->d->raster = std::move(dataset);

@@ -2,6 +2,7 @@
 
 #include "render/private/HOFeatureStyleSet.h"
 #include "source/private/HOFeatureLayerPrivate.h"
+#include "source/private/HOFeatureWriter.h"
 #include "source/private/HOOgrGeometryReader.h"
 
 namespace HXObjects {
@@ -38,6 +39,11 @@ HORefPtr<HOFeatureLayer> HOFeatureLayerLoader::Load(const std::shared_ptr<HOShar
                                                                            : HOFeatureKind::Polygon;
     result->d->style = HOFeatureStyleSet::DefaultStyle(kind);
     result->SetName(layer->GetName());
+    for (int i = 0; i < layer->GetLayerDefn()->GetFieldCount(); ++i) {
+        const OGRFieldDefn* field = layer->GetLayerDefn()->GetFieldDefn(i);
+        result->d->fields.emplace_back(field->GetNameRef(), OGRFieldDefn::GetFieldTypeName(field->GetType()));
+    }
+    result->d->writer = HOFeatureWriter::For(source->path, source->dataset.get(), layer, &result->d->readOnlyReason);
     return result;
 }
 

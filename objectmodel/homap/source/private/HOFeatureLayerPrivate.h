@@ -5,12 +5,14 @@
 // dataset's own mutex the OGR layer; the stores guard themselves. Lock order: mutex, then source.
 #include <ogrsf_frmts.h>
 
+#include <map>
 #include <mutex>
 
 #include "HOCoordinateSystem.h"
 #include "render/labels/private/HOLayerLabels.h"
 #include "render/private/HOFeatureCategories.h"
 #include "HOFeatureLayer.h"
+#include "source/private/HOFeatureWriter.h"
 #include "source/private/HOProjectedStores.h"
 #include "source/private/HOSharedDataset.h"
 
@@ -39,6 +41,13 @@ public:
     std::vector<int64_t> selected;  // ascending
     std::shared_ptr<const HOFeatureCategories> categories;
     HOLayerLabels labels;  // guards itself
+    // Editing: the writer, or why there is none. Edits run on one thread at a time (editMutex);
+    // a shapefile's re-added feature gets a new id, and later edits that name the old one mean it.
+    std::unique_ptr<HOFeatureWriter> writer;
+    HOString readOnlyReason;
+    std::mutex editMutex;
+    std::map<int64_t, int64_t> renamed;
+    std::vector<std::pair<HOString, HOString>> fields;  // name, type
 };
 
 }  // namespace HXObjects

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <memory>
 
+#include "source/private/HOFeatureStore.h"
+
 namespace HXObjects {
 
 namespace {
@@ -59,14 +61,36 @@ void HOOgrGeometryReader::Read(OGRLayer* layer) {
     }
     std::size_t count = 0;
     while (OGRFeatureUniquePtr feature{layer->GetNextFeature()}) {
-        const OGRGeometry* geometry = feature->GetGeometryRef();
-        const HOFeatureKind kind = geometry ? append(geometry) : HOFeatureKind::Empty;
-        m_topology.EndFeature(kind, feature->GetFID());
-        m_boxes.push_back(m_box);
-        m_box = HOBox();
-        ++m_kindCounts[int(kind)];
+        AppendFeature(feature->GetGeometryRef(), feature->GetFID());
         if (++count == 1024 && expected > 0) reserveFor(std::size_t(expected), count);
     }
+    Finish();
+}
+
+void HOOgrGeometryReader::AppendFeature(const OGRGeometry* geometry, int64_t id) {
+    const HOFeatureKind kind = geometry ? append(geometry) : HOFeatureKind::Empty;
+    endFeature(kind, id);
+}
+
+void HOOgrGeometryReader::CopyFeature(const HOFeatureStore& store, std::size_t feature) {
+    const HOFeatureTopology& t = store.Topology();
+    const HOVertex* v = store.Vertices().data();
+    for (uint32_t part = t.PartBegin(feature); part < t.PartEnd(feature); ++part) {
+        m_vertices.insert(m_vertices.end(), v + t.VertexBegin(part), v + t.VertexEnd(part));
+        m_topology.EndPart(uint32_t(m_vertices.size()), t.PartKind(feature, part));
+    }
+    m_box = store.FeatureBox(feature);
+    endFeature(t.Kind(feature), t.Id(feature));
+}
+
+void HOOgrGeometryReader::endFeature(HOFeatureKind kind, int64_t id) {
+    m_topology.EndFeature(kind, id);
+    m_boxes.push_back(m_box);
+    m_box = HOBox();
+    ++m_kindCounts[int(kind)];
+}
+
+void HOOgrGeometryReader::Finish() {
     m_topology.Compact();
     // Copying the array is only worth it when much of it would stand empty.
     if (m_vertices.capacity() > m_vertices.size() + m_vertices.size() / 8) m_vertices.shrink_to_fit();

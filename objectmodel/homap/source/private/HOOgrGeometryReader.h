@@ -11,9 +11,16 @@ class OGRSimpleCurve;
 
 namespace HXObjects {
 
+class HOFeatureStore;
+
 class HOOgrGeometryReader {
 public:
     void Read(OGRLayer* layer);
+    // For building a store feature by feature: one feature of OGR geometry (null for none), or a
+    // copy of one feature of a store; Finish() once the last is in.
+    void AppendFeature(const OGRGeometry* geometry, int64_t id);
+    void CopyFeature(const HOFeatureStore& store, std::size_t feature);
+    void Finish();
 
     HOFeatureTopology& Topology() { return m_topology; }
     std::vector<HOVertex>& Vertices() { return m_vertices; }
@@ -25,6 +32,7 @@ public:
 private:
     HOFeatureKind append(const OGRGeometry* geometry);
     void appendCurve(const OGRSimpleCurve* curve, HOFeatureKind kind);
+    void endFeature(HOFeatureKind kind, int64_t id);
     void reserveFor(std::size_t features, std::size_t read);
 
     HOFeatureTopology m_topology;

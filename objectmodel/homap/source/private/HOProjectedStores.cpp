@@ -9,16 +9,30 @@ HOProjectedStores::HOProjectedStores(std::shared_ptr<const HOFeatureStore> sourc
                                      HORefPtr<HOCoordinateSystem> sourceSystem)
     : m_source(std::move(source)), m_system(std::move(sourceSystem)) {}
 
+std::shared_ptr<const HOFeatureStore> HOProjectedStores::Source() const {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_source;
+}
+
+void HOProjectedStores::ReplaceSource(std::shared_ptr<const HOFeatureStore> source) {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_source = std::move(source);
+    m_copies.clear();
+}
+
 std::shared_ptr<const HOFeatureStore> HOProjectedStores::StoreFor(const HOCoordinateSystem* target) {
-    if (!target || !m_system || target == m_system.get()) return m_source;
+    const std::shared_ptr<const HOFeatureStore> source = Source();
+    if (!target || !m_system || target == m_system.get()) return source;
     bool found = false;
     if (auto store = find(target, &found); found) return store;
     std::shared_ptr<const HOFeatureStore> store;
     if (HOExtentProjector::IsIdentity(m_system.get(), target))
-        store = m_source;
+        store = source;
     else
-        store = HOStoreReprojector::Project(*m_source, m_system.get(), target);
+        store = HOStoreReprojector::Project(*source, m_system.get(), target);
     std::lock_guard<std::mutex> lock(m_mutex);
+    // An edit replaced the source meanwhile: this copy is of the old one.
+    if (source != m_source) return store;
     // Two threads may have made it at once: the first one kept wins.
     for (const Copy& copy : m_copies)
         if (copy.first.get() == target) return copy.second;
@@ -27,7 +41,7 @@ std::shared_ptr<const HOFeatureStore> HOProjectedStores::StoreFor(const HOCoordi
 }
 
 std::shared_ptr<const HOFeatureStore> HOProjectedStores::MadeFor(const HOCoordinateSystem* target) {
-    if (!target || !m_system || target == m_system.get()) return m_source;
+    if (!target || !m_system || target == m_system.get()) return Source();
     bool found = false;
     return find(target, &found);
 }

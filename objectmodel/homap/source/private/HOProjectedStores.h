@@ -18,7 +18,9 @@ public:
     HOProjectedStores(std::shared_ptr<const HOFeatureStore> source,
                       HORefPtr<HOCoordinateSystem> sourceSystem);
 
-    std::shared_ptr<const HOFeatureStore> Source() const { return m_source; }
+    std::shared_ptr<const HOFeatureStore> Source() const;
+    // After an edit: the new source; the copies in other systems are made again when asked for.
+    void ReplaceSource(std::shared_ptr<const HOFeatureStore> source);
     // The source store when no transformation is needed; null when none exists.
     std::shared_ptr<const HOFeatureStore> StoreFor(const HOCoordinateSystem* target);
     // The copy for the target if it is made already (the source when none is needed), else null.

@@ -1,0 +1,91 @@
+#include "HOFeatureEditor.h"
+
+#include <QCoreApplication>
+#include <QUndoStack>
+
+#include "HOFeatureEditCommand.h"
+#include "HOCoordinateSystem.h"
+#include "HOGeometryProject.h"
+#include "HOMap.h"
+#include "HOTool.h"
+#include "HOToolBuddy.h"
+
+namespace HXObjects {
+
+void HOFeatureEditor::Report(HOTool* tool, const HOString& text) {
+    if (HOToolBuddy* buddy = tool ? tool->GetToolBuddy() : nullptr) buddy->ShowMessage(text);
+}
+
+HOFeatureLayer* HOFeatureEditor::Editable(HOLayer* layer, HOTool* tool) {
+    auto* features = dynamic_cast<HOFeatureLayer*>(layer);
+    if (!features) {
+        Report(tool, QCoreApplication::translate("HXObjects::HOFeatureEditor", "Choose a feature layer to edit"));
+        return nullptr;
+    }
+    if (!features->IsEditable()) {
+        Report(tool, HOString(features->GetName().toQString() + ": " + features->GetReadOnlyReason().toQString()));
+        return nullptr;
+    }
+    return features;
+}
+
+HOFeatureEditCommand* HOFeatureEditor::apply(HOFeatureLayer* layer, std::vector<HOFeatureChange> changes,
+                                             const QString& text, HOTool* tool, QUndoCommand* parent) {
+    if (!Editable(layer, tool) || changes.empty()) return nullptr;
+    HORefPtr<HOTool> reporter(tool);
+    HOString error;
+    HOFeatureEditCommand* command = HOFeatureEditCommand::Write(
+        layer, std::move(changes), text, [reporter](const HOString& why) { Report(reporter.get(), why); }, parent,
+        &error);
+    if (!command) Report(tool, error);
+    return command;
+}
+
+std::vector<HOFeatureChange> HOFeatureEditor::Commit(HOMap* map, HOFeatureLayer* layer,
+                                                     std::vector<HOFeatureChange> changes, const QString& text,
+                                                     HOTool* tool) {
+    HOFeatureEditCommand* command = map ? apply(layer, std::move(changes), text, tool, nullptr) : nullptr;
+    if (!command) return {};
+    std::vector<HOFeatureChange> written = command->Changes();
+    map->GetUndoStack()->push(command);
+    return written;
+}
+
+bool HOFeatureEditor::ToLayer(HOMap* map, HOFeatureLayer* layer, HOGeometry* geometry) {
+    HORefPtr<HOCoordinateSystem> from = map ? map->GetSpatialReference() : nullptr;
+    HORefPtr<HOCoordinateSystem> to = layer->GetSpatialReference();
+    if (!from || !to || from->IsSame(to.get())) return true;
+    HOGeometryProject project;
+    return project.SetPrj(from.get(), to.get(), nullptr) && project.ProjHxGeometry(geometry, geometry->GetType());
+}
+
+HORefPtr<HOFeature> HOFeatureEditor::Current(HOFeatureLayer* layer, int id) {
+    return layer->GetFeature(id);
+}
+
+int HOFeatureEditor::DeleteSelected(HOMap* map, HOTool* tool) {
+    if (!map) return 0;
+    std::vector<std::pair<HOFeatureLayer*, std::vector<HOFeatureChange>>> edits;
+    int count = 0;
+    for (const HORefPtr<HOLayer>& each : map->GetLayers()) {
+        auto* layer = dynamic_cast<HOFeatureLayer*>(each.get());
+        if (!layer || !layer->HasSelectedFeatures() || !Editable(layer, tool)) continue;
+        std::vector<HOFeatureChange> changes;
+        for (const int id : layer->GetSelectedIds())
+            if (HORefPtr<HOFeature> feature = Current(layer, id)) changes.push_back({feature, nullptr});
+        count += int(changes.size());
+        edits.emplace_back(layer, std::move(changes));
+    }
+    if (count == 0) return 0;
+    // One undo step for all layers; a layer that refuses keeps its features and is not in it.
+    auto group = std::make_unique<QUndoCommand>(
+        QCoreApplication::translate("HXObjects::HOFeatureEditor", "Delete %n feature(s)", nullptr, count));
+    int deleted = 0;
+    for (auto& edit : edits)
+        if (HOFeatureEditCommand* command = apply(edit.first, std::move(edit.second), group->text(), tool, group.get()))
+            deleted += int(command->Changes().size());
+    if (deleted > 0) map->GetUndoStack()->push(group.release());
+    return deleted;
+}
+
+}  // namespace HXObjects

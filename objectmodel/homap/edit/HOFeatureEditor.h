@@ -1,0 +1,42 @@
+#pragma once
+// HOFeatureEditor: what the feature tools share — the one way an edit of features reaches a layer:
+// refused with the layer's reason when it is read-only, written as one command, pushed on the map's
+// undo stack when the write worked, and any refusal shown in the host's message bar.
+#include <QString>
+#include <QUndoCommand>
+#include <vector>
+
+#include "HOFeatureChange.h"
+#include "HOFeatureLayer.h"
+
+namespace HXObjects {
+
+class HOMap;
+class HOTool;
+class HOFeatureEditCommand;
+
+class HOFeatureEditor {
+public:
+    // The changes as written (new ids filled in); empty with the reason shown when refused.
+    static std::vector<HOFeatureChange> Commit(HOMap* map, HOFeatureLayer* layer, std::vector<HOFeatureChange> changes,
+                                               const QString& text, HOTool* tool);
+    // The selected features of every editable feature layer of the map deleted, one command per
+    // layer (one undo step for all); a read-only layer with a selection is named with its reason.
+    static int DeleteSelected(HOMap* map, HOTool* tool);
+    // A feature as it is now, for the `before` of a change; null when it is gone.
+    static HORefPtr<HOFeature> Current(HOFeatureLayer* layer, int id);
+    // Tells the user through the tool's host.
+    static void Report(HOTool* tool, const HOString& text);
+    // A geometry drawn on the map, in the map's system, brought into the layer's; false (reported
+    // by the caller) when it cannot be.
+    static bool ToLayer(HOMap* map, HOFeatureLayer* layer, HOGeometry* geometry);
+    // The layer as an editable feature layer; null, with its reason reported, otherwise.
+    static HOFeatureLayer* Editable(HOLayer* layer, HOTool* tool);
+
+private:
+    // The command, written (a child of `parent` when given); null with the reason reported.
+    static HOFeatureEditCommand* apply(HOFeatureLayer* layer, std::vector<HOFeatureChange> changes,
+                                       const QString& text, HOTool* tool, QUndoCommand* parent);
+};
+
+}  // namespace HXObjects

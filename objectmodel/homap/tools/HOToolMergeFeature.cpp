@@ -1,0 +1,74 @@
+#include "HOToolMergeFeature.h"
+
+#include <QCoreApplication>
+
+#include "HOFeatureLayer.h"
+#include "HOMap.h"
+#include "edit/HOFeatureEditor.h"
+#include "edit/HOFeatureMerge.h"
+
+namespace HXObjects {
+
+namespace {
+
+QString Tr(const char* text) {
+    return QCoreApplication::translate("HXObjects::HOToolMergeFeature", text);
+}
+
+}  // namespace
+
+void HOToolMergeFeature::Activate() {
+    HOToolSingleSelect::Activate();
+    if (HOFeatureLayer* layer = selectedLayer()) merge(layer);
+}
+
+HOFeatureLayer* HOToolMergeFeature::selectedLayer() {
+    HOMap* map = TargetMap();
+    std::vector<HOFeatureLayer*> selected;
+    for (const HORefPtr<HOLayer>& layer : map ? map->GetLayers() : std::vector<HORefPtr<HOLayer>>()) {
+        auto* features = dynamic_cast<HOFeatureLayer*>(layer.get());
+        if (features && features->HasSelectedFeatures()) selected.push_back(features);
+    }
+    if (selected.size() != 1 || selected.front()->GetSelectedIds().size() < 2) {
+        HOFeatureEditor::Report(this, Tr("Select two or more features of one layer to merge them"));
+        return nullptr;
+    }
+    return HOFeatureEditor::Editable(selected.front(), this);
+}
+
+void HOToolMergeFeature::merge(HOFeatureLayer* layer) {
+    std::vector<HORefPtr<HOFeature>> features;
+    for (const int id : layer->GetSelectedIds()) {
+        HORefPtr<HOFeature> feature = HOFeatureEditor::Current(layer, id);
+        if (!feature) {
+            HOFeatureEditor::Report(this, HOString(Tr("Feature %1 no longer exists").arg(id)));
+            return;
+        }
+        features.push_back(feature);
+    }
+    HOString error;
+    HORefPtr<HOGeometry> merged = HOFeatureMerge::Union(features, &error);
+    if (!merged) {
+        HOFeatureEditor::Report(this, error);
+        return;
+    }
+    const int answer = GetToolBuddy() ? GetToolBuddy()->combineFeatureAttributeFID(layer) : -1;
+    if (answer == -2) return;
+    std::size_t kept = answer == -1 ? HOFeatureMerge::Largest(features) : features.size();
+    for (std::size_t i = 0; i < features.size(); ++i)
+        if (features[i]->GetID() == answer) kept = i;
+    if (kept == features.size()) {
+        HOFeatureEditor::Report(this, HOString(Tr("Feature %1 is not among the selected features").arg(answer)));
+        return;
+    }
+    std::vector<HOFeatureChange> changes;
+    for (std::size_t i = 0; i < features.size(); ++i) {
+        const HORefPtr<HOFeature>& f = features[i];
+        changes.push_back({f, i == kept ? new HOFeature(f->GetID(), merged, f->GetAttributes()) : nullptr});
+    }
+    if (!HOFeatureEditor::Commit(TargetMap(), layer, std::move(changes),
+                                 Tr("Merge %1 features").arg(features.size()), this).empty())
+        layer->SetSelectedIds({features[kept]->GetID()});
+}
+
+}  // namespace HXObjects
