@@ -28,6 +28,14 @@ namespace {
                                     X(bl_grid_ruler_label_font_width) X(bl_grid_ruler_label_font_color)   \
                                         X(convert_scale) X(ruler_unit_type)
 
+// Every label setting, written under its own name.
+#define HO_LABEL_FIELDS(X)                                                                            \
+    X(expression) X(fontFamily) X(fontSize) X(bold) X(color) X(haloColor) X(haloWidth) X(minScale) \
+        X(maxScale) X(priority) X(repeatDistance)
+
+QJsonValue toJson(const QString& v) {
+    return v;
+}
 QJsonValue toJson(bool v) {
     return v;
 }
@@ -44,6 +52,9 @@ QJsonValue toJson(const HOColor& c) {
     return c.toQColor().name(QColor::HexArgb);
 }
 
+void fromJson(const QJsonValue& j, QString* v) {
+    *v = j.toString(*v);
+}
 void fromJson(const QJsonValue& j, bool* v) {
     *v = j.toBool(*v);
 }
@@ -78,6 +89,22 @@ void gridFromJson(const QJsonObject& json, HOMapRulerAndGrid* g){
     }
     HO_GRID_FIELDS(HO_READ)
 #undef HO_READ
+}
+
+QJsonObject labelsToJson(const HOLabelSettings& s) {
+    QJsonObject json;
+#define HO_WRITE(name) json[#name] = toJson(s.name);
+    HO_LABEL_FIELDS(HO_WRITE)
+#undef HO_WRITE
+    return json;
+}
+
+HOLabelSettings labelsFromJson(const QJsonObject& json) {
+    HOLabelSettings s;
+#define HO_READ(name) fromJson(json[#name], &s.name);
+    HO_LABEL_FIELDS(HO_READ)
+#undef HO_READ
+    return s;
 }
 
 QJsonObject styleToJson(const HOStyle& s) {
@@ -132,9 +159,13 @@ QString absoluteSource(const QString& source, const QDir& folder) {
 QJsonObject layerToJson(HOLayer& layer, const QDir& folder) {
     QJsonObject json{{"source", relativeSource(layer.GetSource().toQString(), folder)},
                      {"name", layer.GetName().toQString()},
-                     {"visible", layer.IsVisible()}};
+                     {"visible", layer.IsVisible()},
+                     {"opacity", layer.GetOpacity()},
+                     {"composition", int(layer.GetComposition())}};
     auto* features = dynamic_cast<HOFeatureLayer*>(&layer);
     if (!features) return json;
+    const HOLabelSettings labels = features->GetLabelSettings();
+    if (labels.IsEnabled()) json["labels"] = labelsToJson(labels);
     if (const HORefPtr<HOStyle> style = features->GetStyle()) json["style"] = styleToJson(*style);
     QJsonArray custom;
     for (const auto& [id, style] : features->GetCustomFeatureRender()->GetAllStyles())
@@ -146,8 +177,12 @@ QJsonObject layerToJson(HOLayer& layer, const QDir& folder) {
 void applyLayerJson(HOLayer& layer, const QJsonObject& json) {
     if (json.contains("name")) layer.SetName(json["name"].toString());
     layer.SetVisible(json["visible"].toBool(true));
+    layer.SetOpacity(json["opacity"].toDouble(1.0));
+    layer.SetComposition(
+        HOLayer::Composition(qBound(0, json["composition"].toInt(), int(HOLayer::Lighten))));
     auto* features = dynamic_cast<HOFeatureLayer*>(&layer);
     if (!features) return;
+    if (json.contains("labels")) features->SetLabelSettings(labelsFromJson(json["labels"].toObject()));
     if (const HORefPtr<HOStyle> style = styleFromJson(json["style"].toObject())) features->SetStyle(style);
     for (const QJsonValue& entry : json["featureStyles"].toArray()) {
         const QJsonObject o = entry.toObject();

@@ -1,9 +1,11 @@
-// How a map view lays each layer's picture over the ones below: the layer's opacity and its
-// composition mode (a hillshade multiplies the colours beneath it).
+// How a map view, and a map drawn at once for a page, lay each layer over the ones below: the
+// layer's opacity and its composition mode (a hillshade multiplies the colours beneath it).
+#include <QPicture>
 #include <QtTest>
 
 #include "HOGraphics.h"
 #include "HOMap.h"
+#include "HOMapPainter.h"
 #include "HOMapView.h"
 #include "HOTestRectLayer.h"
 
@@ -12,39 +14,77 @@ using namespace HXObjects;
 class TestLayerCompose : public QObject {
     Q_OBJECT
 
+private:
+    enum Surface { View, Image, Vector };
+
+    // The map over 100 x 100 pixels, as a map view shows it.
+    static QImage shown(const HORefPtr<HOMap>& map) {
+        HORefPtr<HOMapView> view(new HOMapView("compose"));
+        view->SetSize(100, 100);
+        view->SetMap(map);
+        view->SetExtent(HORect(0, 100, 0, 100));
+        if (!QTest::qWaitFor([&] { return !view->IsRendering(); }, 5000)) return {};
+        HORefPtr<HOGraphics> surface(new HOGraphics);
+        surface->SetSize(100, 100);
+        view->Draw(surface);
+        return surface->Image();
+    }
+    // The same, drawn at once as for a page: onto an image, or recorded by a vector device (one
+    // that cannot blend, as a PDF) and played back onto an image.
+    static QImage painted(const HOMap& map, bool vector) {
+        HODisplayTransform at;
+        at.extentTop = 100.0;
+        QPicture picture;
+        QImage image(100, 100, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::white);
+        {
+            QPainter painter;
+            if (vector)
+                painter.begin(&picture);
+            else
+                painter.begin(&image);
+            HOMapPainter::Paint(painter, map, at, HOSize(100, 100), HOMapPainter::kScreenDpi, nullptr);
+        }
+        if (vector) QPainter(&image).drawPicture(0, 0, picture);
+        return image;
+    }
+
 private slots:
     void layerBlendsOverTheOnesBelow_data() {
         QTest::addColumn<int>("composition");
         QTest::addColumn<double>("opacity");
         QTest::addColumn<QColor>("expected");
+        QTest::addColumn<int>("surface");
         // Land (200, 160, 100) under a grey shade (128, 128, 128) on the right half only.
-        QTest::newRow("opaque") << int(HOLayer::SourceOver) << 1.0 << QColor(128, 128, 128);
-        QTest::newRow("half opaque") << int(HOLayer::SourceOver) << 0.5 << QColor(164, 144, 114);
-        QTest::newRow("multiply") << int(HOLayer::Multiply) << 1.0 << QColor(100, 80, 50);
-        QTest::newRow("multiply, half opaque") << int(HOLayer::Multiply) << 0.5 << QColor(150, 120, 75);
-        QTest::newRow("invisible") << int(HOLayer::SourceOver) << 0.0 << QColor(200, 160, 100);
-        QTest::newRow("screen") << int(HOLayer::Screen) << 1.0 << QColor(227, 207, 178);
+        for (const int surface : {View, Image, Vector}) {
+            const char* on = surface == View ? "view" : surface == Image ? "image" : "vector page";
+            QTest::addRow("%s, opaque", on)
+                << int(HOLayer::SourceOver) << 1.0 << QColor(128, 128, 128) << surface;
+            QTest::addRow("%s, half opaque", on)
+                << int(HOLayer::SourceOver) << 0.5 << QColor(164, 144, 114) << surface;
+            QTest::addRow("%s, multiply", on)
+                << int(HOLayer::Multiply) << 1.0 << QColor(100, 80, 50) << surface;
+            QTest::addRow("%s, multiply, half opaque", on)
+                << int(HOLayer::Multiply) << 0.5 << QColor(150, 120, 75) << surface;
+            QTest::addRow("%s, invisible", on)
+                << int(HOLayer::SourceOver) << 0.0 << QColor(200, 160, 100) << surface;
+            QTest::addRow("%s, screen", on)
+                << int(HOLayer::Screen) << 1.0 << QColor(227, 207, 178) << surface;
+        }
     }
     void layerBlendsOverTheOnesBelow() {
         QFETCH(int, composition);
         QFETCH(double, opacity);
         QFETCH(QColor, expected);
+        QFETCH(int, surface);
         HORefPtr<HOMap> map(new HOMap);
         map->AddLayer(HORefPtr<HOLayer>(new HOTestRectLayer(HORect(0, 100, 0, 100), QColor(200, 160, 100))));
         HORefPtr<HOLayer> shade(new HOTestRectLayer(HORect(50, 100, 0, 100), QColor(128, 128, 128)));
         shade->SetComposition(HOLayer::Composition(composition));
         shade->SetOpacity(opacity);
         map->AddLayer(shade);
-        HORefPtr<HOMapView> view(new HOMapView("compose"));
-        view->SetSize(100, 100);
-        view->SetMap(map);
-        view->SetExtent(HORect(0, 100, 0, 100));
-        QTRY_VERIFY2_WITH_TIMEOUT(!view->IsRendering(), "the map did not finish rendering", 5000);
-
-        HORefPtr<HOGraphics> surface(new HOGraphics);
-        surface->SetSize(100, 100);
-        view->Draw(surface);
-        const QImage image = surface->Image();
+        const QImage image = surface == View ? shown(map) : painted(*map, surface == Vector);
+        QVERIFY2(!image.isNull(), "the map did not finish rendering");
         // Blending rounds: a step or two off is the same colour.
         const auto check = [&](const QPoint& at, const QColor& wanted) {
             const QColor got(image.pixel(at));

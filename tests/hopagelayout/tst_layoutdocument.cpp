@@ -63,9 +63,19 @@ QStringList describe(HOPageLayoutView& layout) {
             line += QString(" frame %1").arg(s->get_frame() == layout.get_operating_data_frame().get());
         if (auto* f = dynamic_cast<HODataFrame*>(e.get())) {
             for (const auto& layer : f->get_map_view()->GetMap()->GetLayers(true)) {
-                line += QString(" layer %1 %2").arg(layer->GetName().toQString()).arg(layer->IsVisible());
+                line += QString(" layer %1 %2 %3 %4")
+                            .arg(layer->GetName().toQString())
+                            .arg(layer->IsVisible())
+                            .arg(layer->GetOpacity())
+                            .arg(layer->GetComposition());
                 if (auto* fl = dynamic_cast<HOFeatureLayer*>(layer.get())) {
                     line += " " + fl->GetStyle()->GetColor().toQColor().name();
+                    const HOLabelSettings labels = fl->GetLabelSettings();
+                    line += QString(" labels '%1' %2 %3 %4 %5")
+                                .arg(labels.expression, labels.color.toQColor().name())
+                                .arg(labels.fontSize)
+                                .arg(labels.maxScale)
+                                .arg(labels.priority);
                     const auto custom = fl->GetCustomFeatureRender()->GetAllStyles();
                     for (const auto& [id, style] : custom)
                         line += QString(" #%1 %2").arg(id).arg(style->GetWidth());
@@ -104,6 +114,15 @@ private:
         auto* second = static_cast<HOFeatureLayer*>(map->GetLayers(true)[1].get());
         second->SetName("second");
         second->SetVisible(false);
+        second->SetOpacity(0.4);
+        second->SetComposition(HOLayer::Multiply);
+        HOLabelSettings labels;
+        labels.expression = "{name} {id}";
+        labels.color = HOColor(200, 10, 10);
+        labels.fontSize = 12.5;
+        labels.maxScale = 500000;
+        labels.priority = 3;
+        second->SetLabelSettings(labels);
         second->SetStyle(HOStyle::NewFill(HOColor(10, 200, 30), HOColor(0, 0, 0), 2.0));
         second->GetCustomFeatureRender()->SetFeatureStyle(
             0, HOStyle::NewFill(HOColor(1, 2, 3), HOColor(4, 5, 6), 3.5));

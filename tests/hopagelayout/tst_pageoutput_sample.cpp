@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "HODataFrame.h"
+#include "HOFeatureLayer.h"
 #include "HOLayoutComposer.h"
 #include "HOMap.h"
 #include "HOMapView.h"
@@ -19,6 +20,7 @@ using namespace HXObjects;
 namespace {
 
 const QString kTitle = "Sample region";
+const QString kTownLabel = "Town of";
 
 // Runs a Poppler tool; its standard output, or nothing when it failed or took longer than a minute.
 std::optional<QByteArray> poppler(const QString& tool, const QStringList& arguments) {
@@ -97,6 +99,7 @@ private:
         QCOMPARE(pageSize(pdf), QString("595 x 842"));  // A4 portrait in points
         const QString text = QString::fromUtf8(poppler("pdftotext", {pdf, "-"}).value_or(QByteArray()));
         QVERIFY2(text.contains(kTitle) && text.contains("1:"), qPrintable(text));
+        QVERIFY2(text.contains(kTownLabel), qPrintable(text));  // labels are text, above the layers
         const QImage page = rendered(pdf, 50);
         QCOMPARE(page.size(), QSize(414, 585));  // Poppler rounds a part pixel up
         QVERIFY(!isPaper(page.pixel(framePixel(50))));
@@ -118,6 +121,9 @@ private slots:
             QVERIFY2(layer, qPrintable(error.toQString()));
             map->AddLayer(layer);
         }
+        HOLabelSettings towns;
+        towns.expression = kTownLabel + " {name}";
+        static_cast<HOFeatureLayer*>(map->GetLayers(true).back().get())->SetLabelSettings(towns);
         m_view = new HOMapView("Map");
         m_view->SetMap(map);
         m_layout = new HOPageLayoutView;

@@ -4,31 +4,10 @@
 
 #include "HOCoordinateSystem.h"
 #include "HOLayer.h"
+#include "HOLayerBlend.h"
 #include "HORenderContext.h"
 
 namespace HXObjects {
-
-namespace {
-
-QPainter::CompositionMode paintMode(HOLayer::Composition composition) {
-    switch (composition) {
-        case HOLayer::Multiply:
-            return QPainter::CompositionMode_Multiply;
-        case HOLayer::Screen:
-            return QPainter::CompositionMode_Screen;
-        case HOLayer::Overlay:
-            return QPainter::CompositionMode_Overlay;
-        case HOLayer::Darken:
-            return QPainter::CompositionMode_Darken;
-        case HOLayer::Lighten:
-            return QPainter::CompositionMode_Lighten;
-        case HOLayer::SourceOver:
-            break;
-    }
-    return QPainter::CompositionMode_SourceOver;
-}
-
-}  // namespace
 
 HOMapRenderer::HOMapRenderer(HOTrackCancel* cancel, Callbacks callbacks)
     : m_cancel(cancel), m_callbacks(std::move(callbacks)), m_thread([this] { run(); }) {}
@@ -242,7 +221,7 @@ void HOMapRenderer::publish(const std::vector<HORefPtr<HOLayer>>& layers, const 
             const auto cached = m_layerPictures.find(layer->GetLayerId());
             if (cached == m_layerPictures.end()) continue;
             painter.setOpacity(layer->GetOpacity());
-            painter.setCompositionMode(paintMode(layer->GetComposition()));
+            painter.setCompositionMode(HOLayerBlend::ModeOf(layer->GetComposition()));
             cached->second.DrawInto(painter, request.transform);
         }
         m_labels.DrawInto(painter, request.transform);

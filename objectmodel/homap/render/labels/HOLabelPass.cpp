@@ -31,16 +31,31 @@ bool HOLabelPass::IsCurrent(const HORenderRequest& request) const {
            m_placedSize == QSize(request.size.width, request.size.height);
 }
 
-bool HOLabelPass::Render(const std::vector<HORefPtr<HOLayer>>& layers, const HORenderRequest& request,
-                         HOCoordinateSystem* system, const HOTrackCancel* cancel) {
+bool HOLabelPass::place(HOLabelEngine& engine, const std::vector<HORefPtr<HOLayer>>& layers,
+                        const HORenderRequest& request, HOCoordinateSystem* system,
+                        const HOTrackCancel* cancel) {
     const HORenderContext context = request.Context(system, cancel);
     const double metresPerUnit = HOMapScale::MetresPerUnit(system ? system->GetUnit() : HOUnitMeter);
     const double scale = HOMapScale::Denominator(request.transform.unitsPerPixel, metresPerUnit, request.dpi);
-
-    const QSize size(request.size.width, request.size.height);
-    HOLabelEngine engine(size);
     for (HOFeatureLayer* layer : PlacingOrder(layers, scale))
         if (!layer->PlaceLabels(context, engine)) return false;
+    return !context.IsCancelled();
+}
+
+bool HOLabelPass::Paint(QPainter& painter, const std::vector<HORefPtr<HOLayer>>& layers,
+                        const HORenderRequest& request, HOCoordinateSystem* system,
+                        const HOTrackCancel* cancel) {
+    HOLabelEngine engine(QSize(request.size.width, request.size.height));
+    if (!place(engine, layers, request, system, cancel)) return false;
+    engine.Draw(painter);
+    return true;
+}
+
+bool HOLabelPass::Render(const std::vector<HORefPtr<HOLayer>>& layers, const HORenderRequest& request,
+                         HOCoordinateSystem* system, const HOTrackCancel* cancel) {
+    const QSize size(request.size.width, request.size.height);
+    HOLabelEngine engine(size);
+    if (!place(engine, layers, request, system, cancel)) return false;
     // No labels, no picture: nothing to compose on every redraw.
     QImage image;
     if (!engine.Placed().empty()) {
@@ -50,7 +65,6 @@ bool HOLabelPass::Render(const std::vector<HORefPtr<HOLayer>>& layers, const HOR
         QPainter painter(&image);
         engine.Draw(painter);
     }
-    if (context.IsCancelled()) return false;
     m_picture = HOViewFrame{std::move(image), request.transform};
     m_placedAt = request.transform;
     m_placedSize = size;

@@ -19,6 +19,7 @@ namespace HXObjects {
 
 class HOCoordinateSystem;
 class HOFeatureLayer;
+class HOLabelEngine;
 class HOLayer;
 
 class HOLabelPass {
@@ -32,12 +33,22 @@ public:
     void DrawInto(QPainter& painter, const HODisplayTransform& target) const;
     void Clear();
 
+    // Places the labels and draws them straight onto `painter`, in the request's pixels, keeping
+    // no picture: a page printed at once gets its labels as text. False when cancelled.
+    static bool Paint(QPainter& painter, const std::vector<HORefPtr<HOLayer>>& layers,
+                      const HORenderRequest& request, HOCoordinateSystem* system,
+                      const HOTrackCancel* cancel);
+
     // The visible feature layers labelled at this scale, in placing order: higher priority first,
     // then the topmost layer first (`layers` is in drawing order).
     static std::vector<HOFeatureLayer*> PlacingOrder(const std::vector<HORefPtr<HOLayer>>& layers,
                                                      double scale);
 
 private:
+    static bool place(HOLabelEngine& engine, const std::vector<HORefPtr<HOLayer>>& layers,
+                      const HORenderRequest& request, HOCoordinateSystem* system,
+                      const HOTrackCancel* cancel);
+
     HOViewFrame m_picture;  // null when nothing was placed
     HODisplayTransform m_placedAt;
     QSize m_placedSize;

@@ -35,6 +35,16 @@ GDALDatasetUniquePtr HOGdalOpener::Open(const std::string& path, HOString* reaso
     return nullptr;
 }
 
+GDALDatasetUniquePtr HOGdalOpener::OpenVector(const std::string& path) {
+    HOGdalEnvironment::Prepare();
+    CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
+    CPLConfigOptionSetter noSidecars("GDAL_PAM_ENABLED", "NO", false);
+    std::string message;
+    GDALDatasetUniquePtr dataset = attempt(path, GDAL_OF_VECTOR, &message);
+    if (dataset) keepSidecarsUnwritten(dataset.get());
+    return dataset;
+}
+
 GDALDatasetUniquePtr HOGdalOpener::attempt(const std::string& path, unsigned kinds, std::string* message) {
     // GML would write a .gfs schema beside the file and might fetch an application schema.
     static const char* const options[] = {"WRITE_GFS=NO", "DOWNLOAD_SCHEMA=NO", nullptr};

@@ -17,6 +17,10 @@ public:
     // Null with the reason on failure. A file that a raster driver claims and then rejects (a CSV
     // of numbers, a GeoJSON STAC item) is tried again as vector, and the other way round.
     static GDALDatasetUniquePtr Open(const std::string& path, HOString* reason);
+    // The vector side of a source, for a second reader of data already opened once (the label
+    // texts): quiet, with the same driver choice and nothing written beside the data; null when
+    // it no longer opens.
+    static GDALDatasetUniquePtr OpenVector(const std::string& path);
 
 private:
     static GDALDatasetUniquePtr attempt(const std::string& path, unsigned kinds, std::string* message);

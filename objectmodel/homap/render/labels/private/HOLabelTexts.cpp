@@ -1,7 +1,8 @@
 #include "render/labels/private/HOLabelTexts.h"
 
-#include <gdal_priv.h>
 #include <ogrsf_frmts.h>
+
+#include "source/private/HOGdalOpener.h"
 
 namespace HXObjects {
 
@@ -31,8 +32,7 @@ bool readOnly(OGRLayer* layer, const std::vector<QString>& fields, std::vector<i
 std::shared_ptr<const HOLabelTexts> HOLabelTexts::Read(
     const QString& source, const QString& layerName, const std::shared_ptr<const HOFeatureTopology>& features,
     const HOLabelSettings& settings, const HOTrackCancel* cancel) {
-    GDALDatasetUniquePtr dataset(
-        GDALDataset::Open(source.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
+    const GDALDatasetUniquePtr dataset = HOGdalOpener::OpenVector(source.toStdString());
     OGRLayer* layer = dataset ? dataset->GetLayerByName(layerName.toUtf8().constData()) : nullptr;
     const std::vector<QString> fields = settings.Fields();
     std::vector<int> indices;
