@@ -1,6 +1,7 @@
 #include "HOMapView.h"
 
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <optional>
@@ -15,6 +16,7 @@
 #include "HOMapRenderer.h"
 #include "HOMapRulerAndGrid.h"
 #include "HOMapScale.h"
+#include "HORasterLayer.h"
 #include "HORenderContext.h"
 #include "HOTool.h"
 #include "HOTrackCancel.h"
@@ -41,6 +43,10 @@ public:
     void onLayersChanged(void* sender, HOEvent* event);
     // Graphic elements are drawn over the finished frame: a redraw shows their change.
     void onElementsChanged(void*, HOEvent*) { q->FireRedraw(); }
+    // Binds to the raster layers of `shown` (none when null) and unbinds from those it no longer has.
+    void watchRasters(const HOMap* shown);
+    // On the overview builder's thread: once a raster draws from its overviews, it is drawn again.
+    void onOverviewProgress(void* sender, HOEvent*);
 
     HOMapView* q;
     const HOString name;
@@ -52,6 +58,7 @@ public:
     HOMapRulerAndGrid grid;       // edited by the host through GetRulerAndGridSetting (GUI thread)
     HOMapRulerAndGrid gridShown;  // the copy Draw reads, taken by RequestRedraw
     std::optional<HOTwinkle> twinkle;
+    std::vector<HORefPtr<HORasterLayer>> watchedRasters;  // GUI thread only
 
     HOMapGridOverlay gridOverlay;
     std::unique_ptr<HOMapRenderer> renderer;
@@ -156,7 +163,32 @@ void HOMapView::Private::compose(HOGraphics& surface) {
         gridOverlay.Draw(painter, gridSettings, {shown, size, shownMap->GetSpatialReference(), dpi});
 }
 
+void HOMapView::Private::watchRasters(const HOMap* shown) {
+    std::vector<HORefPtr<HORasterLayer>> rasters;
+    if (shown)
+        for (const auto& layer : shown->GetLayers())
+            if (auto* raster = dynamic_cast<HORasterLayer*>(layer.get())) rasters.emplace_back(raster);
+    for (const auto& raster : watchedRasters)
+        if (std::find(rasters.begin(), rasters.end(), raster) == rasters.end())
+            HOUnbindMember(raster->OverviewProgressSignal, this, &Private::onOverviewProgress);
+    for (const auto& raster : rasters)
+        if (!HOIsMemberBound(raster->OverviewProgressSignal, this, &Private::onOverviewProgress))
+            HOBindMember(raster->OverviewProgressSignal, this, &Private::onOverviewProgress);
+    watchedRasters = std::move(rasters);
+}
+
+void HOMapView::Private::onOverviewProgress(void* sender, HOEvent*) {
+    auto* raster = static_cast<HORasterLayer*>(sender);
+    if (raster->GetOverviewProgress() == 1) requestRender(false, {raster->GetLayerId()}, 0);
+}
+
 void HOMapView::Private::onLayersChanged(void*, HOEvent*) {
+    HORefPtr<HOMap> shown;
+    {
+        std::lock_guard<std::mutex> lock(q->Mutex());
+        shown = map;
+    }
+    watchRasters(shown.get());
     fitFullExtentIfNone();
     requestRender(false, {}, 0);
 }
@@ -169,6 +201,7 @@ HOMapView::~HOMapView() {
         HOUnbindMember(d->map->LayersChangedSignal, d.get(), &Private::onLayersChanged);
         HOUnbindMember(d->map->GetGraphicsLayer()->ElementsChangedSignal, d.get(), &Private::onElementsChanged);
     }
+    d->watchRasters(nullptr);
     d->renderer.reset();
 }
 
@@ -267,6 +300,7 @@ void HOMapView::SetMap(HOMap* map) {
         HOBindMember(map->LayersChangedSignal, d.get(), &Private::onLayersChanged);
         HOBindMember(map->GetGraphicsLayer()->ElementsChangedSignal, d.get(), &Private::onElementsChanged);
     }
+    d->watchRasters(map);
     // Waits (a few milliseconds) so that no picture of the old map is published after this.
     d->renderer->Stop(true);
     d->renderer->ClearFrame();

@@ -3,7 +3,8 @@
 // cached images, and composes them (with the graphics layer, the current tool's temporary drawing
 // and the ruler-and-grid overlay) whenever Draw() is asked. Draw() never waits for a render: while
 // a new render runs after a pan or zoom it shows the previous picture moved and scaled to the new
-// extent.
+// extent. A raster layer whose overviews finish building in the background is rendered again by
+// itself, without waiting for the next navigation.
 //
 // Navigation stays where a person can still find the map: from a millimetre per pixel (about 1:4 on
 // a 96 dpi screen) out to the equator across eight pixels (about 5000 km per pixel), with the centre

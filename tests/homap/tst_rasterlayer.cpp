@@ -10,7 +10,10 @@
 #include <thread>
 
 #include "HOLayerFixture.h"
+#include "HOMap.h"
+#include "HOMapView.h"
 #include "HORasterLayer.h"
+#include "HOSignalCounter.h"
 #include "HOTestPrinters.h"
 
 using namespace HXObjects;
@@ -359,10 +362,20 @@ private slots:
         layer->OverviewProgressSignal.bind("test", [&](void*, HOEvent*) { ++reports; });
         const HORect extent = layer->GetExtent();
         const QRgb written = qRgb(60, 120, 180);
-        // Meanwhile a coarse preview; then the overviews, built in the background.
+        // A map view shows it: its first render starts the build and draws a coarse preview.
+        HORefPtr<HOMap> map(new HOMap);
+        map->AddLayer(layer);
+        HORefPtr<HOMapView> view(new HOMapView);
+        HOSignalCounter finished(view->RenderFinishedSignal);
+        view->SetSize(200, 200);
+        view->SetMap(map);
+        QTRY_VERIFY2_WITH_TIMEOUT(finished.count > 0 && !view->IsRendering(), "the first render", 60000);
+        finished.reset();
         QCOMPARE(render(layer, extent).pixel(10, 10), written);
         QTRY_VERIFY_WITH_TIMEOUT(layer->GetOverviewProgress() == 1, 120000);
         QVERIFY(reports.load() > 1);
+        // The view draws the layer again from its overviews, untouched.
+        QTRY_VERIFY2_WITH_TIMEOUT(finished.count > 0, "a render after the overviews were built", 60000);
         const QImage image = render(layer, extent, nullptr, qRgb(255, 255, 255), 400);
         QCOMPARE(image.pixel(10, 10), written);
         QCOMPARE(image.pixel(300, 300), qRgb(0, 0, 0));

@@ -9,12 +9,12 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
-#include <functional>
 
 #include "HOCMDPool.h"
 #include "HOMap.h"
 #include "HOTestPrinters.h"
 #include "HXInputCanvas.h"
+#include "HXModalAnswer.h"
 #include "HXTooltip.h"
 
 using namespace HXObjects;
@@ -31,45 +31,6 @@ QString NewPathOptions(HXMapCanvas& canvas) {
         .arg(canvas.getNewPathOption_Line())
         .arg(canvas.getNewPathOption_AddFeature());
 }
-
-// Answers the next modal dialog of type D once it is up; `answer` gets the dialog. After 10 s any
-// dialog still up (the one answered, or one it opened in turn) is rejected, so that the code under
-// test returns and the test fails (`failure` says why) instead of hanging.
-template <class D>
-class DialogAnswer {
-public:
-    explicit DialogAnswer(std::function<void(D*)> answer) : mAnswer(std::move(answer)) {
-        QObject::connect(&mPoll, &QTimer::timeout, [this] { answerDialog(); });
-        mPoll.start(10);
-        // A timer of its own: the poll does not fire again while an answer runs a nested dialog.
-        QObject::connect(&mDeadline, &QTimer::timeout, [this] { giveUp(); });
-        mDeadline.start(10000);
-    }
-    QString failure;
-
-private:
-    void answerDialog() {
-        auto* dialog = qobject_cast<D*>(QApplication::activeModalWidget());
-        if (!dialog) return;
-        mPoll.stop();
-        mAnswered = true;
-        mAnswer(dialog);
-    }
-    void giveUp() {
-        mPoll.stop();
-        if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
-            if (failure.isEmpty()) failure = "a dialog was still open after 10 s";
-            dialog->reject();
-            mDeadline.start(10);  // and whatever it was covering
-            return;
-        }
-        if (failure.isEmpty() && !mAnswered) failure = "no dialog came within 10 s";
-    }
-    std::function<void(D*)> mAnswer;
-    QTimer mPoll;
-    QTimer mDeadline;
-    bool mAnswered = false;
-};
 
 }  // namespace
 
@@ -343,14 +304,14 @@ private slots:
         fixture.canvas.setMapTool(doubleLine);
         double shownValue = -100;
         HXPopupAnswer menu("Please input line width");
-        DialogAnswer<QInputDialog> dialogAnswer([&](QInputDialog* dialog) {
+        HXModalAnswer<QInputDialog> dialogAnswer([&](QInputDialog* dialog) {
             shownValue = dialog->doubleValue();
             if (answer < 0) return dialog->reject();
             dialog->setDoubleValue(answer);
             dialog->accept();
         });
         fixture.canvas.OnContextMenu(30, 40);
-        QVERIFY2(dialogAnswer.failure.isEmpty(), qPrintable(dialogAnswer.failure));
+        QVERIFY2(dialogAnswer.answered, "no line width dialog came");
         QCOMPARE(shownValue, shown);
         QCOMPARE(doubleLine->GetParameters()["LineWidth"].toQString(), after);
     }
@@ -458,7 +419,7 @@ private slots:
             quoted << '"' + name + '"';
         }
         QString shown;
-        DialogAnswer<QFileDialog> answer([&](QFileDialog* dialog) {
+        HXModalAnswer<QFileDialog> answer([&](QFileDialog* dialog) {
             shown = dialog->directory().absolutePath();
             if (choice.isEmpty()) return dialog->reject();
             // Typed as a person types them, in the directory of the files: selectFile leaves the name
@@ -478,7 +439,7 @@ private slots:
             paths << canvas.getOpenFileName("Open", HOString(dirArgument), "All (*)").toQString();
             paths.removeAll(QString());
         }
-        QVERIFY2(answer.failure.isEmpty(), qPrintable(answer.failure));
+        QVERIFY2(answer.answered, "no file dialog came");
         QCOMPARE(paths, expected);
         QCOMPARE(shown == QFileInfo(remembered).absoluteFilePath(), opensAtRemembered);
         // One file: its directory is remembered; several: the directory the prompt started in.
