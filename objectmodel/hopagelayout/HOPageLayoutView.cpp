@@ -461,6 +461,11 @@ HOGraphicsContainer* HOPageLayoutView::get_graphicscontainer() const {
 bool HOPageLayoutView::open(HOFileFunc* file, double) {
     HOLayoutDocument::Contents contents;
     if (!file || !HOLayoutDocument::Load(*file, &contents)) return false;
+    Install(std::move(contents));
+    return true;
+}
+
+void HOPageLayoutView::Install(HOLayoutDocument::Contents contents) {
     ActivateDataFrame(nullptr);
     std::vector<HORefPtr<HOMapView>> forwarded;
     {
@@ -474,7 +479,6 @@ bool HOPageLayoutView::open(HOFileFunc* file, double) {
     SetPageSetup(contents.setup);
     set_operating_data_frame(contents.operating);
     RefreshView(false);
-    return true;
 }
 
 bool HOPageLayoutView::save(HOFileFunc* file, double version) {

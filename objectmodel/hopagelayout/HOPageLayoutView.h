@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "HOGraphicsContainer.h"
+#include "HOLayoutDocument.h"
 #include "HOPageSetup.h"
 #include "HORefPtr.h"
 #include "HOViewportView.h"
@@ -58,6 +59,9 @@ public:
     // Replaces the page and its elements with a layout document's; on failure nothing changes and the
     // file holds the reason. Sources that could not be opened are the file's warnings.
     bool open(HOFileFunc* file, double version);
+    // Replaces the page and its elements with a document's contents read beforehand (the reading
+    // opens the sources, so it may run on a worker; this part runs on the page's thread).
+    void Install(HOLayoutDocument::Contents contents);
     // Writes the layout document in format `version` (0: the current one).
     bool save(HOFileFunc* file, double version);
 
