@@ -281,7 +281,12 @@ void HOPageLayoutView::Private::endZoomIn(int x, int y) {
     const QPoint press = *zoomPress;
     zoomPress.reset();
     zoomBand = QRect();
-    const HODisplayTransform transform = q->GetDisplayTransform();
+    HODisplayTransform transform;
+    {
+        std::lock_guard<std::mutex> lock(q->Mutex());
+        if (!q->LockedViewport().IsDrawable()) return;  // a page not on screen has no pixels to zoom to
+        transform = q->LockedViewport().Transform();
+    }
     const HOPoint a = transform.ToMap(press.x(), press.y());
     if (!HORubberBandTool::IsBox(press.x(), press.y(), x, y)) {
         q->ZoomByFactor(1.0 / kToolZoomStep, &a);
