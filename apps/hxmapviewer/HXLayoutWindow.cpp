@@ -11,10 +11,12 @@
 #include <QStatusBar>
 #include <QThread>
 #include <QToolBar>
+#include <QUndoStack>
 
 #include "HODataFrame.h"
 #include "HOFileFunc.h"
 #include "HOLayoutComposer.h"
+#include "HOLayoutDocument.h"
 #include "HOMap.h"
 #include "HOMapView.h"
 #include "HOPageExporter.h"
@@ -42,7 +44,10 @@ HXLayoutWindow::HXLayoutWindow(QWidget* parent)
 
 HXLayoutWindow::~HXLayoutWindow() {
     // A closing window is refused while an output runs; a parent's teardown still lets it end first.
-    if (mOutput) mOutput->wait();
+    if (mWorker) {
+        mWorker->wait();
+        delete mWorker;
+    }
     for (const auto& element : mCanvas->GetPageLayoutView()->get_graphicscontainer()->GetElements()) {
         if (auto* frame = dynamic_cast<HODataFrame*>(element.get()))
             if (HOMapView* view = frame->get_map_view()) view->StopRender(true);
@@ -66,14 +71,15 @@ void HXLayoutWindow::addFileMenuEntries(QMenu* menu, QWidget* parent, std::funct
 
 void HXLayoutWindow::buildMenus() {
     QMenu* file = menuBar()->addMenu(tr("&File"));
-    file->addAction(tr("&New layout"), this, &HXLayoutWindow::newLayout, QKeySequence::New);
-    file->addAction(tr("&Open…"), this, &HXLayoutWindow::openWithPrompt, QKeySequence::Open);
-    file->addAction(tr("&Save"), this, &HXLayoutWindow::save, QKeySequence::Save);
-    file->addAction(tr("Save &as…"), this, &HXLayoutWindow::saveAs, QKeySequence::SaveAs);
+    mDocumentActions
+        << file->addAction(tr("&New layout"), this, &HXLayoutWindow::newLayout, QKeySequence::New)
+        << file->addAction(tr("&Open…"), this, &HXLayoutWindow::openWithPrompt, QKeySequence::Open)
+        << file->addAction(tr("&Save"), this, &HXLayoutWindow::save, QKeySequence::Save)
+        << file->addAction(tr("Save &as…"), this, &HXLayoutWindow::saveAs, QKeySequence::SaveAs);
     file->addSeparator();
-    file->addAction(tr("&Print…"), this, &HXLayoutWindow::print, QKeySequence::Print);
-    file->addAction(tr("Export P&DF…"), this, &HXLayoutWindow::exportPdf);
-    file->addAction(tr("Export &image…"), this, &HXLayoutWindow::exportImage);
+    mDocumentActions << file->addAction(tr("&Print…"), this, &HXLayoutWindow::print, QKeySequence::Print)
+                     << file->addAction(tr("Export P&DF…"), this, &HXLayoutWindow::exportPdf)
+                     << file->addAction(tr("Export &image…"), this, &HXLayoutWindow::exportImage);
     file->addSeparator();
     file->addAction(tr("&Close"), this, &QWidget::close, QKeySequence::Close);
 
@@ -145,13 +151,42 @@ void HXLayoutWindow::newLayout() {
 }
 
 bool HXLayoutWindow::openLayout(const QString& path) {
-    HOFileFunc file(path);
-    if (!mCanvas->GetPageLayoutView()->open(&file, 0)) return refuse(file.LastError());
-    mErrors << file.Warnings();
-    setDocument(path);
-    if (!file.Warnings().isEmpty()) report(tr("Missing data: %1").arg(file.Warnings().join("; ")));
-    mCanvas->refresh();
+    if (mWorker) return false;
+    auto file = std::make_shared<HOFileFunc>(path);
+    auto contents = std::make_shared<HOLayoutDocument::Contents>();
+    auto ok = std::make_shared<bool>(false);
+    QThread* gui = thread();
+    mWork = Work::Opening;
+    runOnWorker(
+        tr("Opening %1…").arg(path),
+        [=] {
+            *ok = HOLayoutDocument::Load(*file, contents.get());
+            // The maps' undo stacks are edited from the window's thread.
+            for (const auto& element : contents->elements) {
+                if (auto* frame = dynamic_cast<HODataFrame*>(element.get()))
+                    if (HOMapView* view = frame->get_map_view())
+                        if (HOMap* map = view->GetMap()) map->GetUndoStack()->moveToThread(gui);
+            }
+        },
+        [=] { finishOpening(*file, *ok ? contents.get() : nullptr); });
     return true;
+}
+
+void HXLayoutWindow::finishOpening(const HOFileFunc& file, HOLayoutDocument::Contents* contents) {
+    if (!contents) {
+        refuse(file.LastError());
+        emit openFinished(false, file.LastError());
+        return;
+    }
+    mCanvas->GetPageLayoutView()->Install(std::move(*contents));
+    mErrors << file.Warnings();
+    setDocument(file.Path());
+    const QString message = file.Warnings().isEmpty()
+                                ? tr("Opened %1").arg(file.Path())
+                                : tr("Missing data: %1").arg(file.Warnings().join("; "));
+    report(message);
+    mCanvas->refresh();
+    emit openFinished(true, message);
 }
 
 bool HXLayoutWindow::saveLayout(const QString& path) {
@@ -190,32 +225,50 @@ bool HXLayoutWindow::saveAs() {
 }
 
 bool HXLayoutWindow::isExporting() const {
-    return mOutput != nullptr;
+    return mWork == Work::Writing;
+}
+
+bool HXLayoutWindow::isOpening() const {
+    return mWork == Work::Opening;
+}
+
+void HXLayoutWindow::runOnWorker(const QString& status, std::function<void()> work,
+                                 std::function<void()> finished) {
+    for (QAction* action : qAsConst(mDocumentActions)) action->setEnabled(false);
+    report(status);
+    mWorker = QThread::create(std::move(work));
+    connect(mWorker, &QThread::finished, this, [this, finished] {
+        mWorker->deleteLater();
+        mWorker = nullptr;
+        mWork = Work::None;
+        for (QAction* action : qAsConst(mDocumentActions)) action->setEnabled(true);
+        finished();
+    });
+    mWorker->start();
 }
 
 void HXLayoutWindow::runOutput(const QString& done, std::function<bool(QString*)> output) {
     mCanvas->setEnabled(false);  // no edits while a worker draws the page
-    report(tr("Writing…"));
+    mWork = Work::Writing;
     auto result = std::make_shared<QPair<bool, QString>>();
-    mOutput = QThread::create([=] {
-        QString error;
-        result->first = output(&error);
-        result->second = result->first ? done : error;
-    });
-    connect(mOutput, &QThread::finished, this, [this, result] {
-        mOutput->deleteLater();
-        mOutput = nullptr;
-        mPrinter.reset();
-        mCanvas->setEnabled(true);
-        report(result->second);
-        emit exportFinished(result->first, result->second);
-    });
-    mOutput->start();
+    runOnWorker(
+        tr("Writing…"),
+        [=] {
+            QString error;
+            result->first = output(&error);
+            result->second = result->first ? done : error;
+        },
+        [this, result] {
+            mPrinter.reset();
+            mCanvas->setEnabled(true);
+            report(result->second);
+            emit exportFinished(result->first, result->second);
+        });
 }
 
 bool HXLayoutWindow::startExport(const QString& path, int dpi) {
     QString error;
-    if (isExporting() || !HOPageExporter::CheckDpi(dpi, &error)) {
+    if (mWorker || !HOPageExporter::CheckDpi(dpi, &error)) {
         report(error);
         return false;
     }
@@ -248,7 +301,7 @@ void HXLayoutWindow::exportWithPrompt(const QString& title, const QString& filte
 }
 
 void HXLayoutWindow::print() {
-    if (isExporting()) return;
+    if (mWorker) return;
     mPrinter = std::make_unique<QPrinter>(QPrinter::HighResolution);
     QPrintDialog dialog(mPrinter.get(), this);
     if (dialog.exec() != QDialog::Accepted) {
@@ -261,8 +314,9 @@ void HXLayoutWindow::print() {
 }
 
 void HXLayoutWindow::closeEvent(QCloseEvent* event) {
-    if (isExporting()) {
-        report(tr("Still writing the page; close when it is done."));
+    if (mWorker) {
+        report(isExporting() ? tr("Still writing the page; close when it is done.")
+                             : tr("Still opening the layout; close when it is done."));
         event->ignore();
         return;
     }

@@ -5,6 +5,7 @@
 #include <QThread>
 #include <algorithm>
 #include <atomic>
+#include <optional>
 
 #include "HOCallbackKey.h"
 #include "HODataFrame.h"
@@ -14,6 +15,7 @@
 #include "HOMapView.h"
 #include "HOPageElementDrag.h"
 #include "HOPageSelectionMarks.h"
+#include "HORubberBandTool.h"
 #include "HOTool.h"
 #include "HOViewport.h"
 
@@ -56,6 +58,10 @@ public:
 
     HOPageElementDrag drag;        // GUI thread only
     bool panningWithTool = false;  // the pan tool's left drag is moving the page
+    // The zoom-in tool's press on the page and the box dragged from it (device pixels; GUI thread only).
+    std::optional<QPoint> zoomPress;
+    QRect zoomBand;
+    void endZoomIn(int x, int y);
 
     HOPageLayoutView* q;
     HOGraphicsContainer container;
@@ -222,7 +228,7 @@ void HOPageLayoutView::MouseDown(int button, int x, int y) {
             HOViewportView::MouseDown(kPan, x, y);
             break;
         case Private::LeftButton::ZoomIn:
-            ZoomByFactor(1.0 / kToolZoomStep, &at);
+            d->zoomPress = QPoint(x, y);
             break;
         case Private::LeftButton::ZoomOut:
             ZoomByFactor(kToolZoomStep, &at);
@@ -238,6 +244,12 @@ void HOPageLayoutView::MouseMove(int button, int x, int y) {
     QPoint local;
     if (d->panningWithTool) {
         HOViewportView::MouseMove(kPan, x, y);
+    } else if (d->zoomPress) {
+        const QPoint& press = *d->zoomPress;
+        d->zoomBand = HORubberBandTool::IsBox(press.x(), press.y(), x, y)
+                          ? QRect(press, QPoint(x, y)).normalized()
+                          : QRect();
+        FireRedraw();
     } else if (d->drag.IsActive()) {
         if (!d->drag.MoveTo(d->screenContext(), QPointF(x, y))) return;
         d->layoutFrames();
@@ -254,6 +266,8 @@ void HOPageLayoutView::MouseUp(int button, int x, int y) {
     if (button == kLeft && d->panningWithTool) {
         d->panningWithTool = false;
         HOViewportView::MouseUp(kPan, x, y);
+    } else if (button == kLeft && d->zoomPress) {
+        d->endZoomIn(x, y);
     } else if (button == kLeft && d->drag.IsActive()) {
         d->drag.End();
     } else if (HOMapView* view = d->activeViewAt(x, y, &local)) {
@@ -261,6 +275,25 @@ void HOPageLayoutView::MouseUp(int button, int x, int y) {
     } else {
         HOViewportView::MouseUp(button, x, y);
     }
+}
+
+void HOPageLayoutView::Private::endZoomIn(int x, int y) {
+    const QPoint press = *zoomPress;
+    zoomPress.reset();
+    zoomBand = QRect();
+    HODisplayTransform transform;
+    {
+        std::lock_guard<std::mutex> lock(q->Mutex());
+        if (!q->LockedViewport().IsDrawable()) return;  // a page not on screen has no pixels to zoom to
+        transform = q->LockedViewport().Transform();
+    }
+    const HOPoint a = transform.ToMap(press.x(), press.y());
+    if (!HORubberBandTool::IsBox(press.x(), press.y(), x, y)) {
+        q->ZoomByFactor(1.0 / kToolZoomStep, &a);
+        return;
+    }
+    const HOPoint b = transform.ToMap(x, y);
+    q->SetExtent(HORect(std::min(a.x, b.x), std::max(a.x, b.x), std::min(a.y, b.y), std::max(a.y, b.y)));
 }
 
 void HOPageLayoutView::DoubleClick(int button, int x, int y) {
@@ -336,6 +369,7 @@ void HOPageLayoutView::DrawTo(HOGraphics* surface, int) {
     if (size.width > 0) {
         d->drawDesk(*painter, context, size);
         d->drawElements(*painter, context);
+        if (!d->zoomBand.isEmpty()) HORubberBandTool::DrawBand(*painter, d->zoomBand);
     }
     surface->End();
 }
@@ -461,6 +495,11 @@ HOGraphicsContainer* HOPageLayoutView::get_graphicscontainer() const {
 bool HOPageLayoutView::open(HOFileFunc* file, double) {
     HOLayoutDocument::Contents contents;
     if (!file || !HOLayoutDocument::Load(*file, &contents)) return false;
+    Install(std::move(contents));
+    return true;
+}
+
+void HOPageLayoutView::Install(HOLayoutDocument::Contents contents) {
     ActivateDataFrame(nullptr);
     std::vector<HORefPtr<HOMapView>> forwarded;
     {
@@ -474,7 +513,6 @@ bool HOPageLayoutView::open(HOFileFunc* file, double) {
     SetPageSetup(contents.setup);
     set_operating_data_frame(contents.operating);
     RefreshView(false);
-    return true;
 }
 
 bool HOPageLayoutView::save(HOFileFunc* file, double version) {

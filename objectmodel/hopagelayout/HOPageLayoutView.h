@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "HOGraphicsContainer.h"
+#include "HOLayoutDocument.h"
 #include "HOPageSetup.h"
 #include "HORefPtr.h"
 #include "HOViewportView.h"
@@ -25,7 +26,7 @@ public:
     // HOView, in table order, where a page differs from HOViewportView. Input: with a data frame
     // activated, input inside it goes to the frame's map view (and its current tool, which is the
     // page's); otherwise the pan tool and the middle button move the page, the zoom tools and the
-    // wheel zoom it, and with any other tool (or none) the left button selects, moves and resizes
+    // wheel zoom it (the zoom-in tool by a click or to a dragged box), and with any other tool (or none) the left button selects, moves and resizes
     // elements. A double click on a data frame activates it; one elsewhere deactivates it.
     void MouseDown(int button, int x, int y) override;
     void MouseUp(int button, int x, int y) override;
@@ -58,6 +59,9 @@ public:
     // Replaces the page and its elements with a layout document's; on failure nothing changes and the
     // file holds the reason. Sources that could not be opened are the file's warnings.
     bool open(HOFileFunc* file, double version);
+    // Replaces the page and its elements with a document's contents read beforehand (the reading
+    // opens the sources, so it may run on a worker; this part runs on the page's thread).
+    void Install(HOLayoutDocument::Contents contents);
     // Writes the layout document in format `version` (0: the current one).
     bool save(HOFileFunc* file, double version);
 

@@ -1,7 +1,8 @@
 // The viewer's layout window on the sample region: it composes the default page, exports it on a
-// worker while the page is locked (and the window answers), saves and opens its document; the
-// headless program writes the page and refuses bad options with a reason.
+// worker while the page is locked (and the window answers), saves its document and opens it on a
+// worker; the headless program writes the page and refuses bad options with a reason.
 #include <QProcess>
+#include <QUndoStack>
 #include <QtTest>
 
 #include "HOMap.h"
@@ -41,14 +42,29 @@ private slots:
 
         QVERIFY(window->saveLayout(dir.filePath("sample.hxlayout")));
         auto* reopened = new HXLayoutWindow(&viewer);
+        const auto elements = [](HXLayoutWindow* w) {
+            return w->canvas()->GetPageLayoutView()->get_graphicscontainer()->GetElements().size();
+        };
+        const size_t blank = elements(reopened);
+        QSignalSpy opened(reopened, &HXLayoutWindow::openFinished);
         QVERIFY(reopened->openLayout(dir.filePath("sample.hxlayout")));
-        QCOMPARE(reopened->canvas()->GetPageLayoutView()->get_graphicscontainer()->GetElements().size(),
-                 window->canvas()->GetPageLayoutView()->get_graphicscontainer()->GetElements().size());
-        QCOMPARE(reopened->canvas()->GetMapView()->GetMap()->GetLayerCount(),
-                 viewer.canvas()->GetMapView()->GetMap()->GetLayerCount());
-        QVERIFY(!reopened->openLayout(samplePath("region.gpkg")));
+        // The document is read and its sources opened on a worker: the page is still the blank one.
+        QVERIFY(reopened->isOpening() && reopened->documentPath().isEmpty());
+        QCOMPARE(elements(reopened), blank);
+        QVERIFY(!reopened->openLayout(dir.filePath("sample.hxlayout")));  // one at a time
+        QVERIFY2(opened.wait(120000), "the layout did not open within two minutes");
+        QCOMPARE(opened.at(0).at(0).toBool(), true);
+        QCOMPARE(elements(reopened), elements(window));
+        HOMap* map = reopened->canvas()->GetMapView()->GetMap();
+        QCOMPARE(map->GetLayerCount(), viewer.canvas()->GetMapView()->GetMap()->GetLayerCount());
+        QCOMPARE(map->GetUndoStack()->thread(), QThread::currentThread());
+
+        QVERIFY(reopened->openLayout(samplePath("region.gpkg")));
+        QVERIFY2(opened.wait(120000), "the failed open did not end within two minutes");
+        QCOMPARE(opened.at(1).at(0).toBool(), false);
         QVERIFY2(reopened->errors().last().contains("not a layout document"),
                  qPrintable(reopened->errors().last()));
+        QCOMPARE(reopened->canvas()->GetMapView()->GetMap(), map);  // the open page stays
     }
 
     void headlessExport_data() {

@@ -1,7 +1,8 @@
 // A page composed with the mouse on a canvas in page-layout mode: elements are selected, moved and
 // resized by dragging, moved by the arrow keys, and the result saved and opened again is the same;
-// the pan tool and the wheel move and zoom the page; a double-clicked data frame takes the input, so
-// the wheel then zooms its map, not the page, and the canvas re-emits the change of active element.
+// the pan tool and the wheel move and zoom the page, the zoom-in tool by a click or to a dragged box;
+// a double-clicked data frame takes the input, so the wheel then zooms its map, not the page, and the
+// canvas re-emits the change of active element.
 #include <QtTest>
 
 #include "HODataFrame.h"
@@ -125,6 +126,30 @@ private slots:
         page.wheel(QPoint(400, 300), 120);
         QVERIFY(qFuzzyCompare(page.layout->GetScale(), pageScale / 2));
         QCOMPARE(page.frame->get_map_scale(), mapScale);  // the map's scale on paper is its own
+    }
+
+    void zoomInToolClickOrBox_data() {
+        QTest::addColumn<QPoint>("offset");  // from the press to the release, pixels
+        QTest::addColumn<double>("widthRatio");
+        QTest::newRow("click") << QPoint(2, 2) << 0.5;
+        QTest::newRow("box") << QPoint(200, 20) << 0.25;  // 200 of the canvas's 800 pixels
+    }
+
+    void zoomInToolClickOrBox() {
+        QFETCH(QPoint, offset);
+        QFETCH(double, widthRatio);
+        PageCanvas page;
+        QVERIFY(QTest::qWaitForWindowExposed(&page.canvas));
+        page.canvas.setMapTool("HXObjects::HOToolZoomIn");
+        const QPoint press(300, 250);
+        const HOPoint pressed = page.layout->GetDisplayTransform().ToMap(press.x(), press.y());
+        const double width = page.layout->GetExtent().Width();
+        page.drag(press, press + offset);
+        const HORect extent = page.layout->GetExtent();
+        QVERIFY2(qAbs(extent.Width() / width - widthRatio) < 0.01,
+                 qPrintable(QString::number(extent.Width() / width)));
+        QVERIFY(extent.Contains(pressed));
+        QVERIFY(page.text->get_bounds() == HORect(100, 160, 150, 170));  // the tool moves no element
     }
 
     void activatedFrameTakesTheWheel() {

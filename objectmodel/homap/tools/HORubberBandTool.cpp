@@ -23,7 +23,7 @@ void HORubberBandTool::OnMouseDown(int button, int x, int y) {
 }
 
 void HORubberBandTool::OnMouseMove(int, int x, int y) {
-    if (m_pressed) setBand(isBox(x, y) ? boxTo(x, y) : HORect());
+    if (m_pressed) setBand(IsBox(m_pressX, m_pressY, x, y) ? boxTo(x, y) : HORect());
 }
 
 void HORubberBandTool::OnMouseUp(int button, int x, int y) {
@@ -32,7 +32,7 @@ void HORubberBandTool::OnMouseUp(int button, int x, int y) {
     m_pressed = false;
     setBand(HORect());
     if (!MapView()) return;
-    if (isBox(x, y)) {
+    if (IsBox(m_pressX, m_pressY, x, y)) {
         OnBox(boxTo(x, y));
     } else {
         OnClick(ToMap(m_pressX, m_pressY));
@@ -44,7 +44,10 @@ void HORubberBandTool::DrawToolPaint(QPainter& painter, const HODisplayTransform
     if (m_band.IsEmpty()) return;
     const HOPoint topLeft = transform.ToDevice(HOPoint(m_band.minx, m_band.maxy));
     const HOPoint bottomRight = transform.ToDevice(HOPoint(m_band.maxx, m_band.miny));
-    const QRectF box(QPointF(topLeft.x, topLeft.y), QPointF(bottomRight.x, bottomRight.y));
+    DrawBand(painter, QRectF(QPointF(topLeft.x, topLeft.y), QPointF(bottomRight.x, bottomRight.y)));
+}
+
+void HORubberBandTool::DrawBand(QPainter& painter, const QRectF& box) {
     painter.save();
     painter.setPen(QPen(QColor(255, 0, 0), 1.0, Qt::DashLine));
     painter.setBrush(QColor(255, 0, 0, 40));
@@ -52,8 +55,8 @@ void HORubberBandTool::DrawToolPaint(QPainter& painter, const HODisplayTransform
     painter.restore();
 }
 
-bool HORubberBandTool::isBox(int x, int y) const {
-    return std::abs(x - m_pressX) >= kMinimumBoxPixels && std::abs(y - m_pressY) >= kMinimumBoxPixels;
+bool HORubberBandTool::IsBox(int pressX, int pressY, int x, int y) {
+    return std::abs(x - pressX) >= kMinimumBoxPixels && std::abs(y - pressY) >= kMinimumBoxPixels;
 }
 
 HORect HORubberBandTool::boxTo(int x, int y) const {

@@ -6,6 +6,8 @@
 #include "HOMapTool.h"
 #include "HORect.h"
 
+class QRectF;
+
 namespace HXObjects {
 
 class HORubberBandTool : public HOMapTool {
@@ -19,13 +21,16 @@ public:
 
     // A drag shorter than this (pixels, each way) is a click at the press point.
     static constexpr int kMinimumBoxPixels = 3;
+    // True when the pointer went far enough from the press point for a box.
+    static bool IsBox(int pressX, int pressY, int x, int y);
+    // Draws a box being dragged (device pixels).
+    static void DrawBand(QPainter& painter, const QRectF& box);
 
 protected:
     virtual void OnClick(const HOPoint& point) = 0;
     virtual void OnBox(const HORect& box) = 0;
 
 private:
-    bool isBox(int x, int y) const;
     HORect boxTo(int x, int y) const;
     void setBand(const HORect& band);
 
