@@ -59,11 +59,17 @@ struct SampleCanvas {
                           QApplication::keyboardModifiers());
         QApplication::sendEvent(&canvas, &event);
     }
-    void drag(QPoint from, QPoint to) {
+    // The tool reads the application's modifiers when the button goes up; the modifier key is pressed
+    // right before that, so no event the platform queues in between (an enter or a synthetic move
+    // with no modifiers) can take it back.
+    void drag(QPoint from, QPoint to, Qt::Key modifierKey = Qt::Key_unknown,
+              Qt::KeyboardModifier modifier = Qt::NoModifier) {
         mouse(QEvent::MouseButtonPress, from);
         mouse(QEvent::MouseMove, (from + to) / 2);
         mouse(QEvent::MouseMove, to);
+        if (modifierKey != Qt::Key_unknown) QTest::keyPress(canvas.windowHandle(), modifierKey, modifier);
         mouse(QEvent::MouseButtonRelease, to);
+        if (modifierKey != Qt::Key_unknown) QTest::keyRelease(canvas.windowHandle(), modifierKey, Qt::NoModifier);
     }
     QPoint pixelOf(int town) {
         const HOPoint p =
@@ -197,15 +203,11 @@ private slots:
         QCOMPARE(menu.entries, (QStringList{"Custom symbol", "-", "Set map ruler and grid"}));
 
         // Shift adds the second box; control then takes the first box out again.
-        QTest::keyPress(s.canvas.windowHandle(), Qt::Key_Shift, Qt::ShiftModifier);
-        s.drag(c, d);
-        QTest::keyRelease(s.canvas.windowHandle(), Qt::Key_Shift, Qt::NoModifier);
+        s.drag(c, d, Qt::Key_Shift, Qt::ShiftModifier);
         std::set<int> both = first, second = s.townsIn(c, d);
         both.insert(second.begin(), second.end());
         QCOMPARE(s.selected(), both);
-        QTest::keyPress(s.canvas.windowHandle(), Qt::Key_Control, Qt::ControlModifier);
-        s.drag(a, b);
-        QTest::keyRelease(s.canvas.windowHandle(), Qt::Key_Control, Qt::NoModifier);
+        s.drag(a, b, Qt::Key_Control, Qt::ControlModifier);
         std::set<int> rest;
         std::set_difference(both.begin(), both.end(), first.begin(), first.end(),
                             std::inserter(rest, rest.end()));
