@@ -90,6 +90,12 @@ void HXLayerStyler::style(HOLayer* layer) {
     styleLabels(features);
 }
 
+void HXLayerStyler::addLayer(HOMap* map, HOLayer* layer) {
+    style(layer);
+    map->AddLayer(layer);
+    if (layer->GetLayerType() == HOLayer::RasterLayer) map->MoveLayer(layer, 0);
+}
+
 void HXLayerStyler::styleMap(HOMap* map) {
     const std::vector<HORefPtr<HOLayer>> layers = map->GetLayers(true);
     int landTop = -1;

@@ -10,6 +10,9 @@ class HOMap;
 class HXLayerStyler {
 public:
     static void style(HXObjects::HOLayer* layer);
+    // Styles the layer and adds it to the map; images go under the vector data, whatever order the
+    // files came in.
+    static void addLayer(HXObjects::HOMap* map, HXObjects::HOLayer* layer);
     // A map with a "land" layer shows the sea as its background; relief goes just above the land.
     static void styleMap(HXObjects::HOMap* map);
 };

@@ -46,10 +46,9 @@ int compose(HOPageLayoutView& layout, const HXLayoutExport::Options& o) {
     int failures = 0;
     for (const QString& file : o.files) {
         QStringList errors;
-        for (const HORefPtr<HOLayer>& layer : HXDataSources::openLayers(file, &errors)) {
-            HXLayerStyler::style(layer);  // the viewer's cartography, as on screen
-            map->AddLayer(layer);
-        }
+        // The viewer's cartography and layer order, as on screen.
+        for (const HORefPtr<HOLayer>& layer : HXDataSources::openLayers(file, &errors))
+            HXLayerStyler::addLayer(map, layer);
         for (const QString& error : errors) report(error);
         failures += errors.size();
     }

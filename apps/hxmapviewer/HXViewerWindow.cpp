@@ -233,11 +233,7 @@ int HXViewerWindow::openFiles(const QStringList& paths) {
 }
 
 void HXViewerWindow::addLayer(HOLayer* layer) {
-    HXLayerStyler::style(layer);
-    HOMap* map = mCanvas->GetMapView()->GetMap();
-    map->AddLayer(layer);
-    // Images go under the vector data, whatever order the files came in.
-    if (layer->GetLayerType() == HOLayer::RasterLayer) map->MoveLayer(layer, 0);
+    HXLayerStyler::addLayer(mCanvas->GetMapView()->GetMap(), layer);
 }
 
 void HXViewerWindow::openWithPrompt() {
