@@ -347,7 +347,7 @@ private slots:
         cancel.Cancel();
         renderThread.join();
         QVERIFY2(done, "the render did not finish within 60 s");
-        QVERIFY2(slowest < 250, qPrintable(QString("metadata took %1 ms during a render").arg(slowest)));
+        QVERIFY2(slowest < 1000, qPrintable(QString("metadata took %1 ms during a render").arg(slowest)));
         layer = nullptr;  // cancels the overview build the render started
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{"huge.tif"});
     }

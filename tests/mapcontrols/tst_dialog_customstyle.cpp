@@ -59,9 +59,9 @@ struct Scene {
         layers[name] = layer.get();
     }
     // "points:1,2 lines:3" selects those ids; other layers keep no selection.
-    void select(const QString& spec) {
+    void select(const QString& text) {
         for (const auto& entry : layers) entry.second->ClearSelection();
-        for (const QString& part : spec.split(' ', Qt::SkipEmptyParts)) {
+        for (const QString& part : text.split(' ', Qt::SkipEmptyParts)) {
             const QStringList nameIds = part.split(':');
             std::vector<int> ids;
             for (const QString& id : nameIds[1].split(',')) ids.push_back(id.toInt());
@@ -70,8 +70,8 @@ struct Scene {
     }
     // "polysB:2=blue" gives feature 2 of polysB a fill of that colour (a marker or line for the
     // point and line layers).
-    void presetStyles(const QString& spec) {
-        for (const QString& part : spec.split(' ', Qt::SkipEmptyParts)) {
+    void presetStyles(const QString& text) {
+        for (const QString& part : text.split(' ', Qt::SkipEmptyParts)) {
             const QStringList nameRest = part.split(':'), idColor = nameRest[1].split('=');
             const QColor c = kColors.at(idColor[1]);
             const HOColor color(c.red(), c.green(), c.blue());
