@@ -13,6 +13,7 @@
 #include "HOMapViewManager.h"
 #include "HOPageLayoutBaseElement.h"
 #include "HORecordingView.h"
+#include "HOTestColumns.h"
 #include "HXMapCanvas.h"
 #include "HXMapWidget.h"
 #include "HXScaleComboBox.h"
@@ -70,9 +71,7 @@ class TestCanvasConstruction : public QObject {
 
 private slots:
     void lifecycle_data() {
-        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-        QTest::addColumn<QString>("mapBound");
-        QTest::addColumn<QString>("layoutBound");
+        HOAddColumns<HXMapCanvas::ViewMode, QString, QString>({"mode", "mapBound", "layoutBound"});
         QTest::newRow("layout") << HXMapCanvas::PageLayoutMode << "||bounds"
                                 << QString("redraw|scale|active");
         QTest::newRow("map view") << HXMapCanvas::MapViewMode << "redraw|scale|bounds" << QString();
@@ -81,8 +80,6 @@ private slots:
 
     void lifecycle() {
         QFETCH(HXMapCanvas::ViewMode, mode);
-        QFETCH(QString, mapBound);
-        QFETCH(QString, layoutBound);
         auto* canvas = new HXMapCanvas(mode, nullptr);
         auto* widget = canvas->findChild<HXMapWidget*>();
         const int group = canvas->getMapViewGroupID();
@@ -90,8 +87,8 @@ private slots:
         QCOMPARE(HOMapViewManager::GetInstance()->views(group).size(), std::size_t(1));
         HORefPtr<HOMapView> map = FirstView(*canvas);
         HORefPtr<HOPageLayoutView> layout = canvas->GetPageLayoutView();
-        QCOMPARE(BoundOnView(map, canvas, widget), mapBound);
-        QCOMPARE(layout ? BoundOnView(layout, canvas, widget) : QString(), layoutBound);
+        QTEST(BoundOnView(map, canvas, widget), "mapBound");
+        QTEST(layout ? BoundOnView(layout, canvas, widget) : QString(), "layoutBound");
         QVERIFY(HOIsMemberBound(canvas->Request3DRefreshSignal, canvas, &HXMapCanvas::onRequest3DRefresh));
         QSignalSpy extents(canvas, &HXMapCanvas::extentsChanged);
         HOEvent event;
@@ -195,10 +192,9 @@ private slots:
     }
 
     void replacedMapView_data() {
-        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-        QTest::addColumn<bool>("replaced");  // false: SetMapView(nullptr)
-        QTest::addColumn<QString>("firstAfter");
-        QTest::addColumn<QString>("secondAfter");
+        // replaced: false: SetMapView(nullptr)
+        HOAddColumns<HXMapCanvas::ViewMode, bool, QString, QString>(
+            {"mode", "replaced", "firstAfter", "secondAfter"});
         QTest::newRow("map view") << HXMapCanvas::MapViewMode << true << "|scale|bounds"
                                   << QString("redraw||");
         // A null view only stops the drawing.
@@ -210,8 +206,6 @@ private slots:
     void replacedMapView() {
         QFETCH(HXMapCanvas::ViewMode, mode);
         QFETCH(bool, replaced);
-        QFETCH(QString, firstAfter);
-        QFETCH(QString, secondAfter);
         HXMapCanvas canvas(mode, nullptr);
         canvas.resize(320, 240);
         auto* widget = canvas.findChild<HXMapWidget*>();
@@ -219,8 +213,8 @@ private slots:
         HORefPtr<HORecordingMapView> second = replaced ? new HORecordingMapView() : nullptr;
 
         canvas.SetMapView(second);
-        QCOMPARE(BoundOnView(first, &canvas, widget), firstAfter);
-        if (second) QCOMPARE(BoundOnView(second, &canvas, widget), secondAfter);
+        QTEST(BoundOnView(first, &canvas, widget), "firstAfter");
+        if (second) QTEST(BoundOnView(second, &canvas, widget), "secondAfter");
         if (mode == HXMapCanvas::MapViewMode) {
             QCOMPARE(canvas.GetMapView(), second ? second.get() : first.get());
             if (second) QCOMPARE(second->calls(), QStringList{"SetSize 320x240"});

@@ -8,6 +8,7 @@
 
 #include "HOCMDPool.h"
 #include "HOMap.h"
+#include "HOTestColumns.h"
 #include "HOTestRectLayer.h"
 #include "HOTool.h"
 #include "HXMapCanvas.h"
@@ -91,8 +92,7 @@ class TestCanvasRender : public QObject {
 
 private slots:
     void paintLayers_data() {
-        QTest::addColumn<bool>("watermark");
-        QTest::addColumn<bool>("notice");
+        HOAddColumns<bool, bool>({"watermark", "notice"});
         QTest::newRow("map only") << false << false;
         QTest::newRow("map and watermark") << true << false;
         QTest::newRow("map, watermark and notice") << true << true;
@@ -187,8 +187,8 @@ private slots:
     }
 
     void noticeScrolls_data() {
-        QTest::addColumn<int>("x");
-        QTest::addColumn<int>("next");  // -1: the notice is gone
+        // next: -1: the notice is gone
+        HOAddColumns<int, int>({"x", "next"});
         // A 150 px widget moves notices by 10 px a tick.
         QTest::newRow("at the left edge") << 0 << 10;
         QTest::newRow("one step short of the edge") << 139 << 149;
@@ -273,9 +273,8 @@ private slots:
     }
 
     void zoomToolsUseTheWheelFactor_data() {
-        QTest::addColumn<QString>("tool");
-        QTest::addColumn<double>("wheelFactor");  // 0: the canvas's own
-        QTest::addColumn<double>("scaleFactor");
+        // wheelFactor: 0: the canvas's own
+        HOAddColumns<QString, double, double>({"tool", "wheelFactor", "scaleFactor"});
         QTest::newRow("zoom in, the canvas's factor") << "HXObjects::HOToolZoomIn" << 0.0 << 0.5;
         QTest::newRow("zoom in by 4") << "HXObjects::HOToolZoomIn" << 4.0 << 0.25;
         QTest::newRow("zoom out by 3") << "HXObjects::HOToolZoomOut" << 3.0 << 3.0;
@@ -300,8 +299,7 @@ private slots:
     }
 
     void wheelZoomsAboutTheCursor_data() {
-        QTest::addColumn<int>("delta");
-        QTest::addColumn<double>("scaleFactor");
+        HOAddColumns<int, double>({"delta", "scaleFactor"});
         QTest::newRow("one notch in") << 120 << 0.5;
         QTest::newRow("one notch out") << -120 << 2.0;
     }
