@@ -171,22 +171,17 @@ private slots:
 
     void statusBarInputStaysThere_data() {
         HOAddColumns<QString, QString>({"target", "input"});
-        QTest::newRow("click on the scale label") << "scale label"
-                                                  << "click";
-        QTest::newRow("double click on the unit label") << "unit label"
-                                                        << "double click";
-        QTest::newRow("click on the bar") << "bar"
-                                          << "click";
-        QTest::newRow("wheel over the unit label") << "unit label"
-                                                   << "wheel";
-        QTest::newRow("Up in the coordinates box") << "coordinates"
-                                                   << "Up";
-        QTest::newRow("PageUp in the coordinates box") << "coordinates"
-                                                       << "PageUp";
-        QTest::newRow("PageDown in the coordinates box") << "coordinates"
-                                                         << "PageDown";
-        QTest::newRow("Ctrl+C in the coordinates box") << "coordinates"
-                                                       << "Ctrl+C";
+        const auto row = [](const char* name, const char* target, const char* input) {
+            QTest::newRow(name) << QString(target) << QString(input);
+        };
+        row("click on the scale label", "scale label", "click");
+        row("double click on the unit label", "unit label", "double click");
+        row("click on the bar", "bar", "click");
+        row("wheel over the unit label", "unit label", "wheel");
+        row("Up in the coordinates box", "coordinates", "Up");
+        row("PageUp in the coordinates box", "coordinates", "PageUp");
+        row("PageDown in the coordinates box", "coordinates", "PageDown");
+        row("Ctrl+C in the coordinates box", "coordinates", "Ctrl+C");
     }
 
     // Input that the status bar's widgets leave unused reaches neither the view, nor the tool, nor

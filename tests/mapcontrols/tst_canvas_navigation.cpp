@@ -286,8 +286,7 @@ private slots:
             f.canvas.zoomByFactor(argument.toDouble());
         if (step == "factor about nan") f.canvas.zoomByFactor(0.5, &nowhere);
         if (step == "zoomScale nan") f.canvas.zoomScale(nan);
-        QCOMPARE(f.canvas.extent(), accepted);
-        QCOMPARE(extents.count(), 0);
+        QVERIFY(f.canvas.extent() == accepted && extents.count() == 0);
         QCOMPARE(f.scaleBox()->currentText(), HXScaleComboBox::toString(1.0 / f.canvas.scale()));
     }
 
@@ -309,8 +308,7 @@ private slots:
         fixture.canvas.setExtent(fixture.map->extent, false);
         // Without valid settings an empty extent is dropped.
         fixture.canvas.setExtent(HORect(), false);
-        QCOMPARE(extents.count(), 0);
-        QCOMPARE(fixture.map->calls(), QStringList());
+        QVERIFY(extents.count() == 0 && fixture.map->calls().isEmpty());
         // Asked for as magnified, the current extent is applied.
         fixture.canvas.setExtent(fixture.map->extent, true);
         QCOMPARE(extents.count(), 1);

@@ -181,8 +181,7 @@ private slots:
         }
         renderer.join();
         QCoreApplication::processEvents();
-        QVERIFY(paints > 0);
-        QCOMPARE(widget->mImage.size(), widget->size());
+        QVERIFY(paints > 0 && widget->mImage.size() == widget->size());
         QCOMPARE(widget->grab().toImage().pixelColor(1, 1), kMapColour);
     }
 
@@ -232,9 +231,8 @@ private slots:
         HXMapWidget* widget = ShowRealMap(canvas, map);
         QVERIFY(widget);
         QImage image = widget->grab().toImage();
-        QCOMPARE(image.pixelColor(100, 225), kLand);
-        QCOMPARE(image.pixelColor(300, 225), kMapColour);
-        QCOMPARE(image.pixelColor(100, 75), kMapColour);
+        QVERIFY(image.pixelColor(100, 225) == kLand && image.pixelColor(300, 225) == kMapColour &&
+                image.pixelColor(100, 75) == kMapColour);
         QCOMPARE(CountPixels(image, kLand), 200 * 150);
 
         QSignalSpy extents(&canvas, &HXMapCanvas::extentsChanged);
@@ -268,8 +266,7 @@ private slots:
         // Twice as large: the right edge at pixel 200 - 2 * 50, the top edge stays on the centre line.
         const QImage image = widget->grab().toImage();
         QCOMPARE(CountPixels(image, kLand), 100 * 150);
-        QCOMPARE(image.pixelColor(99, 151), kLand);
-        QCOMPARE(image.pixelColor(101, 151), kMapColour);
+        QVERIFY(image.pixelColor(99, 151) == kLand && image.pixelColor(101, 151) == kMapColour);
     }
 
     void zoomToolsUseTheWheelFactor_data() {
