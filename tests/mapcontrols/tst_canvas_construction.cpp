@@ -137,8 +137,8 @@ private slots:
             if (i > 0) QVERIFY2(order[i - 1]->x() < order[i]->x(), qPrintable(QString("item %1").arg(i)));
         }
         // The drawing widget sits on top of the 25 px status bar and together they fill the canvas.
-        QCOMPARE(canvas.findChild<HXMapWidget*>()->geometry(), QRect(0, 0, 900, 400 - 25));
-        QCOMPARE(bar->geometry(), QRect(0, 400 - 25, 900, 25));
+        QVERIFY(canvas.findChild<HXMapWidget*>()->geometry() == QRect(0, 0, 900, 375) &&
+                bar->geometry() == QRect(0, 375, 900, 25));
         // The bar's coordinates follow this canvas.
         const HORefPtr<HOMap> map = new HOMap();
         emit canvas.xyCoordinates(QPointF(1.0, 2.0), map);
@@ -167,9 +167,7 @@ private slots:
 
     void layoutMapView_data() {
         QTest::addColumn<QString>("operating");
-        QTest::newRow("data frame") << "frame";
-        QTest::newRow("no operating element") << "none";
-        QTest::newRow("text element") << "text";
+        for (const char* operating : {"frame", "none", "text"}) QTest::newRow(operating) << operating;
     }
 
     void layoutMapView() {
@@ -272,15 +270,14 @@ private slots:
         QCOMPARE(BoundOnView(second, &canvas, widget), QString("redraw||active"));
         QCOMPARE(BoundOnView(first, &canvas, widget), QString("redraw|scale|active"));
         // The canvas holds one reference on the layout it shows and none on the one it dropped.
-        QCOMPARE(second->RefCount(), 2);
-        QCOMPARE(first->RefCount(), 1);
+        QVERIFY(second->RefCount() == 2 && first->RefCount() == 1);
 
         QSignalSpy active(&canvas, &HXMapCanvas::activeElementChanged);
         HOEvent event;
         second->ActiveElementChangedSignal.fire(second, &event);
         QCOMPARE(active.count(), 1);
-        QCOMPARE(active.at(0).at(0).value<void*>(), static_cast<void*>(second.get()));
-        QCOMPARE(active.at(0).at(1).value<void*>(), static_cast<void*>(&event));
+        QVERIFY(active.at(0).at(0).value<void*>() == second.get() &&
+                active.at(0).at(1).value<void*>() == &event);
     }
 };
 

@@ -89,8 +89,7 @@ private slots:
         fixture.canvas.setMapTool(command);
         QCOMPARE(command->calls, (QStringList{"SetToolBuddy", "Activate", "Deactivate"}));
         QCOMPARE(fixture.canvas.getMapTool(), current.get());
-        QVERIFY(fixture.map->calls.isEmpty());
-        QVERIFY(!current->calls.contains("Deactivate"));
+        QVERIFY(fixture.map->calls.isEmpty() && !current->calls.contains("Deactivate"));
         QCOMPARE(control.calls, QStringList{"SetViewFocus 1"});  // for the installed tool only
         // The one-shot's class name would have cleared the line flag, had it been installed.
         QAction action("New path", nullptr);
@@ -326,8 +325,7 @@ private slots:
         QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5));
         // A menu would run (and be answered) inside the handler.
         QApplication::sendEvent(&fixture.canvas, &event);
-        QVERIFY(!answer.shown);
-        QCOMPARE(spy.count(), 1);
+        QVERIFY(!answer.shown && spy.count() == 1);
         QCOMPARE(spy.at(0).at(0).value<void*>(), static_cast<void*>(&fixture.canvas));
     }
 
