@@ -341,10 +341,7 @@ private slots:
         canvas.ShowTip(10, 20, "");
         QVERIFY(tip->isHidden());
         canvas.ShowTip(30, 40, "Click the second corner");
-        QCOMPARE(canvas.findChildren<HXTooltip*>().size(), 1);
-        QEvent leave(QEvent::Leave);
-        QApplication::sendEvent(&canvas, &leave);
-        QVERIFY(tip->isHidden());
+        QVERIFY(tip->isVisible() && canvas.findChildren<HXTooltip*>().size() == 1);  // the same tip again
     }
 
     void commandLine() {
