@@ -9,6 +9,7 @@
 
 #include "HOCMDPool.h"
 #include "HOMap.h"
+#include "HOTestColumns.h"
 #include "HOTestPrinters.h"
 #include "HOTrackCancel.h"
 #include "HXInputCanvas.h"
@@ -74,10 +75,9 @@ private slots:
     }
 
     void buttons_data() {
-        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-        QTest::addColumn<QEvent::Type>("type");
-        QTest::addColumn<Qt::MouseButton>("button");
-        QTest::addColumn<QString>("calls");  // the view's calls and the host signals, in order
+        // calls: the view's calls and the host signals, in order
+        HOAddColumns<HXMapCanvas::ViewMode, QEvent::Type, Qt::MouseButton, QString>(
+            {"mode", "type", "button", "calls"});
         const auto press = QEvent::MouseButtonPress, release = QEvent::MouseButtonRelease,
                    twice = QEvent::MouseButtonDblClick;
         const auto left = Qt::LeftButton, right = Qt::RightButton, middle = Qt::MiddleButton;
@@ -107,18 +107,15 @@ private slots:
         QFETCH(HXMapCanvas::ViewMode, mode);
         QFETCH(QEvent::Type, type);
         QFETCH(Qt::MouseButton, button);
-        QFETCH(QString, calls);
         HXInputCanvas fixture(mode);
         RecordSignals(fixture);
         fixture.mouse(type, button, type == QEvent::MouseButtonRelease ? Qt::NoButton : button, QPoint(3, 4));
-        QCOMPARE(fixture.viewCalls().join("; "), calls);
+        QTEST(fixture.viewCalls().join("; "), "calls");
         QApplication::restoreOverrideCursor();
     }
 
     void moveButtonCodes_data() {
-        QTest::addColumn<int>("held");
-        QTest::addColumn<bool>("middlePressedBefore");
-        QTest::addColumn<int>("code");
+        HOAddColumns<int, bool, int>({"held", "middlePressedBefore", "code"});
         QTest::newRow("no button") << 0 << false << 0;
         QTest::newRow("left") << int(Qt::LeftButton) << false << 1;
         QTest::newRow("left and right") << int(Qt::LeftButton | Qt::RightButton) << false << 1;
@@ -172,24 +169,18 @@ private slots:
     }
 
     void statusBarInputStaysThere_data() {
-        QTest::addColumn<QString>("target");
-        QTest::addColumn<QString>("input");
-        QTest::newRow("click on the scale label") << "scale label"
-                                                  << "click";
-        QTest::newRow("double click on the unit label") << "unit label"
-                                                        << "double click";
-        QTest::newRow("click on the bar") << "bar"
-                                          << "click";
-        QTest::newRow("wheel over the unit label") << "unit label"
-                                                   << "wheel";
-        QTest::newRow("Up in the coordinates box") << "coordinates"
-                                                   << "Up";
-        QTest::newRow("PageUp in the coordinates box") << "coordinates"
-                                                       << "PageUp";
-        QTest::newRow("PageDown in the coordinates box") << "coordinates"
-                                                         << "PageDown";
-        QTest::newRow("Ctrl+C in the coordinates box") << "coordinates"
-                                                       << "Ctrl+C";
+        HOAddColumns<QString, QString>({"target", "input"});
+        const auto row = [](const char* name, const char* target, const char* input) {
+            QTest::newRow(name) << QString(target) << QString(input);
+        };
+        row("click on the scale label", "scale label", "click");
+        row("double click on the unit label", "unit label", "double click");
+        row("click on the bar", "bar", "click");
+        row("wheel over the unit label", "unit label", "wheel");
+        row("Up in the coordinates box", "coordinates", "Up");
+        row("PageUp in the coordinates box", "coordinates", "PageUp");
+        row("PageDown in the coordinates box", "coordinates", "PageDown");
+        row("Ctrl+C in the coordinates box", "coordinates", "Ctrl+C");
     }
 
     // Input that the status bar's widgets leave unused reaches neither the view, nor the tool, nor
@@ -236,11 +227,10 @@ private slots:
     // pixel (x, y) to (1000 + 2x, 5000 - 2y). On a page, page x = pixel x and page y = -pixel y; frame 0
     // covers page x 0..100, frame 1 (listed last) x 50..150, both y -100..0, each with its own transform.
     void coordinates_data() {
-        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-        QTest::addColumn<int>("layers");  // of the map view's map; -1: no map
-        QTest::addColumn<QPoint>("pixel");
-        QTest::addColumn<QPointF>("expected");
-        QTest::addColumn<int>("map");  // which map is reported; -1: none
+        // layers: of the map view's map; -1: no map
+        // map: which map is reported; -1: none
+        HOAddColumns<HXMapCanvas::ViewMode, int, QPoint, QPointF, int>(
+            {"mode", "layers", "pixel", "expected", "map"});
         QTest::newRow("no map") << kMap << -1 << QPoint(30, 40) << QPointF(30, 40) << -1;
         QTest::newRow("map without layers") << kMap << 0 << QPoint(30, 40) << QPointF(30, 40) << 0;
         QTest::newRow("map with a layer") << kMap << 1 << QPoint(30, 40) << QPointF(1060, 4920) << 0;
@@ -253,7 +243,6 @@ private slots:
         QFETCH(HXMapCanvas::ViewMode, mode);
         QFETCH(int, layers);
         QFETCH(QPoint, pixel);
-        QFETCH(QPointF, expected);
         QFETCH(int, map);
         HXInputCanvas fixture(mode);
         std::vector<HORefPtr<HOMap>> maps{new HOMap(), new HOMap()};
@@ -277,20 +266,15 @@ private slots:
         QSignalSpy spy(&fixture.canvas, &HXMapCanvas::xyCoordinates);
         fixture.mouse(QEvent::MouseMove, Qt::NoButton, Qt::NoButton, pixel);
         QCOMPARE(spy.count(), 1);
-        QCOMPARE(spy.at(0).at(0).toPointF(), expected);
+        QTEST(spy.at(0).at(0).toPointF(), "expected");
         QCOMPARE(spy.at(0).at(1).value<HOMap*>(), map < 0 ? nullptr : maps[map].get());
     }
 
     // Each key's effect, in each mode: tools installed, zooms, the map's new extent, the selected page
     // element's move, whether the event was left to the parent, and the Escape cancelling the drawing.
     void keys_data() {
-        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-        QTest::addColumn<QEvent::Type>("type");
-        QTest::addColumn<int>("key");
-        QTest::addColumn<int>("modifiers");
-        QTest::addColumn<QString>("effects");
-        QTest::addColumn<bool>("viewUsesKey");
-        QTest::addColumn<bool>("withTool");
+        HOAddColumns<HXMapCanvas::ViewMode, QEvent::Type, int, int, QString, bool, bool>(
+            {"mode", "type", "key", "modifiers", "effects", "viewUsesKey", "withTool"});
         auto row = [](const char* name, HXMapCanvas::ViewMode mode, QEvent::Type type, int key, int modifiers,
                       const char* effects, bool viewUsesKey = true, bool withTool = false) {
             QTest::newRow(name) << mode << type << key << modifiers << effects << viewUsesKey << withTool;
@@ -342,7 +326,6 @@ private slots:
         QFETCH(QEvent::Type, type);
         QFETCH(int, key);
         QFETCH(int, modifiers);
-        QFETCH(QString, effects);
         QFETCH(bool, viewUsesKey);
         QFETCH(bool, withTool);
         HXInputCanvas fixture(mode);
@@ -367,7 +350,7 @@ private slots:
             seen << QString("element %1 %2").arg(fixture.frame->get_off_x()).arg(fixture.frame->get_off_y());
         if (!accepted) seen << "ignored";
         if (fixture.map->GetTrackCancel()->IsCancelled()) seen << "cancelled";
-        QCOMPARE(seen.join("; "), effects);
+        QTEST(seen.join("; "), "effects");
     }
 
     void keysWhileButtonHeld() {

@@ -10,6 +10,7 @@
 #include "HODataFrame.h"
 #include "HOMap.h"
 #include "HORecordingView.h"
+#include "HOTestColumns.h"
 #include "HOTestPrinters.h"
 #include "HOTestRectLayer.h"
 #include "HXMapCanvas.h"
@@ -152,9 +153,7 @@ private slots:
     // steps read, in order. The map view has scale 50000, extent (0, 400, 0, 200) and centre (200,
     // 100); the layout scale 25, extent (0, 80, 0, 60).
     void viewCalls_data() {
-        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-        QTest::addColumn<QString>("steps");
-        QTest::addColumn<QStringList>("expected");
+        HOAddColumns<HXMapCanvas::ViewMode, QString, QStringList>({"mode", "steps", "expected"});
         const auto map = HXMapCanvas::MapViewMode, layout = HXMapCanvas::PageLayoutMode;
         const auto reserved = HXMapCanvas::ReservedMode;
         const auto row = [](const char* name, HXMapCanvas::ViewMode mode, const char* steps,
@@ -235,7 +234,6 @@ private slots:
     void viewCalls() {
         QFETCH(HXMapCanvas::ViewMode, mode);
         QFETCH(QString, steps);
-        QFETCH(QStringList, expected);
         RecordingCanvas fixture(mode);
         fixture.layout->extent = HORect(0, 80, 0, 60);
         fixture.layout->scale = 25.0;
@@ -249,7 +247,7 @@ private slots:
         QStringList calls;
         for (const QString& call : fixture.map->calls()) calls << "map " + call;
         for (const QString& call : fixture.layout->calls()) calls << "layout " + call;
-        QCOMPARE(calls + log, expected);
+        QTEST(calls + log, "expected");
     }
 
     void refusedNavigation_data() {
@@ -288,8 +286,7 @@ private slots:
             f.canvas.zoomByFactor(argument.toDouble());
         if (step == "factor about nan") f.canvas.zoomByFactor(0.5, &nowhere);
         if (step == "zoomScale nan") f.canvas.zoomScale(nan);
-        QCOMPARE(f.canvas.extent(), accepted);
-        QCOMPARE(extents.count(), 0);
+        QVERIFY(f.canvas.extent() == accepted && extents.count() == 0);
         QCOMPARE(f.scaleBox()->currentText(), HXScaleComboBox::toString(1.0 / f.canvas.scale()));
     }
 
@@ -311,8 +308,7 @@ private slots:
         fixture.canvas.setExtent(fixture.map->extent, false);
         // Without valid settings an empty extent is dropped.
         fixture.canvas.setExtent(HORect(), false);
-        QCOMPARE(extents.count(), 0);
-        QCOMPARE(fixture.map->calls(), QStringList());
+        QVERIFY(extents.count() == 0 && fixture.map->calls().isEmpty());
         // Asked for as magnified, the current extent is applied.
         fixture.canvas.setExtent(fixture.map->extent, true);
         QCOMPARE(extents.count(), 1);

