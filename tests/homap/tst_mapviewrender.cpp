@@ -159,8 +159,13 @@ private slots:
             return;
         }
         QTRY_VERIFY_WITH_TIMEOUT(how == "extent" ? finished.count > 0 : s.idle(), limitMs);
-        QVERIFY2(timer.elapsed() < limitMs, qPrintable(QString::number(timer.elapsed())));
+        // The view may call itself idle a moment before the layer's own loop has counted the cancel;
+        // wait for the worker without running the event loop, which could start the next render.
+        QElapsedTimer counted;
+        counted.start();
+        while (layer->cancelled.load() != 1 && counted.elapsed() < limitMs) std::this_thread::yield();
         QCOMPARE(layer->cancelled.load(), 1);
+        QVERIFY2(timer.elapsed() < limitMs, qPrintable(QString::number(timer.elapsed())));
         if (how == "group") {
             QCOMPARE(s.view->RefCount(), 1);  // only ours is left
             return;
