@@ -135,7 +135,7 @@ void HOMapPainter::Paint(QPainter& painter, const HOMap& map, const HODisplayTra
     labels.transform = area.screen;
     labels.size = area.screenSize;
     labels.dpi = kScreenDpi;
-    // Labels lie wholly inside the clip and the rulers' bands, which are drawn over them.
+    // Labels lie wholly inside the clip and within the rulers, whose bands are drawn over the map.
     HOMapGridOverlay overlay;  // one page's worth: its projections are not worth keeping
     const HOMapGridOverlay::Target target{area.screen, area.screenSize, system, kScreenDpi};
     const bool gridded = grid && HOMapGridOverlay::IsEnabled(*grid);
