@@ -81,6 +81,8 @@ bool HOFeatureLayer::SetCategoryStyles(const HOString& field,
     std::lock_guard<std::mutex> lock(d->mutex);
     if (field.isEmpty()) {
         d->categories.reset();
+        d->categoryField = HOString();
+        d->categoryStyles.clear();
         return true;
     }
     std::unique_lock<std::mutex> reading(d->source->mutex);
@@ -88,7 +90,19 @@ bool HOFeatureLayer::SetCategoryStyles(const HOString& field,
     reading.unlock();
     if (!categories) return false;
     d->categories = std::move(categories);
+    d->categoryField = field;
+    d->categoryStyles = styles;
     return true;
+}
+
+HOString HOFeatureLayer::GetCategoryField() const {
+    std::lock_guard<std::mutex> lock(d->mutex);
+    return d->categoryField;
+}
+
+std::map<HOString, HORefPtr<HOStyle>> HOFeatureLayer::GetCategoryStyles() const {
+    std::lock_guard<std::mutex> lock(d->mutex);
+    return d->categoryStyles;
 }
 
 std::vector<HOString> HOFeatureLayer::GetFieldNames() const {

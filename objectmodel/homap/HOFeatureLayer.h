@@ -41,6 +41,9 @@ public:
     // with the layer style; per-feature styles still win). An empty field clears. False, changing
     // nothing, when the layer has no such field.
     bool SetCategoryStyles(const HOString& field, const std::map<HOString, HORefPtr<HOStyle>>& styles);
+    // The field and the styles by value in use (an empty field and no styles when none).
+    HOString GetCategoryField() const;
+    std::map<HOString, HORefPtr<HOStyle>> GetCategoryStyles() const;
 
     // The names of the attribute fields, in source order.
     std::vector<HOString> GetFieldNames() const;

@@ -156,6 +156,22 @@ QString absoluteSource(const QString& source, const QDir& folder) {
     return QDir::cleanPath(folder.absoluteFilePath(path)) + (bar < 0 ? QString() : source.mid(bar));
 }
 
+// Styles by value of one field: {"field": name, "styles": {value: style, ...}}.
+QJsonObject categoriesToJson(const HOString& field, const std::map<HOString, HORefPtr<HOStyle>>& styles) {
+    QJsonObject byValue;
+    for (const auto& [value, style] : styles)
+        if (style) byValue[value.toQString()] = styleToJson(*style);
+    return {{"field", field.toQString()}, {"styles", byValue}};
+}
+
+void applyCategoriesJson(HOFeatureLayer& layer, const QJsonObject& json) {
+    std::map<HOString, HORefPtr<HOStyle>> styles;
+    const QJsonObject byValue = json["styles"].toObject();
+    for (auto it = byValue.begin(); it != byValue.end(); ++it)
+        if (const HORefPtr<HOStyle> style = styleFromJson(it.value().toObject())) styles[it.key()] = style;
+    layer.SetCategoryStyles(json["field"].toString(), styles);
+}
+
 QJsonObject layerToJson(HOLayer& layer, const QDir& folder) {
     QJsonObject json{{"source", relativeSource(layer.GetSource().toQString(), folder)},
                      {"name", layer.GetName().toQString()},
@@ -171,6 +187,8 @@ QJsonObject layerToJson(HOLayer& layer, const QDir& folder) {
     for (const auto& [id, style] : features->GetCustomFeatureRender()->GetAllStyles())
         custom.append(QJsonObject{{"id", id}, {"style", styleToJson(*style)}});
     if (!custom.isEmpty()) json["featureStyles"] = custom;
+    if (const HOString field = features->GetCategoryField(); !field.isEmpty())
+        json["categories"] = categoriesToJson(field, features->GetCategoryStyles());
     return json;
 }
 
@@ -189,6 +207,7 @@ void applyLayerJson(HOLayer& layer, const QJsonObject& json) {
         if (const HORefPtr<HOStyle> style = styleFromJson(o["style"].toObject()))
             features->GetCustomFeatureRender()->SetFeatureStyle(o["id"].toInt(), style);
     }
+    if (json.contains("categories")) applyCategoriesJson(*features, json["categories"].toObject());
 }
 
 }  // namespace

@@ -251,7 +251,7 @@ private:
     }
 
     static HOLabelEngine place(const std::vector<HORefPtr<HOFeatureLayer>>& layers) {
-        HOLabelEngine engine(kSize);
+        HOLabelEngine engine(QRectF(QPointF(0, 0), kSize));
         const HORenderContext context = HOLayerFixture::Context(nullptr, kSize, kExtent);
         for (const auto& layer : layers) layer->PlaceLabels(context, engine);
         return engine;

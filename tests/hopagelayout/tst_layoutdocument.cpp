@@ -28,7 +28,8 @@ void writeFile(const QString& path, const QByteArray& bytes) {
 
 QByteArray squareGeoJson(double x) {
     return QString(
-               "{\"type\":\"FeatureCollection\",\"features\":[{\"type\":\"Feature\",\"properties\":{},"
+               "{\"type\":\"FeatureCollection\",\"features\":[{\"type\":\"Feature\","
+               "\"properties\":{\"kind\":\"wood\"},"
                "\"geometry\":{\"type\":\"Polygon\",\"coordinates\":[[[%1,0],[%2,0],[%2,10],[%1,10],[%1,0]]]}}"
                "]}")
         .arg(x)
@@ -79,6 +80,9 @@ QStringList describe(HOPageLayoutView& layout) {
                     const auto custom = fl->GetCustomFeatureRender()->GetAllStyles();
                     for (const auto& [id, style] : custom)
                         line += QString(" #%1 %2").arg(id).arg(style->GetWidth());
+                    line += " by '" + fl->GetCategoryField().toQString() + "'";
+                    for (const auto& [value, style] : fl->GetCategoryStyles())
+                        line += QString(" %1 %2").arg(value.toQString(), style->GetColor().toQColor().name());
                 }
             }
             line += QString(" grid %1").arg(f->get_map_view()->GetRulerAndGridSetting()->get_draw_km_grid());
@@ -126,6 +130,10 @@ private:
         second->SetStyle(HOStyle::NewFill(HOColor(10, 200, 30), HOColor(0, 0, 0), 2.0));
         second->GetCustomFeatureRender()->SetFeatureStyle(
             0, HOStyle::NewFill(HOColor(1, 2, 3), HOColor(4, 5, 6), 3.5));
+        if (!second->SetCategoryStyles("kind",
+                                       {{"wood", HOStyle::NewFill(HOColor(7, 8, 9), HOColor(0, 0, 0), 1.0)},
+                                        {"lake", HOStyle::NewFill(HOColor(9, 8, 7), HOColor(0, 0, 0), 1.0)}}))
+            return {};
         HORefPtr<HOMapView> view(new HOMapView);
         view->SetMap(map);
         HORefPtr<HOPageLayoutView> layout(new HOPageLayoutView);
@@ -171,6 +179,7 @@ private slots:
         QVERIFY(in.Warnings().isEmpty());
         QCOMPARE(describe(*reopened), describe(*layout));
         QVERIFY(describe(*layout).join('\n').contains("scale 250k"));
+        QVERIFY(describe(*layout).join('\n').contains("by 'kind' lake #090807 wood #070809"));
     }
 
     void badDocumentsAreRefused_data() {

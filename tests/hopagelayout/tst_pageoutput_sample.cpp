@@ -1,16 +1,21 @@
 // Page output of the sample region, checked with a PDF reader: the default A4 layout written as a PDF
 // (and through a PDF printer) has the paper's size, its title as text and the map where the frame
-// is; an image export has the pixels the resolution asks for; impossible resolutions are refused.
+// is, its labels wholly inside the grid's rulers; an image export has the pixels the resolution asks
+// for; impossible resolutions are refused.
 #include <gdal.h>
 
 #include <QPrinter>
 #include <QtTest>
 #include <optional>
 
+#include "HOCoordinateSystem.h"
 #include "HODataFrame.h"
 #include "HOFeatureLayer.h"
 #include "HOLayoutComposer.h"
 #include "HOMap.h"
+#include "HOMapGridOverlay.h"
+#include "HOMapPainter.h"
+#include "HOMapRulerAndGrid.h"
 #include "HOMapView.h"
 #include "HOPageExporter.h"
 #include "HOPageLayoutView.h"
@@ -95,6 +100,26 @@ private:
         return QPoint(qRound(105 / 25.4 * dpi), qRound((297 - 3) / 25.4 * dpi));
     }
 
+    // The frame's map inside the grid's rulers, in points from the page's top left.
+    QRectF insideRulersInPoints() const {
+        const HORect b = frame()->get_bounds();
+        const double pixelsPerMm = HOMapPainter::kScreenDpi / 25.4;
+        const HOSize size(qRound(b.Width() * pixelsPerMm), qRound(b.Height() * pixelsPerMm));
+        const HORect extent = frame()->get_map_extent();
+        HODisplayTransform transform;
+        transform.unitsPerPixel = std::max(extent.Width() / size.width, extent.Height() / size.height);
+        transform.extentLeft = extent.Center().x - size.width / 2.0 * transform.unitsPerPixel;
+        transform.extentTop = extent.Center().y + size.height / 2.0 * transform.unitsPerPixel;
+        HOMapGridOverlay overlay;
+        const QRectF inner = overlay.MapFrame(
+            *m_view->GetRulerAndGridSetting(),
+            {transform, size, m_view->GetMap()->GetSpatialReference(), HOMapPainter::kScreenDpi});
+        const double pointsPerMm = 72.0 / 25.4, pointsPerPixel = pointsPerMm / pixelsPerMm;
+        const QPointF topLeft(b.minx * pointsPerMm,
+                              (m_layout->GetPageSetup().Height() - b.maxy) * pointsPerMm);
+        return QRectF(topLeft + inner.topLeft() * pointsPerPixel, inner.size() * pointsPerPixel);
+    }
+
     void checkPdf(const QString& pdf) {
         QCOMPARE(pageSize(pdf), QString("595 x 842"));  // A4 portrait in points
         const QString text = QString::fromUtf8(poppler("pdftotext", {pdf, "-"}).value_or(QByteArray()));
@@ -144,6 +169,29 @@ private slots:
         QString error;
         QVERIFY2(HOPageExporter::ExportPdf(*m_layout, pdf, 150, kTitle, &error), qPrintable(error));
         checkPdf(pdf);
+    }
+
+    void labelsLieInsideTheGridRulers() {
+        HOMapRulerAndGrid& grid = *m_view->GetRulerAndGridSetting();
+        grid.set_draw_km_grid_ruler(true);
+        const QString pdf = out("ruled.pdf");
+        QString error;
+        const bool written = HOPageExporter::ExportPdf(*m_layout, pdf, 150, kTitle, &error);
+        const QRectF inside = insideRulersInPoints().adjusted(-0.5, -0.5, 0.5, 0.5);
+        grid.set_draw_km_grid_ruler(false);
+        QVERIFY2(written, qPrintable(error));
+        const QString words =
+            QString::fromUtf8(poppler("pdftotext", {"-bbox", pdf, "-"}).value_or(QByteArray()));
+        const QRegularExpression town(
+            "<word xMin=\"([\\d.]+)\" yMin=\"([\\d.]+)\" xMax=\"([\\d.]+)\" yMax=\"([\\d.]+)\">Town</word>");
+        int labels = 0;
+        for (auto it = town.globalMatch(words); it.hasNext(); ++labels) {
+            const QRegularExpressionMatch m = it.next();
+            const QRectF box(QPointF(m.captured(1).toDouble(), m.captured(2).toDouble()),
+                             QPointF(m.captured(3).toDouble(), m.captured(4).toDouble()));
+            QVERIFY2(inside.contains(box), qPrintable(m.captured(0)));
+        }
+        QVERIFY2(labels > 10, qPrintable(words.left(2000)));
     }
 
     void rastersAtTheOutputResolutionVectorsAsVectors_data() {

@@ -214,10 +214,20 @@ bool HOMapGridOverlay::IsEnabled(const HOMapRulerAndGrid& settings) {
            settings.get_draw_bl_grid_ruler();
 }
 
+bool HOMapGridOverlay::drawsOn(const HOMapRulerAndGrid& s, const Target& target) {
+    return IsEnabled(s) && target.size.width > 0 && target.size.height > 0 &&
+           target.transform.unitsPerPixel > 0.0;
+}
+
+QRectF HOMapGridOverlay::MapFrame(const HOMapRulerAndGrid& s, const Target& target) {
+    const QRectF whole(0, 0, target.size.width, target.size.height);
+    if (!drawsOn(s, target)) return whole;
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return innerFrame(d->plans(s, target), whole);
+}
+
 void HOMapGridOverlay::Draw(QPainter& painter, const HOMapRulerAndGrid& s, const Target& target) {
-    if (!IsEnabled(s) || target.size.width <= 0 || target.size.height <= 0 ||
-        !(target.transform.unitsPerPixel > 0.0))
-        return;
+    if (!drawsOn(s, target)) return;
     std::lock_guard<std::mutex> lock(m_mutex);
     std::vector<Plan> plans = d->plans(s, target);
     // Lines are computed across the whole surface, so that they meet every ruler's frame, and drawn

@@ -23,6 +23,7 @@
 //
 // Each map view owns one; Draw may be called from any thread (calls are serialised), and keeps
 // the projections it made for the last coordinate system it was given.
+#include <QRectF>
 #include <memory>
 #include <mutex>
 
@@ -53,8 +54,11 @@ public:
 
     static bool IsEnabled(const HOMapRulerAndGrid& settings);
     void Draw(QPainter& painter, const HOMapRulerAndGrid& settings, const Target& target);
+    // The map's frame inside the rulers drawn on the target (the whole target without rulers).
+    QRectF MapFrame(const HOMapRulerAndGrid& settings, const Target& target);
 
 private:
+    static bool drawsOn(const HOMapRulerAndGrid& settings, const Target& target);
     class Private;
     std::unique_ptr<Private> d;
     std::mutex m_mutex;

@@ -135,11 +135,15 @@ void HOMapPainter::Paint(QPainter& painter, const HOMap& map, const HODisplayTra
     labels.transform = area.screen;
     labels.size = area.screenSize;
     labels.dpi = kScreenDpi;
-    if (!area.IsCancelled()) HOLabelPass::Paint(painter, map.GetLayers(true), labels, system.get(), cancel);
-    if (grid && HOMapGridOverlay::IsEnabled(*grid)) {
-        HOMapGridOverlay overlay;  // one page's worth: its projections are not worth keeping
-        overlay.Draw(painter, *grid, {area.screen, area.screenSize, system, kScreenDpi});
-    }
+    // Labels lie wholly inside the clip and within the rulers, whose bands are drawn over the map.
+    HOMapGridOverlay overlay;  // one page's worth: its projections are not worth keeping
+    const HOMapGridOverlay::Target target{area.screen, area.screenSize, system, kScreenDpi};
+    const bool gridded = grid && HOMapGridOverlay::IsEnabled(*grid);
+    QRectF inside(0, 0, size.width / k, size.height / k);
+    if (gridded) inside &= overlay.MapFrame(*grid, target);
+    if (!area.IsCancelled())
+        HOLabelPass::Paint(painter, map.GetLayers(true), labels, inside, system.get(), cancel);
+    if (gridded) overlay.Draw(painter, *grid, target);
     painter.restore();
 }
 

@@ -43,9 +43,9 @@ bool HOLabelPass::place(HOLabelEngine& engine, const std::vector<HORefPtr<HOLaye
 }
 
 bool HOLabelPass::Paint(QPainter& painter, const std::vector<HORefPtr<HOLayer>>& layers,
-                        const HORenderRequest& request, HOCoordinateSystem* system,
+                        const HORenderRequest& request, const QRectF& area, HOCoordinateSystem* system,
                         const HOTrackCancel* cancel) {
-    HOLabelEngine engine(QSize(request.size.width, request.size.height));
+    HOLabelEngine engine(area);
     if (!place(engine, layers, request, system, cancel)) return false;
     engine.Draw(painter);
     return true;
@@ -54,7 +54,7 @@ bool HOLabelPass::Paint(QPainter& painter, const std::vector<HORefPtr<HOLayer>>&
 bool HOLabelPass::Render(const std::vector<HORefPtr<HOLayer>>& layers, const HORenderRequest& request,
                          HOCoordinateSystem* system, const HOTrackCancel* cancel) {
     const QSize size(request.size.width, request.size.height);
-    HOLabelEngine engine(size);
+    HOLabelEngine engine(QRectF(QPointF(0, 0), size));
     if (!place(engine, layers, request, system, cancel)) return false;
     // No labels, no picture: nothing to compose on every redraw.
     QImage image;

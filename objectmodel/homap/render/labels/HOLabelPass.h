@@ -33,10 +33,11 @@ public:
     void DrawInto(QPainter& painter, const HODisplayTransform& target) const;
     void Clear();
 
-    // Places the labels and draws them straight onto `painter`, in the request's pixels, keeping
-    // no picture: a page printed at once gets its labels as text. False when cancelled.
+    // Places the labels wholly inside `area` and draws them straight onto `painter`, in the
+    // request's pixels, keeping no picture: a page printed at once gets its labels as text. False
+    // when cancelled.
     static bool Paint(QPainter& painter, const std::vector<HORefPtr<HOLayer>>& layers,
-                      const HORenderRequest& request, HOCoordinateSystem* system,
+                      const HORenderRequest& request, const QRectF& area, HOCoordinateSystem* system,
                       const HOTrackCancel* cancel);
 
     // The visible feature layers labelled at this scale, in placing order: higher priority first,

@@ -40,6 +40,8 @@ public:
     HORefPtr<HOUserFeatureRender> custom{new HOUserFeatureRender};
     std::vector<int64_t> selected;  // ascending
     std::shared_ptr<const HOFeatureCategories> categories;
+    HOString categoryField;  // and the styles by value, as given
+    std::map<HOString, HORefPtr<HOStyle>> categoryStyles;
     HOLayerLabels labels;  // guards itself
     // Editing: the writer, or why there is none. Edits run on one thread at a time (editMutex);
     // a shapefile's re-added feature gets a new id, and later edits that name the old one mean it.

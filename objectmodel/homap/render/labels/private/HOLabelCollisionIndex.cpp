@@ -5,10 +5,10 @@
 
 namespace HXObjects {
 
-HOLabelCollisionIndex::HOLabelCollisionIndex(QSize size)
-    : m_bounds(0, 0, size.width(), size.height()),
-      m_columns(std::max(1, (size.width() + kCellSize - 1) / kCellSize)),
-      m_rows(std::max(1, (size.height() + kCellSize - 1) / kCellSize)),
+HOLabelCollisionIndex::HOLabelCollisionIndex(const QRectF& area)
+    : m_bounds(area),
+      m_columns(std::max(1, int(std::ceil(area.right() / kCellSize)))),
+      m_rows(std::max(1, int(std::ceil(area.bottom() / kCellSize)))),
       m_cells(std::size_t(m_columns) * std::size_t(m_rows)),
       m_misses(m_cells.size(), 0) {}
 

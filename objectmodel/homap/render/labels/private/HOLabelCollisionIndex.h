@@ -15,9 +15,10 @@ public:
     static constexpr int kCellSize = 32;  // pixels
     static constexpr uint8_t kMaxMissesPerCell = 2;
 
-    explicit HOLabelCollisionIndex(QSize size);
+    // Labels must lie wholly inside `area`, a part of the picture whose top left is (0, 0).
+    explicit HOLabelCollisionIndex(const QRectF& area);
 
-    // True when the box lies inside the picture and meets no placed box.
+    // True when the box lies inside the area and meets no placed box.
     bool IsFree(const QRectF& box) const;
     void Insert(const QRectF& box);
 

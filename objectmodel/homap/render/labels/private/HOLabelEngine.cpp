@@ -8,7 +8,7 @@
 
 namespace HXObjects {
 
-HOLabelEngine::HOLabelEngine(QSize size) : m_index(size) {}
+HOLabelEngine::HOLabelEngine(const QRectF& area) : m_index(area) {}
 
 int HOLabelEngine::AddStyle(const HOLabelSettings& settings, double dpi) {
     m_styles.push_back(std::make_unique<HOLabelStyle>(settings, dpi));

@@ -45,7 +45,8 @@ struct HOPlacedLabel {
 
 class HOLabelEngine {
 public:
-    explicit HOLabelEngine(QSize size);
+    // Labels lie wholly inside `area` of the picture.
+    explicit HOLabelEngine(const QRectF& area);
 
     // The style's number for Offer.
     int AddStyle(const HOLabelSettings& settings, double dpi);
