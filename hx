@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Front script: ./hx run [FILE...] | test | build | fuzz [SECONDS] | bench | deps
+# Front script: ./hx run [FILE...] | test | lint | build | fuzz [SECONDS] | bench | deps
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 jobs=$(nproc 2>/dev/null || echo 2)
@@ -8,6 +8,7 @@ packages=(cmake ninja-build g++ ccache pkg-config qtbase5-dev qtbase5-dev-tools 
           qttools5-dev qttools5-dev-tools libssl-dev libgdal-dev libproj-dev libgeos-dev libboost-dev
           fonts-dejavu-core fonts-noto-cjk fontconfig clang libclang-rt-14-dev poppler-utils
           postgresql-15-postgis-3)
+lint_packages=(clang-format clang-tidy)
 bench_packages=(mapserver-bin python3-mapnik hyperfine)
 
 missing() {
@@ -78,6 +79,31 @@ fuzz_run() { # seconds per target: prints the executions each reached; non-zero 
   return "$failed"
 }
 
+# Every tracked C++ file formatted as .clang-format says; prints the files that are not.
+format_check() {
+  local bad
+  bad=$(cd "$root" && git ls-files -z '*.cpp' '*.h' |
+        xargs -0 -n 40 -P "$jobs" clang-format --dry-run --Werror 2>&1 |
+        sed -n 's/^\([^: ][^: ]*\):[0-9]*:[0-9]*: error: .*/\1/p' | sort -u)
+  [ -z "$bad" ] && { echo "lint: formatting clean"; return 0; }
+  echo "lint: not formatted (run: clang-format -i FILE):" >&2
+  echo "$bad" | sed 's/^/  /' >&2
+  return 1
+}
+
+# clang-tidy with .clang-tidy's checks over the library, the widgets and the programs (the tests are
+# left out), through the sanitized build's compile commands and generated headers.
+tidy_check() {
+  local dir=$1 log=$1/clang-tidy.log
+  if run-clang-tidy -p "$dir" -quiet -j "$jobs" "^$root/(objectmodel|mapcontrols|apps|designer|tools)/" \
+       >"$log" 2>&1; then
+    echo "lint: clang-tidy clean"
+    return 0
+  fi
+  sed 's/\x1b\[[0-9;]*m//g' "$log" | grep -E -A3 ': (warning|error): ' >&2 || tail -n 20 "$log" >&2
+  return 1
+}
+
 sample_dir="$root/build/sample"
 ensure_sample() {
   if [ ! -f "$sample_dir/region.gpkg" ] || [ ! -f "$sample_dir/hillshade.tif" ]; then
@@ -110,6 +136,14 @@ case "$cmd" in
     sed -n '/tests passed, /,$p' "$dir/ctest.log"
     [ "$fuzz_status" = 0 ] || echo "hx: a fuzz target failed (see above)" >&2
     [ "$ctest_status" = 0 ] && [ "$fuzz_status" = 0 ] ;;
+  lint)
+    install_packages "${packages[@]}" "${lint_packages[@]}"
+    dir="$root/build/asan"
+    configure "$root" "$dir" -DCMAKE_BUILD_TYPE=Debug -DHX_SANITIZE=ON -DHX_BUILD_TESTS=ON
+    cmake --build "$dir" -j "$jobs"
+    format_status=0
+    format_check || format_status=1
+    tidy_check "$dir" && [ "$format_status" = 0 ] ;;
   fuzz)
     install_packages "${packages[@]}"
     fuzz_build
@@ -127,6 +161,6 @@ case "$cmd" in
     release_build -DHX_BUILD_BENCH=ON
     exec "$root/bench/run" "$root/build/release" "$@" ;;
   *)
-    echo "usage: ./hx run [FILE...] | test [ctest args] | build | fuzz [seconds per target, default 60] | bench | deps" >&2
+    echo "usage: ./hx run [FILE...] | test [ctest args] | lint | build | fuzz [seconds per target, default 60] | bench | deps" >&2
     [ "$cmd" = help ] || exit 2 ;;
 esac

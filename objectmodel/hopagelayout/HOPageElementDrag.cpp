@@ -29,7 +29,7 @@ bool HOPageElementDrag::Begin(HOGraphicsContainer& container, const HOPageRender
         container.ClearSelection();
         return false;
     }
-    const HORefPtr<HOPageLayoutBaseElement> top = hit.back();
+    const HORefPtr<HOPageLayoutBaseElement>& top = hit.back();
     if (std::find(selected.begin(), selected.end(), top) == selected.end()) {
         container.ClearSelection();
         container.SelectElement(top, true);

@@ -18,7 +18,7 @@ HOString HOGeometryWkt::ToWkt(const HOGeometry& geometry) {
 }
 
 std::vector<HORefPtr<HOGeometry>> HOGeometryWkt::FromWkt(const HOString& text) {
-    const std::string wkt = text.toStdString();
+    const std::string& wkt = text.toStdString();
     const char* rest = wkt.c_str();
     OGRGeometry* parsed = nullptr;
     CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);

@@ -120,6 +120,7 @@ void HOLineRasterizer::drawSegment(const Segment& s, int top, int bottom) {
             steep ? plot(ny, x, 255) : plot(x, ny, 255);
             continue;
         }
+        // NOLINTNEXTLINE(bugprone-incorrect-roundings): the fraction is never negative
         const uint32_t lower = uint32_t((y - floorY) * 255.0 + 0.5);
         if (steep) {
             plot(iy, x, 255 - lower);
