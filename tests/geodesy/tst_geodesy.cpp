@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "CcurrencyFunc.h"
+#include "HOTestColumns.h"
 #include "HOUnitConversion.h"
 
 using HXObjects::HOUnitConversion;
@@ -23,9 +24,8 @@ class TestGeodesy : public QObject {
     Q_OBJECT
 private slots:
     void packedAngles_data() {
-        QTest::addColumn<double>("degrees");
-        QTest::addColumn<double>("dms");
-        QTest::addColumn<double>("ddm");  // NaN: not checked
+        // ddm: NaN: not checked
+        HOAddColumns<double, double, double>({"degrees", "dms", "ddm"});
         const double nan = qQNaN();
         QTest::newRow("whole degrees") << 120.0 << 120.0 << 120.0;
         QTest::newRow("30 minutes, inexact in binary") << 120.5 << 120.30 << 120.30;
@@ -53,9 +53,7 @@ private slots:
     }
 
     void packedRoundTrip_data() {
-        QTest::addColumn<double>("from");
-        QTest::addColumn<double>("to");
-        QTest::addColumn<double>("step");
+        HOAddColumns<double, double, double>({"from", "to", "step"});
         QTest::newRow("one degree in 0.1 second steps") << 116.0 << 117.0 << 0.1 / 3600;
         QTest::newRow("west and south in odd steps") << -180.0 << 0.0 << 0.0137;
         QTest::newRow("whole globe in 1/7 minute") << -90.0 << 90.0 << 1.0 / 420;
@@ -78,10 +76,8 @@ private slots:
     }
 
     void gaussKrugerMatchesProj_data() {
-        QTest::addColumn<int>("ellipsoid");
-        QTest::addColumn<QString>("projEllipsoid");
-        QTest::addColumn<double>("centralMeridian");
-        QTest::addColumn<bool>("packed");  // angles in packed DMS, else decimal degrees
+        // packed: angles in packed DMS, else decimal degrees
+        HOAddColumns<int, QString, double, bool>({"ellipsoid", "projEllipsoid", "centralMeridian", "packed"});
         const QString cgcs2000 = "+a=6378137 +rf=298.257222101";
         for (double meridian : {75.0, 105.0, 117.0, 135.0, 177.0})
             QTest::addRow("CGCS2000 L0=%g", meridian) << int(C::CGCS2000) << cgcs2000 << meridian << false;
@@ -124,12 +120,8 @@ private slots:
 
     void gaussKrugerRejects_data() {
         const double nan = qQNaN();
-        QTest::addColumn<int>("ellipsoid");
-        QTest::addColumn<double>("lat");
-        QTest::addColumn<double>("lon");
-        QTest::addColumn<double>("centralMeridian");
-        QTest::addColumn<double>("falseEasting");
-        QTest::addColumn<int>("angleFormat");
+        HOAddColumns<int, double, double, double, double, int>(
+            {"ellipsoid", "lat", "lon", "centralMeridian", "falseEasting", "angleFormat"});
         QTest::newRow("latitude beyond pole") << 0 << 91.0 << 117.0 << 117.0 << kFalseEasting << 0;
         QTest::newRow("packed latitude beyond pole") << 0 << -90.0001 << 117.0 << 117.0 << kFalseEasting << 1;
         QTest::newRow("NaN latitude") << 0 << nan << 117.0 << 117.0 << kFalseEasting << 0;

@@ -8,6 +8,7 @@
 #include "HORefBase.h"
 #include "HORefPtr.h"
 #include "HOString.h"
+#include "HOTestColumns.h"
 #include "HOTestPrinters.h"
 
 using namespace HXObjects;
@@ -30,8 +31,7 @@ private slots:
     void init() { gDeleted = 0; }
 
     void rectEmptiness_data() {
-        QTest::addColumn<HORect>("rect");
-        QTest::addColumn<bool>("empty");
+        HOAddColumns<HORect, bool>({"rect", "empty"});
         QTest::newRow("default") << HORect() << true;
         QTest::newRow("area") << HORect(100, 200, -50, 50) << false;
         QTest::newRow("zero width") << HORect(3, 3, 0, 5) << true;
@@ -44,9 +44,7 @@ private slots:
     }
 
     void rectUnited_data() {
-        QTest::addColumn<HORect>("a");
-        QTest::addColumn<HORect>("b");
-        QTest::addColumn<HORect>("expected");
+        HOAddColumns<HORect, HORect, HORect>({"a", "b", "expected"});
         QTest::newRow("overlapping") << HORect(0, 10, 0, 10) << HORect(5, 20, -5, 5) << HORect(0, 20, -5, 10);
         QTest::newRow("empty left") << HORect() << HORect(1, 2, 3, 4) << HORect(1, 2, 3, 4);
         QTest::newRow("empty right, not the origin") << HORect(1, 2, 3, 4) << HORect() << HORect(1, 2, 3, 4);
@@ -133,9 +131,7 @@ private slots:
     }
 
     void stringCompareNoCase_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("other");
-        QTest::addColumn<int>("sign");
+        HOAddColumns<QString, QString, int>({"text", "other", "sign"});
         QTest::newRow("ascii case") << QString("HXObjects::HOToolPan") << QString("hxobjects::hotoolpan")
                                     << 0;
         QTest::newRow("non-ascii case") << QString("Ärger") << QString("äRGER") << 0;
@@ -151,8 +147,7 @@ private slots:
     }
 
     void stringToDouble_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<double>("value");
+        HOAddColumns<QString, double>({"text", "value"});
         QTest::newRow("blanks around") << "  -2.25 " << -2.25;
         QTest::newRow("exponent") << "2.5e3" << 2500.0;
         QTest::newRow("trailing garbage") << "12.5abc" << 12.5;

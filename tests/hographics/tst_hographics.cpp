@@ -9,6 +9,7 @@
 #include "HOGraphics.h"
 #include "HOGraphicsEngineManager.h"
 #include "HORefPtr.h"
+#include "HOTestColumns.h"
 #include "HOTestPrinters.h"
 
 using namespace HXObjects;
@@ -46,9 +47,7 @@ private slots:
     }
 
     void surfaceSizes_data() {
-        QTest::addColumn<int>("width");
-        QTest::addColumn<int>("height");
-        QTest::addColumn<bool>("hasBits");
+        HOAddColumns<int, int, bool>({"width", "height", "hasBits"});
         QTest::newRow("ordinary") << 64 << 48 << true;
         QTest::newRow("odd width") << 3 << 7 << true;
         QTest::newRow("zero width") << 0 << 10 << false;

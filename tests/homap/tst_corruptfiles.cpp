@@ -12,6 +12,7 @@
 
 #include "HOLayerFixture.h"
 #include "HOStderrCapture.h"
+#include "HOTestColumns.h"
 #include "HOTimedOpen.h"
 
 using namespace HXObjects;
@@ -64,9 +65,9 @@ private slots:
     void cleanupTestCase() { CPLPopErrorHandler(); }
 
     void eachFileFailsCleanlyAndQuickly_data() {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<bool>("readable");   // a layer is expected: the file is sound enough to read
-        QTest::addColumn<QString>("reason");  // part of the error when no layer; empty: any reason
+        // readable: a layer is expected: the file is sound enough to read
+        // reason: part of the error when no layer; empty: any reason
+        HOAddColumns<QString, bool, QString>({"path", "readable", "reason"});
 
         // Special files.
         QVERIFY(::mkfifo(qPrintable(file("pipe.geojson")), 0644) == 0);

@@ -13,6 +13,7 @@
 #include "HOMap.h"
 #include "HOMapView.h"
 #include "HOSignalCounter.h"
+#include "HOTestColumns.h"
 #include "HOTestPrinters.h"
 #include "render/labels/private/HOLabelEngine.h"
 
@@ -73,8 +74,7 @@ private slots:
     void initTestCase() { QVERIFY(m_dir.isValid()); }
 
     void placesEachKind_data() {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QString>("wkt");
+        HOAddColumns<int, QString>({"type", "wkt"});
         QTest::newRow("point") << int(wkbPoint) << "POINT(50 50)";
         QTest::newRow("point near the right edge") << int(wkbPoint) << "POINT(99 50)";
         QTest::newRow("point in the top left corner") << int(wkbPoint) << "POINT(1 99)";
@@ -156,8 +156,7 @@ private slots:
     // Layers A (bottom), B and C (top): each "priority/minScale/maxScale", "hidden" or "off"; the
     // map is at 1:10000.
     void placingOrder_data() {
-        QTest::addColumn<QStringList>("layers");
-        QTest::addColumn<QString>("order");
+        HOAddColumns<QStringList, QString>({"layers", "order"});
         QTest::newRow("topmost first") << QStringList{"0/0/0", "0/0/0", "0/0/0"} << "CBA";
         QTest::newRow("priority first") << QStringList{"2/0/0", "0/0/0", "1/0/0"} << "ACB";
         QTest::newRow("hidden or unlabelled") << QStringList{"0/0/0", "hidden", "off"} << "A";
@@ -190,8 +189,7 @@ private slots:
     // Through a map view: text pixels near the point, drawn above the layers; a label field that
     // names no field draws nothing and fails nothing.
     void mapViewDrawsLabels_data() {
-        QTest::addColumn<QString>("expression");
-        QTest::addColumn<bool>("drawn");
+        HOAddColumns<QString, bool>({"expression", "drawn"});
         QTest::newRow("field") << "name" << true;
         QTest::newRow("template") << "<{name}>" << true;
         QTest::newRow("missing field") << "nosuchfield" << false;

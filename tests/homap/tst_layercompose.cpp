@@ -7,6 +7,7 @@
 #include "HOMap.h"
 #include "HOMapPainter.h"
 #include "HOMapView.h"
+#include "HOTestColumns.h"
 #include "HOTestRectLayer.h"
 
 using namespace HXObjects;
@@ -51,10 +52,7 @@ private:
 
 private slots:
     void layerBlendsOverTheOnesBelow_data() {
-        QTest::addColumn<int>("composition");
-        QTest::addColumn<double>("opacity");
-        QTest::addColumn<QColor>("expected");
-        QTest::addColumn<int>("surface");
+        HOAddColumns<int, double, QColor, int>({"composition", "opacity", "expected", "surface"});
         // Land (200, 160, 100) under a grey shade (128, 128, 128) on the right half only.
         for (const int surface : {View, Image, Vector}) {
             const char* on = surface == View ? "view" : surface == Image ? "image" : "vector page";
@@ -98,18 +96,16 @@ private slots:
     }
 
     void opacityIsClamped_data() {
-        QTest::addColumn<double>("set");
-        QTest::addColumn<double>("kept");
+        HOAddColumns<double, double>({"set", "kept"});
         QTest::newRow("above one") << 3.0 << 1.0;
         QTest::newRow("negative") << -0.5 << 0.0;
         QTest::newRow("not a number") << std::nan("") << 0.0;
     }
     void opacityIsClamped() {
         QFETCH(double, set);
-        QFETCH(double, kept);
         HORefPtr<HOLayer> layer(new HOTestRectLayer(HORect(0, 1, 0, 1), Qt::red));
         layer->SetOpacity(set);
-        QCOMPARE(layer->GetOpacity(), kept);
+        QTEST(layer->GetOpacity(), "kept");
     }
 };
 

@@ -12,6 +12,7 @@
 #include "HOMap.h"
 #include "HORasterLayer.h"
 #include "HOStderrCapture.h"
+#include "HOTestColumns.h"
 #include "HOTestPrinters.h"
 
 using namespace HXObjects;
@@ -51,8 +52,7 @@ private slots:
     }
 
     void worldInSystemsThatShowPartOfIt_data() {
-        QTest::addColumn<QString>("system");
-        QTest::addColumn<std::vector<Probe>>("probes");
+        HOAddColumns<QString, std::vector<Probe>>({"system", "probes"});
         QTest::newRow("Web Mercator")
             << "EPSG:3857"
             << std::vector<Probe>{{10, 0, true},    {-40, 0, false}, {100, 40, true},  {-95, 35, true},
@@ -166,11 +166,9 @@ private slots:
 
     // What a definition reads as; the WKT a system writes reads back as the same system and no other.
     void systemDefinitions_data() {
-        QTest::addColumn<QString>("definition");
-        QTest::addColumn<int>("kind");  // -1: no system
-        QTest::addColumn<int>("unit");  // -1: not checked
-        QTest::addColumn<int>("epsg");
-        QTest::addColumn<bool>("canDrawMap");
+        // kind: -1: no system
+        // unit: -1: not checked
+        HOAddColumns<QString, int, int, int, bool>({"definition", "kind", "unit", "epsg", "canDrawMap"});
         const auto row = [](const char* tag, const char* definition, int kind, int unit, int epsg,
                             bool canDraw) {
             QTest::newRow(tag) << definition << kind << unit << epsg << canDraw;

@@ -8,6 +8,7 @@
 #include "HOFeatureLayer.h"
 #include "HOLayerFixture.h"
 #include "HOMap.h"
+#include "HOTestColumns.h"
 
 using namespace HXObjects;
 
@@ -103,19 +104,9 @@ private slots:
         std::vector<HOLayerFixture::Feature> features;
         for (int i = 0; i < 400; ++i) {
             const double x = (i % 20) * 5 + 2.5, y = (i / 20) * 5 + 2.5, d = 0.001;
-            features.push_back({type == wkbPolygon
-                                    ? QStringLiteral("POLYGON((%1 %2,%3 %2,%3 %4,%1 %4,%1 %2))")
-                                          .arg(x)
-                                          .arg(y)
-                                          .arg(x + d)
-                                          .arg(y + d)
-                                          .toStdString()
-                                    : QStringLiteral("LINESTRING(%1 %2,%3 %4)")
-                                          .arg(x)
-                                          .arg(y)
-                                          .arg(x + d)
-                                          .arg(y + d)
-                                          .toStdString()});
+            const QString wkt =
+                type == wkbPolygon ? "POLYGON((%1 %2,%3 %2,%3 %4,%1 %4,%1 %2))" : "LINESTRING(%1 %2,%3 %4)";
+            features.push_back({wkt.arg(x).arg(y).arg(x + d).arg(y + d).toStdString()});
         }
         HORefPtr<HOFeatureLayer> layer =
             open(QStringLiteral("tiny%1.gpkg").arg(type), OGRwkbGeometryType(type), features);
@@ -128,9 +119,7 @@ private slots:
     }
 
     void collectionMembersDrawnAsWhatTheyAre_data() {
-        QTest::addColumn<QString>("wkt");
-        QTest::addColumn<QPoint>("pixel");
-        QTest::addColumn<bool>("drawn");
+        HOAddColumns<QString, QPoint, bool>({"wkt", "pixel", "drawn"});
         // A line after a point is a line along its length, not markers at its vertices.
         const QString pointThenLine = "GEOMETRYCOLLECTION(POINT(20 80),LINESTRING(10 50.5,90 50.5))";
         QTest::newRow("line after a point: along the line") << pointThenLine << QPoint(50, 49) << true;
@@ -160,9 +149,7 @@ private slots:
     // What a layer draws for the style values the picker edits: a line's casing beneath it, opacity,
     // and hatched or empty fills.
     void styledPixels_data() {
-        QTest::addColumn<QString>("style");
-        QTest::addColumn<QPoint>("pixel");
-        QTest::addColumn<QColor>("colour");
+        HOAddColumns<QString, QPoint, QColor>({"style", "pixel", "colour"});
         QTest::newRow("cased line: the line") << "cased line" << QPoint(50, 49) << QColor(255, 0, 0);
         QTest::newRow("cased line: the casing beside it")
             << "cased line" << QPoint(50, 45) << QColor(0, 0, 0);

@@ -14,6 +14,7 @@
 #include "HOPageLayoutView.h"
 #include "HOPictureElement.h"
 #include "HOScaleBarElement.h"
+#include "HOTestColumns.h"
 #include "HOTestPrinters.h"
 #include "HOTextElement.h"
 
@@ -183,8 +184,8 @@ private slots:
     }
 
     void badDocumentsAreRefused_data() {
-        QTest::addColumn<QByteArray>("bytes");  // "CUT" stands for the first half of a good document
-        QTest::addColumn<QString>("reason");
+        // bytes: "CUT" stands for the first half of a good document
+        HOAddColumns<QByteArray, QString>({"bytes", "reason"});
         QTest::newRow("truncated") << QByteArray("CUT") << "not a layout document";
         QTest::newRow("newer version")
             << QByteArray("{\"format\":\"hxlayout\",\"version\":2,\"elements\":[]}")
@@ -234,8 +235,7 @@ private slots:
     }
 
     void missingSourcesAreReportedAndTheRestKept_data() {
-        QTest::addColumn<QStringList>("removed");
-        QTest::addColumn<int>("layersLeft");
+        HOAddColumns<QStringList, int>({"removed", "layersLeft"});
         QTest::newRow("one moved") << QStringList{"b.geojson"} << 1;
         QTest::newRow("all moved") << QStringList{"a.geojson", "b.geojson"} << 0;
         QTest::newRow("picture moved") << QStringList{"logo.png"} << 2;
@@ -243,7 +243,6 @@ private slots:
 
     void missingSourcesAreReportedAndTheRestKept() {
         QFETCH(QStringList, removed);
-        QFETCH(int, layersLeft);
         const HORefPtr<HOPageLayoutView> layout = composed();
         QVERIFY(layout);
         HOFileFunc file(path("moved.hxlayout"));
@@ -258,7 +257,7 @@ private slots:
         for (int i = 0; i < removed.size(); ++i)
             QVERIFY2(in.Warnings()[i].contains(removed[i]), qPrintable(in.Warnings()[i]));
         auto* frame = static_cast<HODataFrame*>(reopened->get_operating_data_frame().get());
-        QCOMPARE(frame->get_map_view()->GetMap()->GetLayerCount(), layersLeft);
+        QTEST(frame->get_map_view()->GetMap()->GetLayerCount(), "layersLeft");
         QCOMPARE(frame->get_note().contains(removed.last()), removed.last().endsWith(".geojson"));
         QCOMPARE(reopened->get_graphicscontainer()->GetElements().size(),
                  layout->get_graphicscontainer()->GetElements().size());

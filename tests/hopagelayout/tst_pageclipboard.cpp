@@ -11,6 +11,7 @@
 #include "HOMapView.h"
 #include "HOPageClipboard.h"
 #include "HOScaleBarElement.h"
+#include "HOTestColumns.h"
 #include "HOTestPrinters.h"
 #include "HOTextElement.h"
 
@@ -81,8 +82,8 @@ private slots:
     }
 
     void moveElementChangesTheDrawingOrder_data() {
-        QTest::addColumn<int>("index");
-        QTest::addColumn<QString>("order");  // f frame, b bar, t text
+        // order: f frame, b bar, t text
+        HOAddColumns<int, QString>({"index", "order"});
         QTest::newRow("to the top") << 99 << "btf";
         QTest::newRow("below the bottom stays there") << -3 << "fbt";
         QTest::newRow("one up") << 1 << "bft";
@@ -90,13 +91,12 @@ private slots:
 
     void moveElementChangesTheDrawingOrder() {
         QFETCH(int, index);
-        QFETCH(QString, order);
         Page page;
         page.container.MoveElement(page.frame, index);
         QString actual;
         for (const auto& e : page.container.GetElements())
             actual += e == page.frame ? 'f' : e == page.bar ? 'b' : 't';
-        QCOMPARE(actual, order);
+        QTEST(actual, "order");
     }
 };
 

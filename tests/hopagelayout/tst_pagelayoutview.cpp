@@ -9,6 +9,7 @@
 #include "HOMapView.h"
 #include "HOPageLayoutView.h"
 #include "HOSignalCounter.h"
+#include "HOTestColumns.h"
 #include "HOTestPrinters.h"
 #include "HOTestRectLayer.h"
 
@@ -190,9 +191,8 @@ private slots:
     }
 
     void locateElements_data() {
-        QTest::addColumn<HOPoint>("point");
-        QTest::addColumn<double>("tolerance");
-        QTest::addColumn<QString>("expected");  // element names in drawing order
+        // expected: element names in drawing order
+        HOAddColumns<HOPoint, double, QString>({"point", "tolerance", "expected"});
         // A covers (0..10, 0..10), B covers (5..15, 5..15), drawn after A.
         QTest::newRow("in both") << HOPoint(7, 7) << 0.0 << "AB";
         QTest::newRow("in B only") << HOPoint(12, 12) << 0.0 << "B";

@@ -19,6 +19,7 @@
 #include "HOMapView.h"
 #include "HOPageExporter.h"
 #include "HOPageLayoutView.h"
+#include "HOTestColumns.h"
 
 using namespace HXObjects;
 
@@ -195,8 +196,7 @@ private slots:
     }
 
     void rastersAtTheOutputResolutionVectorsAsVectors_data() {
-        QTest::addColumn<int>("dpi");
-        QTest::addColumn<bool>("rasterShown");
+        HOAddColumns<int, bool>({"dpi", "rasterShown"});
         QTest::newRow("raster at 100 dpi") << 100 << true;
         QTest::newRow("raster at 300 dpi") << 300 << true;
         QTest::newRow("vector layers only") << 300 << false;
@@ -234,9 +234,8 @@ private slots:
     }
 
     void imageHasThePixelsOfItsResolution_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<int>("dpi");
-        QTest::addColumn<QSize>("size");  // empty: refused
+        // size: empty: refused
+        HOAddColumns<QString, int, QSize>({"name", "dpi", "size"});
         QTest::newRow("png at 50 dpi") << "page.png" << 50 << QSize(413, 585);
         QTest::newRow("tiff at 72 dpi") << "page.tif" << 72 << QSize(595, 842);
         QTest::newRow("above 1200 dpi") << "huge.png" << 1201 << QSize();

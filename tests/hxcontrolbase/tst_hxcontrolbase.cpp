@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <QtTest>
 
+#include "HOTestColumns.h"
 #include "HXColorBtn.h"
 #include "HXTooltip.h"
 
@@ -13,9 +14,7 @@ class TestHXControlBase : public QObject {
     Q_OBJECT
 private slots:
     void colorSet_data() {
-        QTest::addColumn<QColor>("color");
-        QTest::addColumn<int>("emitted");
-        QTest::addColumn<QRgb>("stored");
+        HOAddColumns<QColor, int, QRgb>({"color", "emitted", "stored"});
         QTest::newRow("new colour") << QColor(200, 30, 40) << 1 << qRgb(200, 30, 40);
         QTest::newRow("alpha dropped") << QColor(10, 20, 30, 40) << 1 << qRgb(10, 20, 30);
         QTest::newRow("same as before") << QColor(Qt::black) << 0 << qRgb(0, 0, 0);
@@ -38,8 +37,7 @@ private slots:
     }
 
     void colorDialog_data() {
-        QTest::addColumn<bool>("accept");
-        QTest::addColumn<QRgb>("expected");
+        HOAddColumns<bool, QRgb>({"accept", "expected"});
         QTest::newRow("accepted") << true << qRgb(0, 128, 255);
         QTest::newRow("cancelled") << false << qRgb(1, 2, 3);
     }

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "HOStyle.h"
+#include "HOTestColumns.h"
 #include "HOTestPrinters.h"
 #include "HXApplication.h"
 #include "HXGis.h"
@@ -31,8 +32,8 @@ private slots:
     }
 
     void themeImages_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<int>("minimumSide");  // 0: no such image
+        // minimumSide: 0: no such image
+        HOAddColumns<QString, int>({"name", "minimumSide"});
         for (const char* cursor :
              {"zoom-in.png", "zoom-out.png", "mActionRotatePointSymbols.png", "Identify.png"})
             QTest::newRow(cursor) << cursor << 32;
@@ -61,10 +62,9 @@ private slots:
     }
 
     void typedNumbers_data() {
-        QTest::addColumn<QString>("locale");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<double>("real");   // permissiveToDouble; NaN: rejected
-        QTest::addColumn<double>("whole");  // permissiveToInt; NaN: rejected
+        // real: permissiveToDouble; NaN: rejected
+        // whole: permissiveToInt; NaN: rejected
+        HOAddColumns<QString, QString, double, double>({"locale", "text", "real", "whole"});
         const QString en = "en_US", de = "de_DE";
         const double no = qQNaN();
         QTest::newRow("en plain") << en << "1234.5" << 1234.5 << no;
@@ -103,9 +103,7 @@ private slots:
     }
 
     void mapSettingsValidity_data() {
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<HORect>("extent");
-        QTest::addColumn<bool>("valid");
+        HOAddColumns<QSize, HORect, bool>({"size", "extent", "valid"});
         const HORect extent(0, 100, 0, 50);
         QTest::newRow("size and extent") << QSize(800, 600) << extent << true;
         QTest::newRow("no size") << QSize() << extent << false;
@@ -123,10 +121,7 @@ private slots:
     }
 
     void mapSettingsMagnification_data() {
-        QTest::addColumn<double>("factorBefore");
-        QTest::addColumn<bool>("magnified");
-        QTest::addColumn<double>("factorAfter");
-        QTest::addColumn<HORect>("expected");
+        HOAddColumns<double, bool, double, HORect>({"factorBefore", "magnified", "factorAfter", "expected"});
         QTest::newRow("magnified extent kept") << 2.0 << true << 2.0 << HORect(0, 100, 0, 40);
         QTest::newRow("unmagnified extent shrinks") << 2.0 << false << 2.0 << HORect(25, 75, 10, 30);
         QTest::newRow("factor 1 changes nothing") << 1.0 << false << 1.0 << HORect(0, 100, 0, 40);
@@ -156,9 +151,8 @@ private slots:
 
     // Symbol previews: each kind of style is drawn where a person looks for it on the pixmap.
     void drawsTheStyle_data() {
-        QTest::addColumn<QString>("kind");
-        QTest::addColumn<QPoint>("pixel");
-        QTest::addColumn<QRgb>("colour");  // 0: transparent
+        // colour: 0: transparent
+        HOAddColumns<QString, QPoint, QRgb>({"kind", "pixel", "colour"});
         QTest::newRow("marker centre") << "marker" << QPoint(20, 20) << qRgb(255, 0, 0);
         QTest::newRow("marker leaves the corner") << "marker" << QPoint(2, 2) << QRgb(0);
         QTest::newRow("line on its first stroke") << "line" << QPoint(9, 20) << qRgb(0, 0, 255);

@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "DemWriter.h"
+#include "HOTestColumns.h"
 #include "SampleGenerator.h"
 #include "SampleRegion.h"
 
@@ -82,29 +83,28 @@ private slots:
     }
 
     void layers_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<int>("geometryType");
-        QTest::addColumn<QStringList>("fields");  // name:type
+        // fields: name:type
+        HOAddColumns<QString, int, QStringList>({"name", "geometryType", "fields"});
         QTest::newRow("land") << "land" << int(wkbMultiPolygon) << QStringList();
         QTest::newRow("sea") << "sea" << int(wkbMultiPolygon) << QStringList();
         QTest::newRow("lakes") << "lakes" << int(wkbPolygon) << QStringList{"name:String", "name_zh:String"};
         QTest::newRow("landuse") << "landuse" << int(wkbPolygon) << QStringList{"class:String"};
-        QTest::newRow("rivers") << "rivers" << int(wkbLineString) << QStringList{"name:String", "name_zh:String"};
+        QTest::newRow("rivers") << "rivers" << int(wkbLineString)
+                                << QStringList{"name:String", "name_zh:String"};
         QTest::newRow("roads") << "roads" << int(wkbLineString) << QStringList{"class:String", "name:String"};
         QTest::newRow("towns") << "towns" << int(wkbPoint)
-                               << QStringList{"name:String", "name_zh:String", "population:Integer", "kind:String"};
+                               << QStringList{"name:String", "name_zh:String", "population:Integer",
+                                              "kind:String"};
     }
     // Each layer in both files; the 4490 copy holds what OGR's own transformation makes of the projected one.
     void layers() {
         QFETCH(QString, name);
-        QFETCH(int, geometryType);
-        QFETCH(QStringList, fields);
         const Dataset geographic = open(m_dir + "/region_4490.gpkg");
         OGRLayer* const projected = layer(name);
         OGRLayer* const degrees = geographic->GetLayerByName(qPrintable(name));
         for (const auto& [l, crs] : {std::pair(projected, "4509"), std::pair(degrees, "4490")}) {
             QVERIFY2(l, qPrintable(name));
-            QCOMPARE(int(l->GetGeomType()), geometryType);
+            QTEST(int(l->GetGeomType()), "geometryType");
             QCOMPARE(authority(l->GetSpatialRef()), QString(crs));
             QStringList actual;
             OGRFeatureDefn* definition = l->GetLayerDefn();
@@ -112,7 +112,7 @@ private slots:
                 actual << QString("%1:%2").arg(
                     definition->GetFieldDefn(i)->GetNameRef(),
                     OGRFieldDefn::GetFieldTypeName(definition->GetFieldDefn(i)->GetType()));
-            QCOMPARE(actual, fields);
+            QTEST(actual, "fields");
             QVERIFY(l->GetFeatureCount() > 0);
         }
         OGRSpatialReference from, to;
@@ -156,9 +156,8 @@ private slots:
     }
 
     void scaleMultipliesFeatures_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<double>("lowest");  // ratio of counts at double the scale
-        QTest::addColumn<double>("highest");
+        // lowest: ratio of counts at double the scale
+        HOAddColumns<QString, double, double>({"name", "lowest", "highest"});
         QTest::newRow("landuse") << "landuse" << 1.6 << 2.4;
         QTest::newRow("towns") << "towns" << 1.6 << 2.4;
         QTest::newRow("roads") << "roads" << 1.5 << 2.5;
@@ -322,10 +321,8 @@ private slots:
     }
 
     void benchLayers_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<int>("type");
-        QTest::addColumn<int>("count");
-        QTest::addColumn<int>("vertices");  // per feature, a polygon's closing vertex included
+        // vertices: per feature, a polygon's closing vertex included
+        HOAddColumns<QString, int, int, int>({"name", "type", "count", "vertices"});
         QTest::newRow("polygons") << "polygons" << int(wkbPolygon) << 300 << 25;
         QTest::newRow("lines") << "lines" << int(wkbLineString) << 200 << 110;
         QTest::newRow("points") << "points" << int(wkbPoint) << 3000 << 1;
@@ -333,8 +330,6 @@ private slots:
     void benchLayers() {
         QFETCH(QString, name);
         QFETCH(int, type);
-        QFETCH(int, count);
-        QFETCH(int, vertices);
         if (!m_bench) {
             m_dirs.push_back(std::make_unique<QTemporaryDir>());
             SampleGenerator generator;
@@ -347,13 +342,13 @@ private slots:
         QVERIFY(l);
         QCOMPARE(int(l->GetGeomType()), type);
         QCOMPARE(authority(l->GetSpatialRef()), QString("4509"));
-        QCOMPARE(int(l->GetFeatureCount()), count);
+        QTEST(int(l->GetFeatureCount()), "count");
         const QRectF region = SampleRegion::extent();
         const double slack = type == wkbPolygon ? 1000 : 0;  // polygons may reach a little past the edge
         QSet<int> ranks;
         for (const auto& feature : featuresOf(l)) {
             const auto points = verticesOf(feature->GetGeometryRef());
-            QCOMPARE(int(points.size()), vertices);
+            QTEST(int(points.size()), "vertices");
             for (const QPointF& p : points)
                 QVERIFY(region.adjusted(-slack, -slack, slack, slack).contains(p));
             ranks.insert(feature->GetFieldAsInteger("rank"));

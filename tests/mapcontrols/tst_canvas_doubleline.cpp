@@ -3,6 +3,7 @@
 // or a one-vertex centre line, undo and redo, and the picture.
 #include <QtTest>
 
+#include "HOTestColumns.h"
 #include "HXEditCanvas.h"
 
 using namespace HXObjects;
@@ -12,8 +13,8 @@ class TestCanvasDoubleLine : public QObject {
 
 private slots:
     void doubleLine_data() {
-        QTest::addColumn<QString>("script");
-        QTest::addColumn<QStringList>("result");  // the new elements, selected
+        // result: the new elements, selected
+        HOAddColumns<QString, QStringList>({"script", "result"});
         const QString corner = "c 50 50; c 150 50; d 150 150";
         QTest::newRow("corner, default width")
             << "t HOToolDoubleLine; " + corner

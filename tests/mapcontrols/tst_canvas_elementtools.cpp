@@ -3,6 +3,7 @@
 // elements that result, the picture, and undo and redo of each edit.
 #include <QtTest>
 
+#include "HOTestColumns.h"
 #include "HXEditCanvas.h"
 
 using namespace HXObjects;
@@ -12,8 +13,8 @@ class TestCanvasElementTools : public QObject {
 
 private slots:
     void digitize_data() {
-        QTest::addColumn<QString>("script");
-        QTest::addColumn<QString>("result");  // the new element, selected; empty: none made
+        // result: the new element, selected; empty: none made
+        HOAddColumns<QString, QString>({"script", "result"});
         QTest::newRow("line, double click") << "t HOCmdDigitizeLine; c 50 50; m 100 50; c 150 50; d 150 150"
                                             << "LINESTRING (50 250,150 250,150 150)";
         QTest::newRow("line, Enter") << "t HOCmdDigitizeLine; c 50 50; c 150 50; k Return"
@@ -32,9 +33,11 @@ private slots:
             << "t HOCmdDigitizePolygon; c 50 50; c 350 50; c 350 250; c 50 250; o new path; "
                "c 150 100; c 250 100; d 250 200"
             << "POLYGON ((50 250,350 250,350 50,50 50,50 250),(150 200,250 200,250 100,150 200))";
-        QTest::newRow("polygon of two vertices") << "t HOCmdDigitizePolygon; c 100 100; d 300 100" << "";
+        QTest::newRow("polygon of two vertices") << "t HOCmdDigitizePolygon; c 100 100; d 300 100"
+                                                 << "";
         QTest::newRow("polygon of a repeated vertex")
-            << "t HOCmdDigitizePolygon; c 100 100; c 100 100; c 300 100; d 300 100" << "";
+            << "t HOCmdDigitizePolygon; c 100 100; c 100 100; c 300 100; d 300 100"
+            << "";
     }
 
     void digitize() {
@@ -71,28 +74,28 @@ private slots:
     }
 
     void controlPoint_data() {
-        QTest::addColumn<QByteArray>("system");
-        QTest::addColumn<QString>("script");
-        QTest::addColumn<QStringList>("result");
-        QTest::addColumn<QStringList>("labels");
+        HOAddColumns<QByteArray, QString, QStringList, QStringList>({"system", "script", "result", "labels"});
         const QString xy = "r 10 10 Input X and Y | mLineEditX=%1 mLineEditY=%2";
-        const QString dms = "r 10 10 Input DMS data | mLineEditLonDegree=%1 mLineEditLonMinute=%2 "
-                            "mLineEditLatDegree=%3 mLineEditLatMinute=%4";
+        const QString dms =
+            "r 10 10 Input DMS data | mLineEditLonDegree=%1 mLineEditLonMinute=%2 "
+            "mLineEditLatDegree=%3 mLineEditLatMinute=%4";
         QTest::newRow("clicks") << QByteArray() << "t HOToolAddControlPoint; c 100 100; c 200 50"
-                                << QStringList{"POINT (100 200)", "POINT (200 250)*"} << QStringList{"1", "2"};
-        QTest::newRow("typed X and Y") << QByteArray() << "t HOToolAddControlPoint; " + xy.arg("123.5", "45.25")
-                                       << QStringList{"POINT (123.5 45.25)*"} << QStringList{"1"};
+                                << QStringList{"POINT (100 200)", "POINT (200 250)*"}
+                                << QStringList{"1", "2"};
+        QTest::newRow("typed X and Y")
+            << QByteArray() << "t HOToolAddControlPoint; " + xy.arg("123.5", "45.25")
+            << QStringList{"POINT (123.5 45.25)*"} << QStringList{"1"};
         QTest::newRow("DMS in a geographic map")
             << QByteArray("EPSG:4326") << "t HOToolAddControlPoint; " + dms.arg("117", "30", "30", "15")
             << QStringList{"POINT (117.5 30.25)*"} << QStringList{"1"};
         QTest::newRow("DMS in a projected map, on the central meridian")
             << QByteArray("EPSG:32650") << "t HOToolAddControlPoint; " + dms.arg("117", "0", "0", "0")
             << QStringList{"POINT (500000 0)*"} << QStringList{"1"};
-        QTest::newRow("cancel point") << QByteArray()
-                                      << "t HOToolAddControlPoint; c 100 100; c 200 50; r 10 10 Cancel point; "
-                                         "c 300 50"
-                                      << QStringList{"POINT (100 200)", "POINT (300 250)*"}
-                                      << QStringList{"1", "2"};
+        QTest::newRow("cancel point")
+            << QByteArray()
+            << "t HOToolAddControlPoint; c 100 100; c 200 50; r 10 10 Cancel point; "
+               "c 300 50"
+            << QStringList{"POINT (100 200)", "POINT (300 250)*"} << QStringList{"1", "2"};
         QTest::newRow("Backspace") << QByteArray() << "t HOToolAddControlPoint; c 100 100; k Backspace"
                                    << QStringList() << QStringList();
     }
@@ -100,32 +103,30 @@ private slots:
     void controlPoint() {
         QFETCH(QByteArray, system);
         QFETCH(QString, script);
-        QFETCH(QStringList, result);
-        QFETCH(QStringList, labels);
         HXEditCanvas f;
         QVERIFY(f.show(system.isEmpty() ? nullptr : system.constData()));
         f.run(script);
-        QCOMPARE(f.elements(), result);
+        QTEST(f.elements(), "result");
         QStringList shown;
         for (const auto& element : f.graphics()->GetElements()) shown << element->GetLabel().toQString();
-        QCOMPARE(shown, labels);
+        QTEST(shown, "labels");
         CheckUndoRedo(f, {}, 0);
     }
 
     void moveByDrag_data() {
-        QTest::addColumn<QString>("script");
-        QTest::addColumn<QStringList>("result");
-        QTest::addColumn<QString>("undoText");
+        HOAddColumns<QString, QStringList, QString>({"script", "result", "undoText"});
         // Two lines, at y = 150 and y = 100 on screen; the second one is selected.
         QTest::newRow("an unselected element moves alone")
-            << "g 200 150 250 130" << QStringList{"LINESTRING (150 170,350 170)*", "LINESTRING (100 200,300 200)"}
+            << "g 200 150 250 130"
+            << QStringList{"LINESTRING (150 170,350 170)*", "LINESTRING (100 200,300 200)"}
             << "Move 1 element";
         QTest::newRow("a selected element moves the selection")
-            << "g 200 100 250 50" << QStringList{"LINESTRING (100 150,300 150)", "LINESTRING (150 250,350 250)*"}
+            << "g 200 100 250 50"
+            << QStringList{"LINESTRING (100 150,300 150)", "LINESTRING (150 250,350 250)*"}
             << "Move 1 element";
         QTest::newRow("a short drag is a click")
-            << "g 200 150 201 151" << QStringList{"LINESTRING (100 150,300 150)*", "LINESTRING (100 200,300 200)"}
-            << "Add line";
+            << "g 200 150 201 151"
+            << QStringList{"LINESTRING (100 150,300 150)*", "LINESTRING (100 200,300 200)"} << "Add line";
         QTest::newRow("Escape drops the selection")
             << "k Escape" << QStringList{"LINESTRING (100 150,300 150)", "LINESTRING (100 200,300 200)"}
             << "Add line";
@@ -133,16 +134,14 @@ private slots:
 
     void moveByDrag() {
         QFETCH(QString, script);
-        QFETCH(QStringList, result);
-        QFETCH(QString, undoText);
         HXEditCanvas f;
         QVERIFY(f.show());
         f.run("t HOCmdDigitizeLine; c 100 150; d 300 150; c 100 100; d 300 100; t HOToolSingleSelect");
         const QStringList before = f.elements();
         f.run(script);
-        QCOMPARE(f.elements(), result);
+        QTEST(f.elements(), "result");
         QCOMPARE(f.toolName(), QString("HXObjects::HOToolSingleSelect"));
-        QCOMPARE(f.map->GetUndoStack()->undoText(), undoText);
+        QTEST(f.map->GetUndoStack()->undoText(), "undoText");
         CheckUndoRedo(f, before, 2);
     }
 

@@ -4,8 +4,9 @@
 // measured points' layer id handed to the buddy.
 #include <QtTest>
 
-#include "HXEditCanvas.h"
 #include "HOCommandControl.h"
+#include "HOTestColumns.h"
+#include "HXEditCanvas.h"
 #include "tools/HOMeasureTool.h"
 
 using namespace HXObjects;
@@ -27,35 +28,34 @@ class TestCanvasMeasure : public QObject {
 
 private slots:
     void measure_data() {
-        QTest::addColumn<QByteArray>("system");
-        QTest::addColumn<int>("unit");
-        QTest::addColumn<QString>("script");
-        QTest::addColumn<QString>("running");  // the command line's text before the end
-        QTest::addColumn<QString>("end");      // the steps that end the measurement
-        QTest::addColumn<QString>("result");   // the notice at the end
+        // running: the command line's text before the end
+        // end: the steps that end the measurement
+        // result: the notice at the end
+        HOAddColumns<QByteArray, int, QString, QString, QString, QString>(
+            {"system", "unit", "script", "running", "end", "result"});
+        const auto row = [](const char* tag, const char* system, HOUnitType unit, const char* script,
+                            const char* running, const char* end, const char* result) {
+            QTest::newRow(tag) << QByteArray(system) << int(unit) << script << running << end << result;
+        };
         // The view shows map (-200, 200) x (-150, 150): pixel (200, 150) is the point (0, 0).
-        QTest::newRow("1 degree of longitude at the equator")
-            << QByteArray("EPSG:4326") << int(HOUnitMeter) << "t HOToolMeasureDistance; c 200 150; m 201 150"
-            << "Length: 111319.49 m" << "d 201 150" << "Length: 111319.49 m";
-        QTest::newRow("kilometres, two legs")
-            << QByteArray("EPSG:4326") << int(HOUnitKilometer)
-            << "t HOToolMeasureDistance; c 200 150; c 201 150; m 201 149"
-            << "Length: 221.89 km" << "c 201 149; k Return" << "Length: 221.89 km";
-        QTest::newRow("a degree square at the equator")
-            << QByteArray("EPSG:4326") << int(HOUnitKilometer)
-            << "t HOToolMeasureArea; c 200 150; c 201 150; c 201 149; m 200 149"
-            << "Area: 12308.78 km², perimeter: 443.77 km" << "d 200 149"
-            << "Area: 12308.78 km², perimeter: 443.77 km";
-        QTest::newRow("no coordinate system: map units")
-            << QByteArray() << int(HOUnitMeter) << "t HOToolMeasureDistance; c 200 150; c 203 150; m 203 146"
-            << "Length: 7.00 m" << "k Return" << "Length: 3.00 m";
+        row("1 degree of longitude at the equator", "EPSG:4326", HOUnitMeter,
+            "t HOToolMeasureDistance; c 200 150; m 201 150", "Length: 111319.49 m", "d 201 150",
+            "Length: 111319.49 m");
+        row("kilometres, two legs", "EPSG:4326", HOUnitKilometer,
+            "t HOToolMeasureDistance; c 200 150; c 201 150; m 201 149", "Length: 221.89 km",
+            "c 201 149; k Return", "Length: 221.89 km");
+        const char* square = "Area: 12308.78 km², perimeter: 443.77 km";
+        row("a degree square at the equator", "EPSG:4326", HOUnitKilometer,
+            "t HOToolMeasureArea; c 200 150; c 201 150; c 201 149; m 200 149", square, "d 200 149", square);
+        row("no coordinate system: map units", "", HOUnitMeter,
+            "t HOToolMeasureDistance; c 200 150; c 203 150; m 203 146", "Length: 7.00 m", "k Return",
+            "Length: 3.00 m");
     }
 
     void measure() {
         QFETCH(QByteArray, system);
         QFETCH(int, unit);
         QFETCH(QString, script);
-        QFETCH(QString, running);
         QFETCH(QString, end);
         QFETCH(QString, result);
         HXEditCanvas f;
@@ -65,13 +65,12 @@ private slots:
         f.map->SetMapDisplayUnit(HOUnitType(unit));
         f.canvas.setExtent(HORect(-200, 200, -150, 150));
         f.run(script);
-        QCOMPARE(commandLine.edit, running);
+        QTEST(commandLine.edit, "running");
         QVERIFY(commandLine.notices.isEmpty());
         f.run(end);
         QCOMPARE(commandLine.notices, QStringList{result});
-        auto* tool = dynamic_cast<HOMeasureTool*>(f.canvas.getMapTool());
-        QVERIFY(tool);
-        QCOMPARE(f.canvas.getMeasruePointLayerId() > 0, true);
+        QVERIFY(dynamic_cast<HOMeasureTool*>(f.canvas.getMapTool()));
+        QVERIFY(f.canvas.getMeasruePointLayerId() > 0);
         QVERIFY(f.elements().isEmpty());  // measuring adds no element to the map
         // The measured points stay marked over the map after the end.
         QTRY_VERIFY_WITH_TIMEOUT(f.widget->grab().toImage().pixelColor(200, 150) != kGround, 10000);

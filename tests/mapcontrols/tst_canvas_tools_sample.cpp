@@ -9,6 +9,7 @@
 #include "HOGraphics.h"
 #include "HOIdentifyEvent.h"
 #include "HOMap.h"
+#include "HOTestColumns.h"
 #include "HOTestPrinters.h"
 #include "HOToolIdentify.h"
 #include "HXInputCanvas.h"
@@ -69,7 +70,8 @@ struct SampleCanvas {
         mouse(QEvent::MouseMove, to);
         if (modifierKey != Qt::Key_unknown) QTest::keyPress(canvas.windowHandle(), modifierKey, modifier);
         mouse(QEvent::MouseButtonRelease, to);
-        if (modifierKey != Qt::Key_unknown) QTest::keyRelease(canvas.windowHandle(), modifierKey, Qt::NoModifier);
+        if (modifierKey != Qt::Key_unknown)
+            QTest::keyRelease(canvas.windowHandle(), modifierKey, Qt::NoModifier);
     }
     QPoint pixelOf(int town) {
         const HOPoint p =
@@ -115,8 +117,7 @@ private slots:
     void initTestCase() { QVERIFY2(QFile::exists(SamplePath()), qPrintable(SamplePath())); }
 
     void panDrag_data() {
-        QTest::addColumn<QPoint>("from");
-        QTest::addColumn<QPoint>("to");
+        HOAddColumns<QPoint, QPoint>({"from", "to"});
         QTest::newRow("right") << QPoint(400, 300) << QPoint(500, 300);
         QTest::newRow("up and left") << QPoint(400, 300) << QPoint(350, 220);
         QTest::newRow("out of the widget") << QPoint(100, 300) << QPoint(-250, 700);
@@ -141,8 +142,7 @@ private slots:
     }
 
     void zoomClickKeepsThePointUnderTheMouse_data() {
-        QTest::addColumn<QString>("tool");
-        QTest::addColumn<double>("scaleFactor");
+        HOAddColumns<QString, double>({"tool", "scaleFactor"});
         QTest::newRow("zoom in") << "HXObjects::HOToolZoomIn" << 0.5;
         QTest::newRow("zoom out") << "HXObjects::HOToolZoomOut" << 2.0;
     }

@@ -12,6 +12,7 @@
 #include "HOCoordinateSystem.h"
 #include "HOMap.h"
 #include "HOMapView.h"
+#include "HOTestColumns.h"
 #include "HOTestPrinters.h"
 #include "HOTestRectLayer.h"
 #include "HXMapCanvas.h"
@@ -65,9 +66,7 @@ class TestCoordinatesWidget : public QObject {
 
 private slots:
     void unitShownBeforeTheMouseMoves_data() {
-        QTest::addColumn<QString>("system");
-        QTest::addColumn<int>("displayUnit");
-        QTest::addColumn<QString>("label");
+        HOAddColumns<QString, int, QString>({"system", "displayUnit", "label"});
         QTest::newRow("geographic") << "EPSG:4326" << int(HOUnitDegree) << "Degree";
         QTest::newRow("projected in metres") << "EPSG:3857" << int(HOUnitMeter) << "m";
         QTest::newRow("projected, shown in kilometres") << "EPSG:3857" << int(HOUnitKilometer) << "Kilometer";
@@ -82,7 +81,6 @@ private slots:
         HXMapCanvas canvas(HXMapCanvas::MapViewMode, nullptr);
         HORefPtr<HOMap> map = MakeMap(system, displayUnit);
         map->AddLayer(new HOTestRectLayer(HORect(10, 20, 30, 40), Qt::red, map->GetSpatialReference()));
-        map->SetMapDisplayUnit(static_cast<HOUnitType>(displayUnit));
         QLabel* unit = canvas.StatusBar()->findChild<HXStatusBarCoordinatesWidget*>()->mLabelUnit;
         QCOMPARE(unit->text(), QStringLiteral("unknown unit"));
         canvas.GetMapView()->SetMap(map);
@@ -99,11 +97,9 @@ private slots:
     }
 
     void mouseCoordinates_data() {
-        QTest::addColumn<QString>("system");  // "-": no map at all
-        QTest::addColumn<int>("unit");
-        QTest::addColumn<QPointF>("mouse");
-        QTest::addColumn<QPointF>("shown");  // (0, 0): no text
-        QTest::addColumn<QString>("label");
+        // system: "-": no map at all
+        // shown: (0, 0): no text
+        HOAddColumns<QString, int, QPointF, QPointF, QString>({"system", "unit", "mouse", "shown", "label"});
         struct Unit {
             int unit;
             const char* name;
@@ -152,13 +148,12 @@ private slots:
         QFETCH(int, unit);
         QFETCH(QPointF, mouse);
         QFETCH(QPointF, shown);
-        QFETCH(QString, label);
         Fixture f;
         f.widget.showMouseCoordinates(kProjected, MakeMap(QString(), 0));  // an earlier text to replace
         f.widget.showMouseCoordinates(mouse, system == "-" ? nullptr : MakeMap(system, unit));
         const QString text = f.text();
         QCOMPARE(f.widget.mLineEdit->toolTip(), text);
-        QCOMPARE(f.widget.mLabelUnit->text(), label);
+        QTEST(f.widget.mLabelUnit->text(), "label");
         QCOMPARE(text.isEmpty(), shown.isNull());
         if (shown.isNull()) return;
         // A millimetre in the projections, and the last of the three decimals elsewhere.
@@ -169,8 +164,7 @@ private slots:
     }
 
     void typedCoordinates_data() {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<bool>("accepted");
+        HOAddColumns<QString, bool>({"typed", "accepted"});
         QTest::newRow("comma") << "12.5,40" << true;
         QTest::newRow("comma between spaces") << "12.5 , 40" << true;
         QTest::newRow("one space") << "12.5 40" << true;
@@ -201,8 +195,7 @@ private slots:
     }
 
     void extentMode_data() {
-        QTest::addColumn<QString>("system");
-        QTest::addColumn<QString>("label");
+        HOAddColumns<QString, QString>({"system", "label"});
         QTest::newRow("no system") << QString() << "Pixel";
         // The extent is in raw map coordinates, so a kilometre display still reads metres.
         QTest::newRow("kilometres shown on a metre system") << "EPSG:4509"
@@ -211,7 +204,6 @@ private slots:
 
     void extentMode() {
         QFETCH(QString, system);
-        QFETCH(QString, label);
         Fixture f;
         const HORefPtr<HOMap> map = MakeMap(system, HOUnitKilometer);
         f.canvas.GetMapView()->SetMap(map);
@@ -224,7 +216,7 @@ private slots:
                                        .arg(e.maxx, 0, 'f', 3)
                                        .arg(e.maxy, 0, 'f', 3);
         QCOMPARE(f.text(), extentText);
-        QCOMPARE(f.widget.mLabelUnit->text(), label);
+        QTEST(f.widget.mLabelUnit->text(), "label");
         QVERIFY(f.widget.mLineEdit->isReadOnly());
         // The mouse no longer writes; the canvas's extent changes do.
         emit f.canvas.xyCoordinates(QPointF(5.0, 6.0), map);

@@ -8,6 +8,7 @@
 #include <QtTest>
 
 #include "CcurrencyFunc.h"
+#include "HOTestColumns.h"
 #include "HOTestPrinters.h"
 #include "HXInputCanvas.h"
 #include "HXModalAnswer.h"
@@ -76,10 +77,8 @@ class TestDialogPointInput : public QObject {
 private slots:
     // What each dialog shows: title, window flags, rich-text labels and its plain line edits.
     void form_data() {
-        QTest::addColumn<QString>("entry");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QStringList>("labels");  // objectName=text
-        QTest::addColumn<QStringList>("edits");
+        // labels: objectName=text
+        HOAddColumns<QString, QString, QStringList, QStringList>({"entry", "title", "labels", "edits"});
         QTest::newRow("X and Y") << kXY << "Enter Coordinates"
                                  << QStringList{"mLabelX=" + Rich("X:"), "mLabelY=" + Rich("Y:")}
                                  << QStringList{"mLineEditX", "mLineEditY"};
@@ -94,7 +93,6 @@ private slots:
     }
     void form() {
         QFETCH(QString, entry);
-        QFETCH(QString, title);
         QFETCH(QStringList, labels);
         QFETCH(QStringList, edits);
         PointInputCanvas s;
@@ -121,7 +119,7 @@ private slots:
                 seenButtons = QString::number(buttons->standardButtons(), 16);
         });
         QVERIFY(asked);
-        QCOMPARE(seenTitle, title);
+        QTEST(seenTitle, "title");
         QCOMPARE(flags, Qt::Dialog | Qt::WindowCloseButtonHint);
         QVERIFY(modal);
         QVERIFY(parentless);
@@ -133,11 +131,9 @@ private slots:
     // The point that reaches the tool. DMS rows give the packed D.MMSS value the dialog must hand to
     // CcurrencyFunc::DmsToDegree for longitude and latitude.
     void typedPoint_data() {
-        QTest::addColumn<QString>("entry");
-        QTest::addColumn<QStringList>("typed");  // objectName=text
-        QTest::addColumn<QString>("finish");
-        QTest::addColumn<bool>("added");
-        QTest::addColumn<HOPoint>("point");
+        // typed: objectName=text
+        HOAddColumns<QString, QStringList, QString, bool, HOPoint>(
+            {"entry", "typed", "finish", "added", "point"});
         auto dms = [](double lon, double lat) {
             return HOPoint(CcurrencyFunc::DmsToDegree(lon), CcurrencyFunc::DmsToDegree(lat));
         };

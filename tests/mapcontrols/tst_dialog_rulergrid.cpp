@@ -19,6 +19,7 @@
 #include "HOMap.h"
 #include "HOMapRulerAndGrid.h"
 #include "HORedrawRecordingView.h"
+#include "HOTestColumns.h"
 #include "HXColorBtn.h"
 #include "HXDialogTesting.h"
 #include "HXMapCanvas.h"
@@ -76,8 +77,8 @@ class TestDialogRulerGrid : public QObject {
 
 private slots:
     void form_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("text");  // a group box's title, otherwise the widget's text
+        // text: a group box's title, otherwise the widget's text
+        HOAddColumns<QString, QString>({"name", "text"});
         const std::pair<const char*, const char*> rows[] = {
             {"mGroupBoxKMGrid", "KM grid"},
             {"mGroupBoxKMGridRuler", "KM grid ruler"},
@@ -133,18 +134,15 @@ private slots:
     }
     void form() {
         QFETCH(QString, name);
-        QFETCH(QString, text);
         HxRulerAndGridSettingsDialog dialog(false, nullptr);
         QWidget* widget = child<QWidget>(&dialog, name);
         QVERIFY(widget);
-        QCOMPARE(widget->property(qobject_cast<QGroupBox*>(widget) ? "title" : "text").toString(), text);
+        QTEST(widget->property(qobject_cast<QGroupBox*>(widget) ? "title" : "text").toString(), "text");
     }
 
     // Each line edit's validator ("int|double bottom top [decimals]") and its text for the sample values.
     void lineEdits_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("validator");
-        QTest::addColumn<QString>("text");
+        HOAddColumns<QString, QString, QString>({"name", "validator", "text"});
         const auto row = [](const QString& name, const char* validator, const QString& text) {
             QTest::newRow(qPrintable(name)) << name << validator << text;
         };
@@ -221,14 +219,11 @@ private slots:
     // Flags as loaded, and what the manual-spacing check boxes and the spacing-type radio buttons switch
     // when clicked afterwards. The stored spacing type is the checked radio button's, else the loaded one.
     void flags_data() {
-        QTest::addColumn<bool>("draw");
-        QTest::addColumn<bool>("manualKM");
-        QTest::addColumn<bool>("manualBL");
-        QTest::addColumn<int>("spacingType");
-        QTest::addColumn<QString>("click");   // a button clicked after loading, or empty
-        QTest::addColumn<QString>("radios");  // checked radio buttons: "scale", "unit" or ""
-        QTest::addColumn<bool>("kmDistancesOn");
-        QTest::addColumn<bool>("blDistancesOn");
+        // click: a button clicked after loading, or empty
+        // radios: checked radio buttons: "scale", "unit" or ""
+        HOAddColumns<bool, bool, bool, int, QString, QString, bool, bool>({"draw", "manualKM", "manualBL",
+                                                                           "spacingType", "click", "radios",
+                                                                           "kmDistancesOn", "blDistancesOn"});
         const auto row = [](const char* tag, bool draw, bool km, bool bl, int type, QString click,
                             const char* radios, bool kmOn, bool blOn) {
             click = click == "unit"    ? kByUnit
@@ -294,11 +289,9 @@ private slots:
 
     // Height and width of the ruler labels keep height = 2 × width, whichever is edited.
     void fontCoupling_data() {
-        QTest::addColumn<QString>("grid");
-        QTest::addColumn<QString>("edited");  // "Height" or "Width"
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("height");
-        QTest::addColumn<QString>("width");
+        // edited: "Height" or "Width"
+        HOAddColumns<QString, QString, QString, QString, QString>(
+            {"grid", "edited", "text", "height", "width"});
         for (const QString grid : {"KM", "BL"}) {
             // "edited text height width" per row.
             for (const QString row : {"Height 12 12 6", "Height 15 14 7", "Width 9 18 9", "Height x 0 0"}) {
@@ -328,9 +321,8 @@ private slots:
 
     // What OK stores for typed text: slots parse as the user types, accept() reads the angles.
     void storedOnAccept_data() {
-        QTest::addColumn<QStringList>("edits");  // name=text pairs
-        QTest::addColumn<QString>("field");
-        QTest::addColumn<double>("value");
+        // edits: name=text pairs
+        HOAddColumns<QStringList, QString, double>({"edits", "field", "value"});
         const auto row = [](const char* tag, const QStringList& edits, const char* field, double value) {
             QTest::newRow(tag) << edits << field << value;
         };
@@ -359,7 +351,6 @@ private slots:
     void storedOnAccept() {
         QFETCH(QStringList, edits);
         QFETCH(QString, field);
-        QFETCH(double, value);
         HxRulerAndGridSettingsDialog dialog(false, nullptr);
         loadSample(dialog);
         for (const QString& edit : edits) {
@@ -368,14 +359,13 @@ private slots:
         }
         dialog.accept();
         QCOMPARE(dialog.result(), int(QDialog::Accepted));
-        QCOMPARE(kFields.at(field)(dialog.settings()), value);
+        QTEST(kFields.at(field)(dialog.settings()), "value");
     }
 
     // One modal run through the canvas: the settings change on OK only, followed by one redraw.
     void canvasRun_data() {
-        QTest::addColumn<QString>("system");  // empty: the map has none
-        QTest::addColumn<bool>("ok");
-        QTest::addColumn<bool>("dialogShown");
+        // system: empty: the map has none
+        HOAddColumns<QString, bool, bool>({"system", "ok", "dialogShown"});
         QTest::newRow("geographic, OK") << "EPSG:4490" << true << true;
         QTest::newRow("projected, OK") << "EPSG:4547" << true << true;
         QTest::newRow("edited, then Cancel") << "EPSG:4490" << false << true;

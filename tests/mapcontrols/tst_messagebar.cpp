@@ -8,6 +8,7 @@
 #include <QToolButton>
 #include <QtTest>
 
+#include "HOTestColumns.h"
 #include "HXMessageBar.h"
 #include "HXMessageBarItem.h"
 
@@ -116,10 +117,7 @@ private slots:
     }
 
     void titleAndText_data() {
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<bool>("boldTitle");
+        HOAddColumns<QString, QString, QString, bool>({"title", "text", "shown", "boldTitle"});
         const QString features("3 features"), done("Done: 3 features");
         QTest::newRow("title with a colon") << "Done:" << features << done << true;
         QTest::newRow("title without a colon") << "Done" << features << done << true;
@@ -142,8 +140,7 @@ private slots:
     }
 
     void levelLook_data() {
-        QTest::addColumn<int>("level");
-        QTest::addColumn<QColor>("background");
+        HOAddColumns<int, QColor>({"level", "background"});
         QTest::newRow("info") << 0 << QColor(0xe7, 0xf5, 0xfe);
         QTest::newRow("warning") << 1 << QColor(0xff, 0xc8, 0x00);
         QTest::newRow("critical") << 2 << QColor(0xd6, 0x52, 0x53);

@@ -10,6 +10,7 @@
 #include "HOCoordinateSystem.h"
 #include "HOMap.h"
 #include "HOMapView.h"
+#include "HOTestColumns.h"
 #include "HXMapCanvas.h"
 #include "HXScaleComboBox.h"
 #include "HXStatusBarScaleWidget.h"
@@ -54,9 +55,7 @@ private slots:
     }
 
     void toString_data() {
-        QTest::addColumn<QString>("locale");
-        QTest::addColumn<double>("scale");
-        QTest::addColumn<QString>("text");
+        HOAddColumns<QString, double, QString>({"locale", "scale", "text"});
         QTest::newRow("no scale") << "en_US" << 0.0 << QString("0");
         QTest::newRow("1:50,000") << "en_US" << 0.00002 << QString("1:50,000");
         QTest::newRow("one to one") << "en_US" << 1.0 << QString("1:1");
@@ -91,9 +90,7 @@ private slots:
     }
 
     void typedScale_data() {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<double>("scale");
+        HOAddColumns<QString, QString, double>({"typed", "shown", "scale"});
         // The box starts at 1:10,000.
         const QString start("1:10,000");
         QTest::newRow("denominator") << "25000" << QString("1:25,000") << 1.0 / 25000;
@@ -139,9 +136,8 @@ private slots:
     }
 
     void presets_data() {
-        QTest::addColumn<QByteArray>("settings");
-        QTest::addColumn<QStringList>("given");  // to updateScales(); empty: the settings' list
-        QTest::addColumn<QStringList>("presets");
+        // given: to updateScales(); empty: the settings' list
+        HOAddColumns<QByteArray, QStringList, QStringList>({"settings", "given", "presets"});
         const QStringList defaults{"1:1,000,000", "1:500,000", "1:250,000", "1:100,000",
                                    "1:50,000",    "1:25,000",  "1:10,000",  "1:5,000",
                                    "1:2,500",     "1:1,000",   "1:500"};
@@ -166,11 +162,10 @@ private slots:
     void presets() {
         QFETCH(QByteArray, settings);
         QFETCH(QStringList, given);
-        QFETCH(QStringList, presets);
         WriteSettings(settings);
         HXScaleComboBox box;
         if (!given.isEmpty()) box.updateScales(given);
-        QCOMPARE(ItemTexts(box), presets);
+        QTEST(ItemTexts(box), "presets");
     }
 
     void updatingPresetsEmitsNothing() {
@@ -186,9 +181,7 @@ private slots:
     }
 
     void popupOpensOnNearestPreset_data() {
-        QTest::addColumn<QString>("locale");
-        QTest::addColumn<double>("scale");
-        QTest::addColumn<int>("row");
+        HOAddColumns<QString, double, int>({"locale", "scale", "row"});
         // Presets 1:1000, 1:5000, 1:10000.
         QTest::newRow("nearer the smaller") << "C" << 1.0 / 6000 << 1;
         QTest::newRow("nearer the larger") << "C" << 1.0 / 9000 << 2;
@@ -201,14 +194,13 @@ private slots:
     void popupOpensOnNearestPreset() {
         QFETCH(QString, locale);
         QFETCH(double, scale);
-        QFETCH(int, row);
         QLocale::setDefault(QLocale(locale));
         HXScaleComboBox box;
         box.updateScales({QStringLiteral("1:1000"), QStringLiteral("1:5000"), QStringLiteral("1:10000")});
         box.setScale(scale);
         box.show();
         box.showPopup();
-        QCOMPARE(box.view()->currentIndex().row(), row);
+        QTEST(box.view()->currentIndex().row(), "row");
         box.hidePopup();
     }
 
