@@ -68,38 +68,41 @@ private slots:
         // readable: a layer is expected: the file is sound enough to read
         // reason: part of the error when no layer; empty: any reason
         HOAddColumns<QString, bool, QString>({"path", "readable", "reason"});
+        const auto bad = [](const char* tag, const QString& path, const char* reason = "") {
+            QTest::newRow(tag) << path << false << QString(reason);
+        };
+        const auto good = [](const char* tag, const QString& path) {
+            QTest::newRow(tag) << path << true << QString();
+        };
 
         // Special files.
         QVERIFY(::mkfifo(qPrintable(file("pipe.geojson")), 0644) == 0);
-        QTest::newRow("named pipe") << file("pipe.geojson") << false << "not a regular file";
-        QTest::newRow("device") << "/dev/zero" << false << "not a regular file";
+        bad("named pipe", file("pipe.geojson"), "not a regular file");
+        bad("device", "/dev/zero", "not a regular file");
         QVERIFY(QDir(m_dir.path()).mkdir("nodata"));
-        QTest::newRow("directory without data") << file("nodata") << false << "";
+        bad("directory without data", file("nodata"));
         QVERIFY(::symlink(qPrintable(file("loop-b.shp")), qPrintable(file("loop-a.shp"))) == 0);
         QVERIFY(::symlink(qPrintable(file("loop-a.shp")), qPrintable(file("loop-b.shp"))) == 0);
-        QTest::newRow("symlink loop") << file("loop-a.shp") << false << "a loop of symbolic links";
+        bad("symlink loop", file("loop-a.shp"), "a loop of symbolic links");
         QVERIFY(::symlink(qPrintable(file("gone.gpkg")), qPrintable(file("dangling.gpkg"))) == 0);
-        QTest::newRow("dangling link")
-            << file("dangling.gpkg") << false << "a symbolic link to a missing file";
+        bad("dangling link", file("dangling.gpkg"), "a symbolic link to a missing file");
         // The mode bits refuse the file to every user, the administrator who runs CI included.
         write("locked.geojson", lines);
         QVERIFY(::chmod(qPrintable(file("locked.geojson")), 0) == 0);
-        QTest::newRow("unreadable file") << file("locked.geojson") << false << "permission denied";
-        QTest::newRow("missing file") << file("missing.shp") << false << "no such file";
-        QTest::newRow("missing folder") << file("nowhere/x.tif") << false << "no such file";
+        bad("unreadable file", file("locked.geojson"), "permission denied");
+        bad("missing file", file("missing.shp"), "no such file");
+        bad("missing folder", file("nowhere/x.tif"), "no such file");
         for (const char* name : {"zero.gpkg", "zero.shp", "zero.tif", "zero.geojson", "zero.fgb"})
-            QTest::newRow(name) << write(name, "") << false << "";
+            bad(name, write(name, ""));
 
         // GeoPackage.
         const QByteArray gpkg = contents(m_gpkg);
-        QTest::newRow("gpkg garbage") << write("garbage.gpkg", garbage(8192)) << false << "";
-        QTest::newRow("gpkg truncated") << write("cut.gpkg", gpkg.left(1536)) << false << "";
-        QTest::newRow("gpkg broken header")
-            << write("header.gpkg", garbage(100) + gpkg.mid(100)) << false << "";
-        QTest::newRow("gpkg broken rtree")
-            << sqlCopy("rtree.gpkg", "DELETE FROM rtree_data_geom_node") << true << "";
-        QTest::newRow("gpkg bad geometry blob")
-            << sqlCopy("blob.gpkg", "UPDATE data SET geom = x'4750000100000000deadbeef'") << true << "";
+        bad("gpkg garbage", write("garbage.gpkg", garbage(8192)));
+        bad("gpkg truncated", write("cut.gpkg", gpkg.left(1536)));
+        bad("gpkg broken header", write("header.gpkg", garbage(100) + gpkg.mid(100)));
+        good("gpkg broken rtree", sqlCopy("rtree.gpkg", "DELETE FROM rtree_data_geom_node"));
+        good("gpkg bad geometry blob",
+             sqlCopy("blob.gpkg", "UPDATE data SET geom = x'4750000100000000deadbeef'"));
 
         // Shapefile.
         const QString shp = file("parts.shp");
@@ -107,72 +110,64 @@ private slots:
         const QByteArray shpBytes = contents(shp);
         write("noshx.shp", shpBytes);
         write("noshx.dbf", contents(file("parts.dbf")));
-        QTest::newRow("shapefile without .shx") << file("noshx.shp") << false << ".shx";
+        bad("shapefile without .shx", file("noshx.shp"), ".shx");
         write("nodbf.shp", shpBytes);
         write("nodbf.shx", contents(file("parts.shx")));
-        QTest::newRow("shapefile without .dbf") << file("nodbf.shp") << true << "";
+        good("shapefile without .dbf", file("nodbf.shp"));
         write("pipedbf.shp", shpBytes);
         write("pipedbf.shx", contents(file("parts.shx")));
         QVERIFY(::mkfifo(qPrintable(file("pipedbf.dbf")), 0644) == 0);
-        QTest::newRow("shapefile with a pipe as .dbf")
-            << file("pipedbf.shp") << false << "not a regular file";
-        QTest::newRow("shapefile garbage") << write("garbage.shp", garbage(4096)) << false << "";
+        bad("shapefile with a pipe as .dbf", file("pipedbf.shp"), "not a regular file");
+        bad("shapefile garbage", write("garbage.shp", garbage(4096)));
         QByteArray huge = shpBytes;
         huge.replace(24, 4, QByteArray("\x7f\xff\xff\xff", 4));  // file length in 16-bit words
-        QTest::newRow("shapefile huge declared length") << write("huge.shp", huge) << true << "";
+        good("shapefile huge declared length", write("huge.shp", huge));
         write("huge.shx", contents(file("parts.shx")));
 
         // GeoJSON.
-        QTest::newRow("geojson truncated") << write("cut.geojson", QByteArray(lines).left(60)) << false << "";
-        QTest::newRow("geojson garbage") << write("garbage.geojson", garbage(2048)) << false << "";
-        QTest::newRow("geojson NaN coordinates")
-            << write("nan.geojson", QByteArray(lines).replace("[10,10]", "[NaN,NaN]")) << true << "";
-        QTest::newRow("geojson deeply nested")
-            << write("deep.geojson", "{\"type\":\"Point\",\"coordinates\":" + QByteArray(100000, '[') +
-                                         QByteArray(100000, ']') + "}")
-            << false << "";
-        QTest::newRow("geojson features not a list")
-            << write("notalist.geojson", "{\"type\":\"FeatureCollection\",\"features\":{}}") << false << "";
-        QTest::newRow("unknown layer name")
-            << write("named.geojson", "{\"type\":\"FeatureCollection\",\"features\":[]}") + "|layername=roads"
-            << false << "no layer named 'roads'";
-        QTest::newRow("wrong extension") << write("image.geojson", contents(m_tif)) << true << "";
+        bad("geojson truncated", write("cut.geojson", QByteArray(lines).left(60)));
+        bad("geojson garbage", write("garbage.geojson", garbage(2048)));
+        good("geojson NaN coordinates",
+             write("nan.geojson", QByteArray(lines).replace("[10,10]", "[NaN,NaN]")));
+        bad("geojson deeply nested",
+            write("deep.geojson", "{\"type\":\"Point\",\"coordinates\":" + QByteArray(100000, '[') +
+                                      QByteArray(100000, ']') + "}"));
+        bad("geojson features not a list",
+            write("notalist.geojson", "{\"type\":\"FeatureCollection\",\"features\":{}}"));
+        bad("unknown layer name",
+            write("named.geojson", "{\"type\":\"FeatureCollection\",\"features\":[]}") + "|layername=roads",
+            "no layer named 'roads'");
+        good("wrong extension", write("image.geojson", contents(m_tif)));
 
         // KML.
-        QTest::newRow("kml track without times")
-            << write("track.kml", kmlDocument("<Placemark><gx:Track><gx:coord>1 2 0</gx:coord>"
-                                              "<gx:coord>3 4 0</gx:coord></gx:Track></Placemark>"))
-            << true << "";
-        QTest::newRow("kmz track without times")
-            << zipped("track.kmz", contents(file("track.kml"))) << true << "";
-        QTest::newRow("kml truncated")
-            << write("cut.kml",
-                     kmlDocument("<Placemark><Point><coordinates>1,2</coordinates></Point></Placemark>")
-                         .left(120))
-            << false << "";
+        good("kml track without times",
+             write("track.kml", kmlDocument("<Placemark><gx:Track><gx:coord>1 2 0</gx:coord>"
+                                            "<gx:coord>3 4 0</gx:coord></gx:Track></Placemark>")));
+        good("kmz track without times", zipped("track.kmz", contents(file("track.kml"))));
+        bad("kml truncated",
+            write("cut.kml",
+                  kmlDocument("<Placemark><Point><coordinates>1,2</coordinates></Point></Placemark>")
+                      .left(120)));
         QByteArray laughs = "<?xml version=\"1.0\"?><!DOCTYPE kml [<!ENTITY a \"aaaaaaaaaa\">";
         for (char c = 'b'; c <= 'j'; ++c)
             laughs += QByteArray("<!ENTITY ") + c + " \"" + QByteArray("&") + char(c - 1) + ";" +
                       QByteArray("&") + char(c - 1) + ";&" + char(c - 1) + ";&" + char(c - 1) + ";\">";
         laughs +=
             "]><kml xmlns=\"http://www.opengis.net/kml/2.2\"><Document><name>&j;</name></Document></kml>";
-        QTest::newRow("kml entity expansion") << write("laughs.kml", laughs) << false << "";
+        bad("kml entity expansion", write("laughs.kml", laughs));
 
         // FlatGeobuf.
         const QByteArray fgb = contents(m_fgb);
-        QTest::newRow("fgb garbage after magic")
-            << write("garbage.fgb", fgb.left(8) + garbage(4096)) << false << "";
-        QTest::newRow("fgb truncated") << write("cut.fgb", fgb.left(fgb.size() / 2)) << false << "";
-        QTest::newRow("fgb huge header size")
-            << write("huge.fgb", fgb.left(8) + QByteArray("\xff\xff\xff\x7f", 4) + fgb.mid(12)) << false
-            << "";
+        bad("fgb garbage after magic", write("garbage.fgb", fgb.left(8) + garbage(4096)));
+        bad("fgb truncated", write("cut.fgb", fgb.left(fgb.size() / 2)));
+        bad("fgb huge header size",
+            write("huge.fgb", fgb.left(8) + QByteArray("\xff\xff\xff\x7f", 4) + fgb.mid(12)));
 
         // GeoTIFF.
         const QByteArray tif = contents(m_tif);
-        QTest::newRow("tif garbage") << write("garbage.tif", garbage(4096)) << false << "";
-        QTest::newRow("tif truncated header") << write("header.tif", tif.left(10)) << false << "";
-        QTest::newRow("tif huge declared size")
-            << write("huge.tif", withHugeSize(tif)) << false << "too large";
+        bad("tif garbage", write("garbage.tif", garbage(4096)));
+        bad("tif truncated header", write("header.tif", tif.left(10)));
+        bad("tif huge declared size", write("huge.tif", withHugeSize(tif)), "too large");
         const QString southUp = file("southup.tif");
         const double flipped[6] = {0, 1, 0, 0, 0, 1}, geo[6] = {0, 1, 0, 10, 0, -1};
         QVERIFY(HOLayerFixture::WriteRaster(southUp, 8, 8, 1, GDT_Byte, 0, flipped,
@@ -181,19 +176,16 @@ private slots:
         QVERIFY(HOLayerFixture::WriteRaster(whole, 300, 300, 1, GDT_Float32, 4509, geo,
                                             [](int, int x, int y) { return double(x + y); }));
         const QByteArray pixels = contents(whole);
-        QTest::newRow("tif without its pixels")
-            << write("nopixels.tif", pixels.left(pixels.size() / 3)) << false << "";
-        QTest::newRow("tif south-up (warped, readable)") << southUp << true << "";
+        bad("tif without its pixels", write("nopixels.tif", pixels.left(pixels.size() / 3)));
+        good("tif south-up (warped, readable)", southUp);
 
         // VRT.
-        QTest::newRow("vrt recursive")
-            << write("self.vrt", vrt("8", simpleSource(file("self.vrt").toUtf8()))) << false << "";
-        QTest::newRow("vrt on /dev/zero")
-            << write("zero.vrt", vrt("8", simpleSource("/dev/zero"))) << false << "";
-        QTest::newRow("vrt on a missing file")
-            << write("missing.vrt", vrt("8", simpleSource(file("absent.tif").toUtf8()))) << false << "";
-        QTest::newRow("vrt malformed") << write("bad.vrt", vrt("8", "").left(60)) << false << "";
-        QTest::newRow("vrt huge declared size") << write("huge.vrt", vrt("2000000000", "")) << true << "";
+        bad("vrt recursive", write("self.vrt", vrt("8", simpleSource(file("self.vrt").toUtf8()))));
+        bad("vrt on /dev/zero", write("zero.vrt", vrt("8", simpleSource("/dev/zero"))));
+        bad("vrt on a missing file",
+            write("missing.vrt", vrt("8", simpleSource(file("absent.tif").toUtf8()))));
+        bad("vrt malformed", write("bad.vrt", vrt("8", "").left(60)));
+        good("vrt huge declared size", write("huge.vrt", vrt("2000000000", "")));
     }
 
     void eachFileFailsCleanlyAndQuickly() {

@@ -3,7 +3,6 @@
 // or a one-vertex centre line, undo and redo, and the picture.
 #include <QtTest>
 
-#include "HOTestColumns.h"
 #include "HXEditCanvas.h"
 
 using namespace HXObjects;
@@ -13,8 +12,8 @@ class TestCanvasDoubleLine : public QObject {
 
 private slots:
     void doubleLine_data() {
-        // result: the new elements, selected
-        HOAddColumns<QString, QStringList>({"script", "result"});
+        QTest::addColumn<QString>("script");
+        QTest::addColumn<QStringList>("result");  // the new elements, selected
         const QString corner = "c 50 50; c 150 50; d 150 150";
         QTest::newRow("corner, default width")
             << "t HOToolDoubleLine; " + corner

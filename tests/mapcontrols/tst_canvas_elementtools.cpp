@@ -15,29 +15,25 @@ private slots:
     void digitize_data() {
         // result: the new element, selected; empty: none made
         HOAddColumns<QString, QString>({"script", "result"});
-        QTest::newRow("line, double click") << "t HOCmdDigitizeLine; c 50 50; m 100 50; c 150 50; d 150 150"
-                                            << "LINESTRING (50 250,150 250,150 150)";
-        QTest::newRow("line, Enter") << "t HOCmdDigitizeLine; c 50 50; c 150 50; k Return"
-                                     << "LINESTRING (50 250,150 250)";
-        QTest::newRow("line, Backspace drops a vertex")
-            << "t HOCmdDigitizeLine; c 50 50; c 150 50; c 150 150; k Backspace; k Return"
-            << "LINESTRING (50 250,150 250)";
-        QTest::newRow("line, Escape abandons") << "t HOCmdDigitizeLine; c 50 50; c 150 50; k Escape; k Return"
-                                               << "";
-        QTest::newRow("line, new path from the menu")
-            << "t HOCmdDigitizeLine; c 50 50; c 150 50; r 150 50 New path; c 50 100; d 150 100"
-            << "MULTILINESTRING ((50 250,150 250),(50 200,150 200))";
-        QTest::newRow("polygon, double click") << "t HOCmdDigitizePolygon; c 100 100; c 300 100; d 300 250"
-                                               << "POLYGON ((100 200,300 200,300 50,100 200))";
-        QTest::newRow("polygon, new path as a hole")
-            << "t HOCmdDigitizePolygon; c 50 50; c 350 50; c 350 250; c 50 250; o new path; "
-               "c 150 100; c 250 100; d 250 200"
-            << "POLYGON ((50 250,350 250,350 50,50 50,50 250),(150 200,250 200,250 100,150 200))";
-        QTest::newRow("polygon of two vertices") << "t HOCmdDigitizePolygon; c 100 100; d 300 100"
-                                                 << "";
-        QTest::newRow("polygon of a repeated vertex")
-            << "t HOCmdDigitizePolygon; c 100 100; c 100 100; c 300 100; d 300 100"
-            << "";
+        const auto row = [](const char* tag, const QString& script, const char* result) {
+            QTest::newRow(tag) << script << result;
+        };
+        const QString line = "t HOCmdDigitizeLine; c 50 50; ", polygon = "t HOCmdDigitizePolygon; ";
+        row("line, double click", line + "m 100 50; c 150 50; d 150 150",
+            "LINESTRING (50 250,150 250,150 150)");
+        row("line, Enter", line + "c 150 50; k Return", "LINESTRING (50 250,150 250)");
+        row("line, Backspace drops a vertex", line + "c 150 50; c 150 150; k Backspace; k Return",
+            "LINESTRING (50 250,150 250)");
+        row("line, Escape abandons", line + "c 150 50; k Escape; k Return", "");
+        row("line, new path from the menu", line + "c 150 50; r 150 50 New path; c 50 100; d 150 100",
+            "MULTILINESTRING ((50 250,150 250),(50 200,150 200))");
+        row("polygon, double click", polygon + "c 100 100; c 300 100; d 300 250",
+            "POLYGON ((100 200,300 200,300 50,100 200))");
+        row("polygon, new path as a hole",
+            polygon + "c 50 50; c 350 50; c 350 250; c 50 250; o new path; c 150 100; c 250 100; d 250 200",
+            "POLYGON ((50 250,350 250,350 50,50 50,50 250),(150 200,250 200,250 100,150 200))");
+        row("polygon of two vertices", polygon + "c 100 100; d 300 100", "");
+        row("polygon of a repeated vertex", polygon + "c 100 100; c 100 100; c 300 100; d 300 100", "");
     }
 
     void digitize() {

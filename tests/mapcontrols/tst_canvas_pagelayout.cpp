@@ -10,7 +10,6 @@
 #include "HOMap.h"
 #include "HOMapView.h"
 #include "HOPageLayoutView.h"
-#include "HOTestColumns.h"
 #include "HOTestPrinters.h"
 #include "HOTestRectLayer.h"
 #include "HOTextElement.h"
@@ -130,8 +129,8 @@ private slots:
     }
 
     void zoomInToolClickOrBox_data() {
-        // offset: from the press to the release, pixels
-        HOAddColumns<QPoint, double>({"offset", "widthRatio"});
+        QTest::addColumn<QPoint>("offset");  // from the press to the release, pixels
+        QTest::addColumn<double>("widthRatio");
         QTest::newRow("click") << QPoint(2, 2) << 0.5;
         QTest::newRow("box") << QPoint(200, 20) << 0.25;  // 200 of the canvas's 800 pixels
     }

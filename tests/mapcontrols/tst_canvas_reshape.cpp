@@ -3,7 +3,6 @@
 // snapping of the dragged vertex, and undo and redo of each reshape.
 #include <QtTest>
 
-#include "HOTestColumns.h"
 #include "HXEditCanvas.h"
 
 using namespace HXObjects;
@@ -13,9 +12,9 @@ class TestCanvasReshape : public QObject {
 
 private slots:
     void dragHandle_data() {
-        // draw: makes the elements; the last one is selected
-        // drag: the selection tool's drag
-        HOAddColumns<QString, QString, QStringList>({"draw", "drag", "result"});
+        QTest::addColumn<QString>("draw");  // makes the elements; the last one is selected
+        QTest::addColumn<QString>("drag");  // the selection tool's drag
+        QTest::addColumn<QStringList>("result");
         const QString polygon = "t HOCmdDigitizePolygon; c 100 100; c 300 100; d 300 250";
         QTest::newRow("polygon vertex")
             << polygon << "g 300 100 320 80" << QStringList{"POLYGON ((100 200,320 220,300 50,100 200))*"};
