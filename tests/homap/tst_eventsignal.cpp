@@ -87,11 +87,12 @@ private slots:
             inside = false;
         });
         std::thread worker([&] { signal.fire(nullptr, nullptr); });
-        while (!entered) std::this_thread::yield();
-        signal.unbind("slow");
-        // The receiver may now be destroyed: the callback must not be running any more.
-        QVERIFY(!inside);
+        const bool started = QTest::qWaitFor([&] { return entered.load(); }, 5000);
+        if (started) signal.unbind("slow");
+        const bool stillInside = inside;  // the receiver may now be destroyed: the callback must be over
         worker.join();
+        QVERIFY2(started, "the worker did not enter the callback within 5 s");
+        QVERIFY(!stillInside);
     }
 
     void workerFiresWhileGuiBindsAndUnbinds() {
