@@ -4,7 +4,6 @@
 #include <QtTest>
 
 #include "HOCoordinateSystem.h"
-#include "HOTestColumns.h"
 #include "edit/HODoubleLine.h"
 
 using namespace HXObjects;
@@ -14,9 +13,10 @@ class TestDoubleLine : public QObject {
 
 private slots:
     void groundWidth_data() {
-        // y: the centre line runs east along this map y
-        // expected: the left line's map y
-        HOAddColumns<QString, double, double, double>({"system", "y", "expected", "precision"});
+        QTest::addColumn<QString>("system");
+        QTest::addColumn<double>("y");          // the centre line runs east along this map y
+        QTest::addColumn<double>("expected");   // the left line's map y
+        QTest::addColumn<double>("precision");
         // 1000 m north of the equator: 1000 / 110574.3 m per degree of latitude.
         QTest::newRow("degrees at the equator") << "EPSG:4326" << 0.0 << 0.0090437 << 1e-6;
         // 60° N in Web Mercator: ground metres are stretched by 1 / cos 60° = 2.
@@ -29,8 +29,7 @@ private slots:
         QFETCH(double, y);
         QFETCH(double, expected);
         QFETCH(double, precision);
-        const auto crs =
-            system.isEmpty() ? nullptr : HOCoordinateSystem::FromUserInput(system.toUtf8().data());
+        const auto crs = system.isEmpty() ? nullptr : HOCoordinateSystem::FromUserInput(system.toUtf8().data());
         QVERIFY(system.isEmpty() || crs);
         const double dx = crs && crs->IsGeographic() ? 0.001 : 100;
         HOGeometry centre(HOGeometry::GeoLineString);
@@ -40,13 +39,13 @@ private slots:
         const HOPoint left = sides[0]->Parts().front().front();
         const HOPoint right = sides[1]->Parts().front().front();
         QVERIFY2(std::abs(left.y - expected) < precision, qPrintable(QString::number(left.y, 'f', 7)));
-        QVERIFY2(std::abs((y - right.y) - (expected - y)) < precision,
-                 qPrintable(QString::number(right.y, 'f', 7)));
+        QVERIFY2(std::abs((y - right.y) - (expected - y)) < precision, qPrintable(QString::number(right.y, 'f', 7)));
         QCOMPARE(sides[0]->GetType(), HOGeometry::GeoLineString);
     }
 
     void nothingToOffset_data() {
-        HOAddColumns<double, int>({"width", "vertices"});
+        QTest::addColumn<double>("width");
+        QTest::addColumn<int>("vertices");
         QTest::newRow("zero width") << 0.0 << 2;
         QTest::newRow("negative width") << -5.0 << 2;
         QTest::newRow("one vertex") << 10.0 << 1;
