@@ -72,6 +72,8 @@ void HOFeatureEditCommand::settle(bool written, bool inverse, const std::vector<
     if (!written) {
         if (m_report) m_report(error);
         setObsolete(true);
+    } else if (m_show) {
+        m_show();
     }
     if (m_settled && !inverse) {
         const Settled settled = std::move(m_settled);

@@ -32,6 +32,8 @@ public:
                          Reporter report, QUndoCommand* parent = nullptr, QUndoStack* stack = nullptr);
     ~HOFeatureEditCommand() override;
     void SetSettled(Settled settled) { m_settled = std::move(settled); }
+    // Called on the GUI thread after every write that worked (redo or undo), e.g. to redraw.
+    void SetShow(std::function<void()> show) { m_show = std::move(show); }
 
     void redo() override;
     void undo() override;
@@ -47,6 +49,7 @@ private:
     QUndoStack* m_stack;
     Reporter m_report;
     Settled m_settled;
+    std::function<void()> m_show;
 };
 
 }  // namespace HXObjects

@@ -7,6 +7,7 @@
 #include "HOCoordinateSystem.h"
 #include "HOGeometryProject.h"
 #include "HOMap.h"
+#include "HOMapView.h"
 #include "HOTool.h"
 #include "HOToolBuddy.h"
 
@@ -33,9 +34,15 @@ HOFeatureEditCommand* HOFeatureEditor::make(HOMap* map, HOFeatureLayer* layer, s
                                             const QString& text, HOTool* tool, QUndoCommand* parent) {
     if (!map || !Editable(layer, tool) || changes.empty()) return nullptr;
     HORefPtr<HOTool> reporter(tool);
-    return new HOFeatureEditCommand(
+    auto* command = new HOFeatureEditCommand(
         layer, std::move(changes), text, [reporter](const HOString& why) { Report(reporter.get(), why); }, parent,
         map->GetUndoStack());
+    // The layer holds the change once it is written: draw the map again then.
+    command->SetShow([reporter] {
+        HOToolBuddy* buddy = reporter ? reporter->GetToolBuddy() : nullptr;
+        if (HOMapView* view = buddy ? buddy->GetMapView() : nullptr) view->RefreshMap(false, HORect());
+    });
+    return command;
 }
 
 bool HOFeatureEditor::Commit(HOMap* map, HOFeatureLayer* layer, std::vector<HOFeatureChange> changes,
