@@ -204,6 +204,8 @@ private slots:
                 << kind << "t HOToolSingleSelect; c 100 200; k Delete" << "moved";
             QTest::addRow("%s: delete of a feature deleted meanwhile", kind)
                 << kind << "t HOToolSingleSelect; c 100 200; k Delete" << "delete";
+            QTest::addRow("%s: delete of a feature renamed meanwhile", kind)
+                << kind << "t HOToolSingleSelect; c 100 200; k Delete" << "renamed";
         }
     }
 
@@ -214,6 +216,8 @@ private slots:
         QFETCH(QString, meddle);
         HXEditCanvas f;
         QVERIFY(show(f, layer.get()));
+        // The user looks at square a (as the identify tool shows it) before the other program meddles.
+        QVERIFY(layer->GetFeature(layer->IdentifyAt(HOPoint(100, 100), 1).at(0)));
         if (!meddle.isEmpty()) {
             CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
             GDALDatasetUniquePtr other(GDALDataset::Open(source.toUtf8(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
@@ -225,6 +229,9 @@ private slots:
                 OGRGeometry* moved = nullptr;
                 OGRGeometryFactory::createFromWkt("MULTIPOLYGON (((50 50,60 150,150 150,150 50,50 50)))", nullptr, &moved);
                 a->SetGeometryDirectly(moved);
+                QCOMPARE(l->SetFeature(a.get()), OGRERR_NONE);
+            } else if (meddle == "renamed") {
+                a->SetField("name", "z");
                 QCOMPARE(l->SetFeature(a.get()), OGRERR_NONE);
             } else {
                 QCOMPARE(l->DeleteFeature(a->GetFID()), OGRERR_NONE);
