@@ -3,6 +3,7 @@
 #include <QDate>
 #include <QDialogButtonBox>
 #include <QHeaderView>
+#include <QPointer>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -67,8 +68,19 @@ void HXAttributeForm::accept() {
         if (!edited.empty())
             changes.push_back({new HOFeature(feature->GetID(), nullptr, values), new HOFeature(feature->GetID(), nullptr, edited)});
     }
-    if (!changes.empty() &&
-        HOFeatureEditor::Commit(mMap.get(), mLayer.get(), std::move(changes), tr("Edit attributes"), mTool).empty())
-        return;  // refused: the form stays open with the reason in the message bar
-    QDialog::accept();
+    if (changes.empty()) {
+        QDialog::accept();
+        return;
+    }
+    // The form closes once the edit is written; refused, it stays open with the reason in the
+    // message bar. It takes no input meanwhile.
+    setEnabled(false);
+    QPointer<HXAttributeForm> self(this);
+    if (!HOFeatureEditor::Commit(mMap.get(), mLayer.get(), std::move(changes), tr("Edit attributes"), mTool,
+                                 [self](bool written, const std::vector<HOFeatureChange>&) {
+                                     if (!self) return;
+                                     self->setEnabled(true);
+                                     if (written) self->QDialog::accept();
+                                 }))
+        setEnabled(true);
 }

@@ -12,11 +12,14 @@ std::vector<HORefPtr<HOLayer>> HXDataSources::openLayers(const QString& path, QS
     if (HORefPtr<HODataSource> source = HODataSource::Open(HOString(path), &error))
         layers = source->OpenLayers(&error);
     if (!error.isEmpty()) *errors << error.toQString().split('\n');
-    std::stable_sort(layers.begin(), layers.end(),
-                     [](const HORefPtr<HOLayer>& a, const HORefPtr<HOLayer>& b) {
-                         return drawRank(a->GetLayerType()) < drawRank(b->GetLayerType());
-                     });
+    sortForDrawing(layers);
     return layers;
+}
+
+void HXDataSources::sortForDrawing(std::vector<HORefPtr<HOLayer>>& layers) {
+    std::stable_sort(layers.begin(), layers.end(), [](const HORefPtr<HOLayer>& a, const HORefPtr<HOLayer>& b) {
+        return drawRank(a->GetLayerType()) < drawRank(b->GetLayerType());
+    });
 }
 
 int HXDataSources::drawRank(HOLayer::LayerType type) {

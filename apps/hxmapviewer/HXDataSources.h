@@ -16,6 +16,9 @@ public:
     static std::vector<HXObjects::HORefPtr<HXObjects::HOLayer>> openLayers(const QString& path,
                                                                            QStringList* errors);
 
+    // Puts the layers in drawing order (stable).
+    static void sortForDrawing(std::vector<HXObjects::HORefPtr<HXObjects::HOLayer>>& layers);
+
 private:
     static int drawRank(HXObjects::HOLayer::LayerType type);
 };

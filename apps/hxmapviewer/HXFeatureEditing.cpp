@@ -49,7 +49,7 @@ void HXFeatureEditing::onEditFeature(HOTool* tool, bool, int) {
     });
 }
 
-// The tool fires on the GUI thread, as its edit is written.
+// The tool fires on the GUI thread, once its edit is written.
 void HXFeatureEditing::onFeatureAdded(void* sender, HOEvent* event) {
     auto* added = dynamic_cast<HOFeatureAddedEvent*>(event);
     if (!added || sender != mAddTool || mCanvas->getMapTool() != mAddTool || !mCanvas->GetMapView()) return;

@@ -9,6 +9,18 @@ const QVector<HXViewerTool>& HXViewerTools::all() {
         {"zoomout", "HXObjects::HOToolZoomOut", QCoreApplication::translate("HXViewerTools", "Zoom out"), "zoom-out.png", "X"},
         {"select", "HXObjects::HOToolSingleSelect", QCoreApplication::translate("HXViewerTools", "Select"), "select", "S"},
         {"identify", "HXObjects::HOToolIdentify", QCoreApplication::translate("HXViewerTools", "Identify"), "Identify.png", "I"},
+        {"addfeature", "HXObjects::HOToolAddFeature", QCoreApplication::translate("HXViewerTools", "Add feature"),
+         ":/hxmapviewer/icons/add-feature.svg", "F"},
+        {"deletefeature", "HXObjects::HOToolDeleteFeature",
+         QCoreApplication::translate("HXViewerTools", "Delete selected features"),
+         ":/hxmapviewer/icons/delete-feature.svg", "Shift+Del"},
+        {"mergefeature", "HXObjects::HOToolMergeFeature",
+         QCoreApplication::translate("HXViewerTools", "Merge selected features"),
+         ":/hxmapviewer/icons/merge-features.svg", "Shift+M"},
+        {"editattributes", "HXObjects::HOToolEditAttributes",
+         QCoreApplication::translate("HXViewerTools", "Edit attributes"), ":/hxmapviewer/icons/edit-attributes.svg", "E"},
+        {"editvertex", "HXObjects::HOToolEditVertex", QCoreApplication::translate("HXViewerTools", "Edit vertices"),
+         ":/hxmapviewer/icons/edit-vertices.svg", "V"},
     };
     return tools;
 }

@@ -14,7 +14,7 @@
 #include "HXCommandDock.h"
 #include "HXEditActions.h"
 #include "HXElementAutosave.h"
-#include "HXDataSources.h"
+#include "HXFileOpening.h"
 #include "HXIdentifyPanel.h"
 #include "HXLayerPanel.h"
 #include "HXLayerStyler.h"
@@ -31,6 +31,7 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QElapsedTimer>
+#include <QStatusBar>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QMenuBar>
@@ -65,6 +66,9 @@ HORefPtr<HOCoordinateSystem> readMapCoordinateSystem(const QString& definition, 
     return system;
 }
 
+// How long showAndOpen lets the files take.
+constexpr int kOpenTimeoutMs = 600000;
+
 // The size a window opens at before the user chose one: three quarters of the screen.
 QRect firstGeometry() {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
@@ -98,6 +102,9 @@ HXViewerWindow::HXViewerWindow(QWidget* parent) : QMainWindow(parent) {
     resizeDocks({mCommand}, {90}, Qt::Vertical);
     mIdentify->hide();
     mCanvas->SetCommandControl(mCommand);
+    mOpening = new HXFileOpening(this);
+    mCanvas->StatusBar()->addWidget(mOpening);
+    connect(mOpening, &HXFileOpening::opened, this, &HXViewerWindow::onFileOpened);
 
     if (HOMapView* view = mCanvas->GetMapView()) HOBindMember(view->RenderFinishedSignal, this, &HXViewerWindow::onRenderFinished);
     buildToolBar();
@@ -118,13 +125,15 @@ HXViewerWindow::~HXViewerWindow() {
 void HXViewerWindow::onRenderFinished(void*, HOEvent*) { ++mRendersFinished; }
 
 void HXViewerWindow::buildToolBar() {
+    Q_INIT_RESOURCE(hxmapviewer);  // the viewer's own icons, in a static library
     QToolBar* bar = addToolBar(tr("Map tools"));
     bar->setObjectName("mapTools");
     mToolGroup = new QActionGroup(this);
     for (const HXViewerTool& tool : HXViewerTools::all()) {
-        const QIcon icon = tool.icon == "pan"      ? HXViewerIcons::pan()
-                           : tool.icon == "select" ? HXViewerIcons::select()
-                                                   : HXApplication::getThemeIcon(tool.icon);
+        const QIcon icon = tool.icon == "pan"           ? HXViewerIcons::pan()
+                           : tool.icon == "select"      ? HXViewerIcons::select()
+                           : tool.icon.startsWith(":/") ? QIcon(tool.icon)
+                                                        : HXApplication::getThemeIcon(tool.icon);
         QAction* action = bar->addAction(icon, tool.label);
         action->setCheckable(true);
         action->setShortcut(QKeySequence(tool.shortcut));
@@ -204,32 +213,38 @@ void HXViewerWindow::closeEvent(QCloseEvent* event) {
     QMainWindow::closeEvent(event);
 }
 
-int HXViewerWindow::openFiles(const QStringList& paths) {
+void HXViewerWindow::openFiles(const QStringList& paths) {
+    mOpening->open(paths);
+}
+
+bool HXViewerWindow::waitForOpened(int timeoutMs) {
+    QElapsedTimer clock;
+    clock.start();
+    while (mOpening->isBusy() && clock.elapsed() < timeoutMs) QApplication::processEvents(QEventLoop::AllEvents, 50);
+    return !mOpening->isBusy();
+}
+
+void HXViewerWindow::onFileOpened(const QString& path, const std::vector<HORefPtr<HOLayer>>& layers,
+                                  const QStringList& errors) {
     HOMapView* view = mCanvas->GetMapView();
-    if (!view) return paths.size();
+    if (!view) return;
     const bool wasEmpty = view->GetMap()->GetLayerCount() == 0;
-    int failures = 0;
-    for (const QString& path : paths) {
-        QStringList errors;
-        const std::vector<HORefPtr<HOLayer>> layers = HXDataSources::openLayers(path, &errors);
-        for (const QString& error : errors) {
-            mErrors << error;
-            mMessageBar->pushCritical(QString(), error);
-        }
-        for (const HORefPtr<HOLayer>& layer : layers) addLayer(layer);
-        if (layers.empty()) {
-            ++failures;
-            continue;
-        }
-        HXRecentFiles::add(QFileInfo(path).absoluteFilePath());
-        mMessageBar->pushSuccess(tr("Opened"), QFileInfo(path).fileName());
+    for (const QString& error : errors) {
+        mErrors << error;
+        mMessageBar->pushCritical(QString(), error);
     }
+    if (layers.empty()) {
+        ++mOpenFailures;
+        return;
+    }
+    for (const HORefPtr<HOLayer>& layer : layers) addLayer(layer);
+    HXRecentFiles::add(QFileInfo(path).absoluteFilePath());
+    mMessageBar->pushSuccess(tr("Opened"), QFileInfo(path).fileName());
     HXLayerStyler::styleMap(view->GetMap());
     applyGrid();
     rebuildRecentMenu();
     mCanvas->ReloadLayerTree();
-    if (wasEmpty && view->GetMap()->GetLayerCount() > 0) zoomToFullExtent();
-    return failures;
+    if (wasEmpty) zoomToFullExtent();
 }
 
 void HXViewerWindow::addLayer(HOLayer* layer) {
@@ -306,12 +321,14 @@ void HXViewerWindow::zoomToFullExtent() {
 int HXViewerWindow::showAndOpen(const QStringList& paths) {
     show();
     settleLayout();
-    const int failures = openFiles(paths);
+    const int failedBefore = mOpenFailures;
+    openFiles(paths);
+    if (!waitForOpened(kOpenTimeoutMs)) return paths.size();
     // The message bar just took its room above the map: lay out now and draw at that size, rather
     // than after the canvas's delay for a window being dragged to a new size.
     settleLayout();
     mCanvas->refresh();
-    return failures;
+    return mOpenFailures - failedBefore;
 }
 
 void HXViewerWindow::settleLayout() {

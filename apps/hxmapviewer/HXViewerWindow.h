@@ -6,12 +6,16 @@
 #include <QMainWindow>
 #include <QStringList>
 #include <atomic>
+#include <vector>
+
+#include "HORefPtr.h"
 
 class QAction;
 class QActionGroup;
 class QMenu;
 class HXCommandDock;
 class HXEditActions;
+class HXFileOpening;
 class HXElementAutosave;
 class HXIdentifyPanel;
 class HXLayerPanel;
@@ -31,11 +35,17 @@ public:
     explicit HXViewerWindow(QWidget* parent = nullptr);
     ~HXViewerWindow() override;
 
-    // Adds every layer of the files to the map; returns how many files failed. Errors go to the
-    // message bar and errors().
-    int openFiles(const QStringList& paths);
-    // Shows the window, opens the files and starts the first render at once, at the size the
-    // window settles on once the message bar reports the files. Returns how many files failed.
+    // Starts reading the files on a worker, with a progress bar and a cancel button in the status
+    // bar; each file's layers are added to the map once it is read. Errors go to the message bar
+    // and errors(); openFailures() counts the files that yielded no layer.
+    void openFiles(const QStringList& paths);
+    // Processes events until every file asked for is read or cancelled; false when the time is up first.
+    bool waitForOpened(int timeoutMs);
+    int openFailures() const { return mOpenFailures; }
+    HXFileOpening* fileOpening() const { return mOpening; }
+    // Shows the window, opens the files (running the event loop meanwhile) and starts the first
+    // render at the size the window settles on once the message bar reports the files. Returns
+    // how many files failed.
     int showAndOpen(const QStringList& paths);
     // "EPSG:4490", WKT or a PROJ string of a geographic or projected system; false (map unchanged,
     // the reason in error) otherwise.
@@ -75,6 +85,8 @@ private:
     bool pictureIsFinal() const;
     void applyGrid();
     void onRenderFinished(void* sender, HXObjects::HOEvent* event);
+    void onFileOpened(const QString& path, const std::vector<HXObjects::HORefPtr<HXObjects::HOLayer>>& layers,
+                      const QStringList& errors);
     void onIdentified(void* sender, HXObjects::HOEvent* event);
 
     HXMapCanvas* mCanvas;
@@ -88,6 +100,8 @@ private:
     QMenu* mRecentMenu = nullptr;
     QAction* mGridAction = nullptr;
     QStringList mErrors;
+    HXFileOpening* mOpening;
+    int mOpenFailures = 0;
     HXObjects::HOToolIdentify* mIdentifyTool = nullptr;
     std::atomic<int> mRendersFinished{0};
 };

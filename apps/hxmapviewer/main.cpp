@@ -132,7 +132,8 @@ int main(int argc, char** argv) {
         layouts << file;
         files.removeOne(file);
     }
-    window.showAndOpen(files);
+    window.show();
+    window.openFiles(files);
     for (const QString& path : layouts) {
         auto* layout = new HXLayoutWindow(&window);
         layout->setWindowFlag(Qt::Window);

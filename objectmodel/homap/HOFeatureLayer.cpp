@@ -106,10 +106,9 @@ std::map<HOString, HORefPtr<HOStyle>> HOFeatureLayer::GetCategoryStyles() const 
 }
 
 std::vector<HOString> HOFeatureLayer::GetFieldNames() const {
+    // From what was read with the layer: an edit on a worker may be opening the source again.
     std::vector<HOString> names;
-    std::lock_guard<std::mutex> lock(d->mutex);
-    OGRFeatureDefn* defn = d->ogrLayer->GetLayerDefn();
-    for (int i = 0; i < defn->GetFieldCount(); ++i) names.emplace_back(defn->GetFieldDefn(i)->GetNameRef());
+    for (const auto& field : d->fields) names.push_back(field.first);
     return names;
 }
 
@@ -210,16 +209,15 @@ bool HOFeatureLayer::IsValid() const {
 HORefPtr<HOFeature> HOFeatureLayer::GetFeature(int id) const {
     HORefPtr<HOGeometry> geometry = GetFeatureGeometry(id);
     if (!geometry) return nullptr;
-    std::vector<HOFeature::Attribute> attributes;
-    std::lock_guard<std::mutex> lock(d->source->mutex);
-    OGRFeatureUniquePtr feature(d->ogrLayer->GetFeature(id));
-    if (feature) {
-        for (int i = 0; i < feature->GetFieldCount(); ++i)
-            attributes.emplace_back(
-                HOString(feature->GetFieldDefnRef(i)->GetNameRef()),
-                HOString(feature->IsFieldSetAndNotNull(i) ? feature->GetFieldAsString(i) : ""));
-    }
-    return HORefPtr<HOFeature>(new HOFeature(id, geometry, std::move(attributes)));
+    const auto read = [this, id](std::vector<HOFeature::Attribute>* attributes) {
+        std::lock_guard<std::mutex> lock(d->source->mutex);
+        OGRFeatureUniquePtr feature(d->ogrLayer->GetFeature(id));
+        for (int i = 0; feature && i < feature->GetFieldCount(); ++i)
+            attributes->emplace_back(HOString(feature->GetFieldDefnRef(i)->GetNameRef()),
+                                     HOString(feature->IsFieldSetAndNotNull(i) ? feature->GetFieldAsString(i) : ""));
+        return feature != nullptr;
+    };
+    return HORefPtr<HOFeature>(new HOFeature(id, geometry, d->attributes.Get(id, read)));
 }
 
 HORefPtr<HOGeometry> HOFeatureLayer::GetFeatureGeometry(int id) const {
@@ -267,6 +265,7 @@ bool HOFeatureLayer::ApplyChanges(std::vector<HOFeatureChange>& changes, HOStrin
     for (HOFeatureChange& change : written) resolveIds(change);
     if (!d->writer->Apply(written, &why)) return false;
     noteIds(changes, written);
+    d->attributes.Forget(written);
     changes = written;
     d->stores.ReplaceSource(HOFeatureStoreEditor::Apply(*d->stores.Source(), changes));
     if (d->writer->ReplacesFiles() && !reopenSource(&why)) return false;
@@ -313,6 +312,7 @@ std::vector<std::pair<HOString, HOString>> HOFeatureLayer::GetFields() const {
 bool HOFeatureLayer::Reload(HOString* error) {
     std::lock_guard<std::mutex> editing(d->editMutex);
     if (d->writer && d->writer->ReplacesFiles() && !reopenSource(error)) return false;
+    d->attributes.Clear();
     std::lock_guard<std::mutex> lock(d->source->mutex);
     CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
     HOOgrGeometryReader reader;

@@ -77,6 +77,7 @@ public:
     std::size_t GetGeometryBytes() const;
 
     // Used to flash a feature: the validity query, the lookup by id (a copy), and its geometry.
+    // Attributes are as the layer first read them, like the geometry, until Reload.
     virtual bool IsValid() const;
     virtual HORefPtr<HOFeature> GetFeature(int id) const;
     virtual HORefPtr<HOGeometry> GetFeatureGeometry(int id) const;

@@ -78,13 +78,14 @@ private slots:
         QVERIFY(QTest::qWaitForWindowExposed(&form));
         form.table()->item(0, 0)->setText("typed");
         form.accept();
+        QTRY_VERIFY2_WITH_TIMEOUT(form.isEnabled(), "the form waits for the write's outcome", 20000);
         QCOMPARE(Stored(path, id), stored);
         const bool written = stored.startsWith("typed");
         QCOMPARE(form.result(), written ? int(QDialog::Accepted) : int(QDialog::Rejected));
         QCOMPARE(map->GetUndoStack()->count(), written ? 1 : 0);
         if (!written) return;
         map->GetUndoStack()->undo();
-        QCOMPARE(Stored(path, id), newFeature ? QString(" ") : QString("old 7"));
+        QTRY_COMPARE_WITH_TIMEOUT(Stored(path, id), newFeature ? QString(" ") : QString("old 7"), 20000);
     }
 };
 

@@ -21,7 +21,9 @@ private slots:
         QVERIFY2(QFile::exists(sample), "the sample region fixture is missing");
         m_window.resize(900, 600);
         m_window.show();
-        QCOMPARE(m_window.openFiles({sample}), 0);
+        m_window.openFiles({sample});
+        QVERIFY2(m_window.waitForOpened(120000), "the files were not read in time");
+        QCOMPARE(m_window.openFailures(), 0);
         QVERIFY2(m_window.waitForRender(120000), "the sample did not finish rendering");
     }
 

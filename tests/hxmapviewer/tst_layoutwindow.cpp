@@ -26,7 +26,9 @@ class TestLayoutWindow : public QObject {
 private slots:
     void exportsSavesAndOpensTheSampleLayout() {
         HXViewerWindow viewer;
-        QCOMPARE(viewer.openFiles({samplePath("region.gpkg")}), 0);
+        viewer.openFiles({samplePath("region.gpkg")});
+        QVERIFY2(viewer.waitForOpened(120000), "the files were not read in time");
+        QCOMPARE(viewer.openFailures(), 0);
         auto* window = new HXLayoutWindow(&viewer);
         window->compose(viewer.canvas()->GetMapView()->GetMap(), "Sample region");
         window->show();

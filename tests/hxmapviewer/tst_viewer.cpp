@@ -1,6 +1,8 @@
 // The reference viewer on the generated sample region: what a person sees, and how it reports files
 // it cannot open.
 #include <QLineEdit>
+#include <QProgressBar>
+#include <QToolButton>
 #include <QProcess>
 #include <QScreen>
 #include <QStatusBar>
@@ -12,6 +14,7 @@
 #include "HOMapView.h"
 #include "HXApplication.h"
 #include "HXCommandDock.h"
+#include "HXFileOpening.h"
 #include "HXMapCanvas.h"
 #include "HXMapWidget.h"
 #include "HXMessageBar.h"
@@ -48,6 +51,7 @@ private slots:
     void initTestCase();
     void sampleShowsSeaLandAndRoads();
     void unreadableFilesAreReportedAndLayersKept();
+    void openingShowsProgressAndCancels();
     void screenshotProgramWritesThePicture();
     void screenshotProgramFailsOnAMissingFile();
     void badOptionsAreRefused_data();
@@ -133,7 +137,9 @@ void TestViewer::unreadableFilesAreReportedAndLayersKept() {
     file.write("SQLite format 3\0 but nothing after it", 38);
     file.close();
 
-    QCOMPARE(window->openFiles({missing, corrupt}), 2);
+    window->openFiles({missing, corrupt});
+    QVERIFY2(window->waitForOpened(120000), "the files were not read in time");
+    QCOMPARE(window->openFailures(), 2);
     QCOMPARE(map->GetLayerCount(), layers);
     QCOMPARE(window->errors().size(), 2);
     QVERIFY(window->errors()[0].contains("cannot open") && window->errors()[0].contains("nowhere.shp"));
@@ -143,6 +149,25 @@ void TestViewer::unreadableFilesAreReportedAndLayersKept() {
         shown = shown || text->toPlainText().contains("cannot open");
     }
     QVERIFY2(shown, "the message bar does not show the error");
+}
+
+// A large file is read with a progress bar in the status bar; its cancel button leaves the map as
+// it was and hides the bar.
+void TestViewer::openingShowsProgressAndCancels() {
+    auto window = openSample();
+    QVERIFY(window);
+    HOMap* map = window->canvas()->GetMapView()->GetMap();
+    const int layers = map->GetLayerCount();
+    HXFileOpening* opening = window->fileOpening();
+    QVERIFY(window->canvas()->StatusBar()->isAncestorOf(opening));
+    window->openFiles({qEnvironmentVariable("HX_TEST_DATA") + "/large/region.gpkg"});
+    QVERIFY(opening->isVisible() && opening->isBusy());
+    QTRY_VERIFY2_WITH_TIMEOUT(opening->progressBar()->value() > 0, "the progress bar never moved", 60000);
+    QTest::mouseClick(opening->cancelButton(), Qt::LeftButton);
+    QVERIFY(!opening->isBusy() && !opening->isVisible());
+    QVERIFY(window->waitForOpened(1000));
+    QCOMPARE(map->GetLayerCount(), layers);
+    QCOMPARE(window->openFailures(), 0);
 }
 
 void TestViewer::screenshotProgramWritesThePicture() {

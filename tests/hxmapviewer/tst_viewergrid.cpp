@@ -53,7 +53,9 @@ private slots:
         HXViewerWindow window;
         window.resize(900, 600);
         window.show();
-        QCOMPARE(window.openFiles({samplePath(file)}), 0);
+        window.openFiles({samplePath(file)});
+        QVERIFY2(window.waitForOpened(120000), "the files were not read in time");
+        QCOMPARE(window.openFailures(), 0);
         QVERIFY2(window.waitForRender(60000), "the sample did not render");
         QVERIFY(!rulerShown(window.canvas()));
 

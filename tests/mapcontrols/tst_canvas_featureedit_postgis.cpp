@@ -11,6 +11,7 @@
 #include <QtTest>
 
 #include "HODataSource.h"
+#include "HOFeatureEditQueue.h"
 #include "HOFeatureLayer.h"
 #include "HOToolAddFeature.h"
 #include "HXCombineFeatureMethodDialog.h"
@@ -57,6 +58,9 @@ QString Square(const char* name, int x0, int y0, int size) {
 }
 
 }  // namespace
+
+// Edits are written on a worker: wait for every outcome to come back to the GUI thread.
+#define SETTLED() QTRY_COMPARE_WITH_TIMEOUT(HOFeatureEditQueue::Pending(), 0, 20000)
 
 class TestCanvasFeatureEdit : public QObject {
     Q_OBJECT
@@ -157,6 +161,7 @@ private slots:
         });
         // Pixel (x, y) is the map point (x, 300 - y): the square 200..250 x 200..250.
         f.run("t HOToolAddFeature; c 200 100; c 250 100; c 250 50; d 200 50");
+        SETTLED();
         tool->FeatureAddedSignal.unbind("test");
         QStringList withNew = QStringList{Square("", 200, 200, 50)} + before;
         withNew.sort();
@@ -165,6 +170,7 @@ private slots:
         QCOMPARE(layer->GetFeatureCount(), 3);
 
         f.run("t HOToolSingleSelect; c 100 200; k Delete");
+        SETTLED();
         const QStringList withoutA = QStringList{Square("b", 200, 50, 100), Square("", 200, 200, 50)};
         QCOMPARE(ReadBack(source, table), withoutA);
         QCOMPARE(layer->GetFeatureCount(), 2);
@@ -172,14 +178,19 @@ private slots:
         QUndoStack* stack = f.map->GetUndoStack();
         QCOMPARE(stack->count(), 2);
         stack->undo();
+        SETTLED();
         QCOMPARE(ReadBack(source, table), withNew);
         stack->undo();
+        SETTLED();
         QCOMPARE(ReadBack(source, table), before);
         QCOMPARE(layer->GetFeatureCount(), 2);
         stack->redo();
+        SETTLED();
         stack->redo();
+        SETTLED();
         QCOMPARE(ReadBack(source, table), withoutA);
         stack->undo();
+        SETTLED();
         QCOMPARE(ReadBack(source, table), withNew);
     }
 
@@ -193,6 +204,8 @@ private slots:
                 << kind << "t HOToolSingleSelect; c 100 200; k Delete" << "moved";
             QTest::addRow("%s: delete of a feature deleted meanwhile", kind)
                 << kind << "t HOToolSingleSelect; c 100 200; k Delete" << "delete";
+            QTest::addRow("%s: delete of a feature renamed meanwhile", kind)
+                << kind << "t HOToolSingleSelect; c 100 200; k Delete" << "renamed";
         }
     }
 
@@ -203,6 +216,8 @@ private slots:
         QFETCH(QString, meddle);
         HXEditCanvas f;
         QVERIFY(show(f, layer.get()));
+        // The user looks at square a (as the identify tool shows it) before the other program meddles.
+        QVERIFY(layer->GetFeature(layer->IdentifyAt(HOPoint(100, 100), 1).at(0)));
         if (!meddle.isEmpty()) {
             CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
             GDALDatasetUniquePtr other(GDALDataset::Open(source.toUtf8(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
@@ -215,12 +230,16 @@ private slots:
                 OGRGeometryFactory::createFromWkt("MULTIPOLYGON (((50 50,60 150,150 150,150 50,50 50)))", nullptr, &moved);
                 a->SetGeometryDirectly(moved);
                 QCOMPARE(l->SetFeature(a.get()), OGRERR_NONE);
+            } else if (meddle == "renamed") {
+                a->SetField("name", "z");
+                QCOMPARE(l->SetFeature(a.get()), OGRERR_NONE);
             } else {
                 QCOMPARE(l->DeleteFeature(a->GetFID()), OGRERR_NONE);
             }
         }
         const QStringList meddled = ReadBack(source, table);
         f.run(script);
+        SETTLED();
         QCOMPARE(ReadBack(source, table), meddled);
         QCOMPARE(f.map->GetUndoStack()->count(), 0);
         QCOMPARE(layer->GetFeatureCount(), 2);
@@ -263,6 +282,7 @@ private slots:
         HXEditCanvas f;
         QVERIFY(show(f, layer.get()));
         f.run("t HOToolAddFeature; c 200 100; c 250 100; d 250 50; t HOToolSingleSelect; c 100 200; k Delete");
+        SETTLED();
         QCOMPARE(f.map->GetUndoStack()->count(), 0);
         QCOMPARE(layer->GetFeatureCount(), 1);
         QFile after(path);
@@ -304,11 +324,13 @@ private slots:
         });
         f.run("t HOToolSingleSelect; g 40 260 310 140; t HOToolMergeFeature");
         QVERIFY(dialog.answered);
+        SETTLED();
         QCOMPARE(ReadBack(source, table), result.isEmpty() ? before : QStringList{result});
         QCOMPARE(f.map->GetUndoStack()->count(), result.isEmpty() ? 0 : 1);
         if (result.isEmpty()) return;
         QCOMPARE(layer->GetFeatureCount(), 1);
         f.map->GetUndoStack()->undo();
+        SETTLED();
         QCOMPARE(ReadBack(source, table), before);
     }
 
@@ -335,11 +357,13 @@ private slots:
         HXEditCanvas f;
         QVERIFY(show(f, layer.get()));
         f.run("t HOToolEditVertex; " + script);
+        SETTLED();
         QStringList expected = result.isEmpty() ? before : QStringList{Normalised(result), before.at(1)};
         expected.sort();
         QCOMPARE(ReadBack(source, table), expected);
         QCOMPARE(f.map->GetUndoStack()->count(), result.isEmpty() ? 0 : 1);
         f.map->GetUndoStack()->undo();
+        SETTLED();
         QCOMPARE(ReadBack(source, table), before);
     }
 
@@ -381,6 +405,7 @@ private slots:
         QVERIFY(show(f, layer.get()));
         m_postgres.stop();
         f.run("t HOToolSingleSelect; c 100 200; k Delete");
+        SETTLED();
         QCOMPARE(f.map->GetUndoStack()->count(), 0);
         QCOMPARE(layer->GetFeatureCount(), 2);
         std::vector<HOFeatureChange> add{{nullptr, new HOFeature(-1, layer->GetFeatureGeometry(layer->IdentifyAt(HOPoint(100, 100), 1).at(0)), {})}};

@@ -7,6 +7,7 @@
 #include "HOCoordinateSystem.h"
 #include "HOGeometryProject.h"
 #include "HOMap.h"
+#include "HOMapView.h"
 #include "HOTool.h"
 #include "HOToolBuddy.h"
 
@@ -29,26 +30,28 @@ HOFeatureLayer* HOFeatureEditor::Editable(HOLayer* layer, HOTool* tool) {
     return features;
 }
 
-HOFeatureEditCommand* HOFeatureEditor::apply(HOFeatureLayer* layer, std::vector<HOFeatureChange> changes,
-                                             const QString& text, HOTool* tool, QUndoCommand* parent) {
-    if (!Editable(layer, tool) || changes.empty()) return nullptr;
+HOFeatureEditCommand* HOFeatureEditor::make(HOMap* map, HOFeatureLayer* layer, std::vector<HOFeatureChange> changes,
+                                            const QString& text, HOTool* tool, QUndoCommand* parent) {
+    if (!map || !Editable(layer, tool) || changes.empty()) return nullptr;
     HORefPtr<HOTool> reporter(tool);
-    HOString error;
-    HOFeatureEditCommand* command = HOFeatureEditCommand::Write(
+    auto* command = new HOFeatureEditCommand(
         layer, std::move(changes), text, [reporter](const HOString& why) { Report(reporter.get(), why); }, parent,
-        &error);
-    if (!command) Report(tool, error);
+        map->GetUndoStack());
+    // The layer holds the change once it is written: draw the map again then.
+    command->SetShow([reporter] {
+        HOToolBuddy* buddy = reporter ? reporter->GetToolBuddy() : nullptr;
+        if (HOMapView* view = buddy ? buddy->GetMapView() : nullptr) view->RefreshMap(false, HORect());
+    });
     return command;
 }
 
-std::vector<HOFeatureChange> HOFeatureEditor::Commit(HOMap* map, HOFeatureLayer* layer,
-                                                     std::vector<HOFeatureChange> changes, const QString& text,
-                                                     HOTool* tool) {
-    HOFeatureEditCommand* command = map ? apply(layer, std::move(changes), text, tool, nullptr) : nullptr;
-    if (!command) return {};
-    std::vector<HOFeatureChange> written = command->Changes();
-    map->GetUndoStack()->push(command);
-    return written;
+bool HOFeatureEditor::Commit(HOMap* map, HOFeatureLayer* layer, std::vector<HOFeatureChange> changes,
+                             const QString& text, HOTool* tool, HOFeatureEditCommand::Settled settled) {
+    HOFeatureEditCommand* command = make(map, layer, std::move(changes), text, tool, nullptr);
+    if (!command) return false;
+    command->SetSettled(std::move(settled));
+    map->GetUndoStack()->push(command);  // its redo submits the write
+    return true;
 }
 
 bool HOFeatureEditor::ToLayer(HOMap* map, HOFeatureLayer* layer, HOGeometry* geometry) {
@@ -80,12 +83,9 @@ int HOFeatureEditor::DeleteSelected(HOMap* map, HOTool* tool) {
     // One undo step for all layers; a layer that refuses keeps its features and is not in it.
     auto group = std::make_unique<QUndoCommand>(
         QCoreApplication::translate("HXObjects::HOFeatureEditor", "Delete %n feature(s)", nullptr, count));
-    int deleted = 0;
-    for (auto& edit : edits)
-        if (HOFeatureEditCommand* command = apply(edit.first, std::move(edit.second), group->text(), tool, group.get()))
-            deleted += int(command->Changes().size());
-    if (deleted > 0) map->GetUndoStack()->push(group.release());
-    return deleted;
+    for (auto& edit : edits) make(map, edit.first, std::move(edit.second), group->text(), tool, group.get());
+    map->GetUndoStack()->push(group.release());
+    return count;
 }
 
 }  // namespace HXObjects

@@ -1,27 +1,30 @@
 #pragma once
 // HOFeatureEditor: what the feature tools share — the one way an edit of features reaches a layer:
-// refused with the layer's reason when it is read-only, written as one command, pushed on the map's
-// undo stack when the write worked, and any refusal shown in the host's message bar.
+// refused with the layer's reason when it is read-only, else pushed on the map's undo stack as one
+// command that is written on a worker (HOFeatureEditCommand); a refusal is shown in the host's
+// message bar and takes the command off the stack again.
 #include <QString>
 #include <QUndoCommand>
 #include <vector>
 
 #include "HOFeatureChange.h"
+#include "HOFeatureEditCommand.h"
 #include "HOFeatureLayer.h"
 
 namespace HXObjects {
 
 class HOMap;
 class HOTool;
-class HOFeatureEditCommand;
 
 class HOFeatureEditor {
 public:
-    // The changes as written (new ids filled in); empty with the reason shown when refused.
-    static std::vector<HOFeatureChange> Commit(HOMap* map, HOFeatureLayer* layer, std::vector<HOFeatureChange> changes,
-                                               const QString& text, HOTool* tool);
+    // Submits the edit; false, with the reason shown, when the layer is read-only or there is
+    // nothing to do. `settled` (optional) learns the outcome on the GUI thread once written.
+    static bool Commit(HOMap* map, HOFeatureLayer* layer, std::vector<HOFeatureChange> changes, const QString& text,
+                       HOTool* tool, HOFeatureEditCommand::Settled settled = nullptr);
     // The selected features of every editable feature layer of the map deleted, one command per
     // layer (one undo step for all); a read-only layer with a selection is named with its reason.
+    // The number of features submitted for deletion.
     static int DeleteSelected(HOMap* map, HOTool* tool);
     // A feature as it is now, for the `before` of a change; null when it is gone.
     static HORefPtr<HOFeature> Current(HOFeatureLayer* layer, int id);
@@ -34,9 +37,10 @@ public:
     static HOFeatureLayer* Editable(HOLayer* layer, HOTool* tool);
 
 private:
-    // The command, written (a child of `parent` when given); null with the reason reported.
-    static HOFeatureEditCommand* apply(HOFeatureLayer* layer, std::vector<HOFeatureChange> changes,
-                                       const QString& text, HOTool* tool, QUndoCommand* parent);
+    // The command for the map's stack (a child of `parent` when given); null with the reason
+    // reported when the layer is read-only or there is nothing to do.
+    static HOFeatureEditCommand* make(HOMap* map, HOFeatureLayer* layer, std::vector<HOFeatureChange> changes,
+                                      const QString& text, HOTool* tool, QUndoCommand* parent);
 };
 
 }  // namespace HXObjects

@@ -63,10 +63,10 @@ std::vector<HOString> HODataSource::GetLayerNames() const {
     return d->names;
 }
 
-HORefPtr<HOLayer> HODataSource::OpenLayer(const HOString& name, HOString* error) {
+HORefPtr<HOLayer> HODataSource::OpenLayer(const HOString& name, HOString* error, const Progress& progress) {
     HOString reason;
     const int index = indexOf(name, &reason);
-    HORefPtr<HOLayer> layer = index < 0 ? nullptr : openLayer(index, &reason);
+    HORefPtr<HOLayer> layer = index < 0 ? nullptr : openLayer(index, &reason, progress);
     if (!layer && error) error->Format("cannot open '%s': %s", d->path.c_str(), reason.c_str());
     return layer;
 }
@@ -78,26 +78,31 @@ int HODataSource::indexOf(const HOString& name, HOString* reason) const {
     return -1;
 }
 
-std::vector<HORefPtr<HOLayer>> HODataSource::OpenLayers(HOString* error) {
+std::vector<HORefPtr<HOLayer>> HODataSource::OpenLayers(HOString* error, const Progress& progress) {
     std::vector<HORefPtr<HOLayer>> layers;
     QStringList failures;
-    for (int i = 0; i < int(d->names.size()); ++i) {
+    const double count = double(d->names.size());
+    bool going = true;
+    for (int i = 0; going && i < int(d->names.size()); ++i) {
         HOString reason;
-        if (HORefPtr<HOLayer> layer = openLayer(i, &reason))
+        const Progress share = [&](double done) { return going = !progress || progress((i + done) / count); };
+        if (HORefPtr<HOLayer> layer = openLayer(i, &reason, progress ? share : Progress()))
             layers.push_back(layer);
-        else
+        else if (going)
             failures << QStringLiteral("cannot open layer '%1' of '%2': %3")
                             .arg(d->names[std::size_t(i)].toQString(), d->path.toQString(),
                                  reason.toQString());
+        if (going && progress) going = progress((i + 1) / count);
     }
+    if (!going) layers.clear();
     if (error) *error = HOString(failures.join('\n'));
     return layers;
 }
 
-HORefPtr<HOLayer> HODataSource::openLayer(int index, HOString* reason) {
+HORefPtr<HOLayer> HODataSource::openLayer(int index, HOString* reason, const Progress& progress) {
     HORefPtr<HOLayer> layer;
     if (d->vector) {
-        layer = HOFeatureLayerLoader::Load(d->vector, index, reason).get();
+        layer = HOFeatureLayerLoader::Load(d->vector, index, reason, progress).get();
     } else {
         // The first raster layer takes the dataset opened for listing; a second one opens its own.
         GDALDatasetUniquePtr dataset =

@@ -5,6 +5,7 @@
 // keep what they need of the source alive, so the source may be dropped once they are open. Open
 // and read on a worker thread (both read the file), one thread at a time per source; the layers
 // may then go anywhere.
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -23,11 +24,14 @@ public:
     HOString GetPath() const;
     // The layers' names in the source's order; a raster is one layer named after its file.
     std::vector<HOString> GetLayerNames() const;
-    // Reads one layer; null with "cannot open 'path': reason" on failure.
-    HORefPtr<HOLayer> OpenLayer(const HOString& name, HOString* error = nullptr);
+    // Told the share of a layer read now and then (0..1); answering false stops the read.
+    using Progress = std::function<bool(double done)>;
+    // Reads one layer; null with "cannot open 'path': reason" on failure or when stopped.
+    HORefPtr<HOLayer> OpenLayer(const HOString& name, HOString* error = nullptr, const Progress& progress = nullptr);
     // Reads every layer in the source's order. A layer that cannot be read is left out and its
-    // reason added to `error` (one line each).
-    std::vector<HORefPtr<HOLayer>> OpenLayers(HOString* error = nullptr);
+    // reason added to `error` (one line each). `progress` is told the share of all layers read;
+    // when it answers false the reading stops and none is returned.
+    std::vector<HORefPtr<HOLayer>> OpenLayers(HOString* error = nullptr, const Progress& progress = nullptr);
 
 protected:
     ~HODataSource() override;
@@ -38,7 +42,7 @@ private:
     static HORefPtr<HODataSource> open(const HOString& path, HOString* reason);
     // -1 with the reason when there is no such layer.
     int indexOf(const HOString& name, HOString* reason) const;
-    HORefPtr<HOLayer> openLayer(int index, HOString* reason);
+    HORefPtr<HOLayer> openLayer(int index, HOString* reason, const Progress& progress = nullptr);
 
     class Private;
     std::unique_ptr<Private> d;

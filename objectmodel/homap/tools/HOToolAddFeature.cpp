@@ -44,14 +44,18 @@ void HOToolAddFeature::AddPoint(const HOPoint& point) {
 void HOToolAddFeature::Create(HOMap* map, HORefPtr<HOGeometry> geometry) {
     HOFeatureLayer* layer = HOFeatureEditor::Editable(m_layer.get(), this);
     if (!layer || !HOFeatureEditor::ToLayer(map, layer, geometry.get())) return;
-    const std::vector<HOFeatureChange> written = HOFeatureEditor::Commit(
-        map, layer, {{nullptr, new HOFeature(-1, geometry, {})}},
-        QCoreApplication::translate("HXObjects::HOToolAddFeature", "Add feature"), this);
-    if (written.empty()) return;
-    HOFeatureAddedEvent event;
-    event.layer = layer;
-    event.featureId = written.front().after->GetID();
-    FeatureAddedSignal.fire(this, &event);
+    // The host hears of the feature once it is written, with the id the source gave it.
+    HORefPtr<HOToolAddFeature> self(this);
+    HORefPtr<HOFeatureLayer> target(layer);
+    HOFeatureEditor::Commit(map, layer, {{nullptr, new HOFeature(-1, geometry, {})}},
+                            QCoreApplication::translate("HXObjects::HOToolAddFeature", "Add feature"), this,
+                            [self, target](bool written, const std::vector<HOFeatureChange>& changes) {
+                                if (!written) return;
+                                HOFeatureAddedEvent event;
+                                event.layer = target;
+                                event.featureId = changes.front().after->GetID();
+                                self->FeatureAddedSignal.fire(self.get(), &event);
+                            });
 }
 
 }  // namespace HXObjects

@@ -210,17 +210,25 @@ void HOToolEditVertex::commit(std::vector<HOGeometry::Part> parts) {
         release();
         return;
     }
-    HOFeatureEditor::ToLayer(TargetMap(), layer.get(), changed.get());
-    // The shape only: the attributes are not touched, nor compared.
-    HOFeatureEditor::Commit(TargetMap(), layer.get(),
-                            {{new HOFeature(m_id, held, {}), new HOFeature(m_id, changed, {})}},
-                            QCoreApplication::translate("HXObjects::HOToolEditVertex", "Edit vertices"), this);
     {
+        // The edited shape stays on screen while it is written.
         std::lock_guard<std::mutex> lock(paintMutex());
+        m_parts = changed->Parts();
         m_hovered = Vertex();
     }
-    // Shows what the layer holds now: the change, or the feature as it was.
-    showFeature();
+    RefreshPaint();
+    HOFeatureEditor::ToLayer(TargetMap(), layer.get(), changed.get());
+    // The shape only: the attributes are not touched, nor compared. Once written or refused, shows
+    // what the layer holds: the change, or the feature as it was.
+    HORefPtr<HOToolEditVertex> self(this);
+    const int id = m_id;
+    if (!HOFeatureEditor::Commit(TargetMap(), layer.get(),
+                                 {{new HOFeature(id, held, {}), new HOFeature(id, changed, {})}},
+                                 QCoreApplication::translate("HXObjects::HOToolEditVertex", "Edit vertices"), this,
+                                 [self, layer, id](bool, const std::vector<HOFeatureChange>&) {
+                                     if (self->m_layer == layer && self->m_id == id) self->showFeature();
+                                 }))
+        showFeature();
 }
 
 void HOToolEditVertex::DrawToolPaint(QPainter& painter, const HODisplayTransform& transform) {

@@ -66,9 +66,12 @@ void HOToolMergeFeature::merge(HOFeatureLayer* layer) {
         const HORefPtr<HOFeature>& f = features[i];
         changes.push_back({f, i == kept ? new HOFeature(f->GetID(), merged, f->GetAttributes()) : nullptr});
     }
-    if (!HOFeatureEditor::Commit(TargetMap(), layer, std::move(changes),
-                                 Tr("Merge %1 features").arg(features.size()), this).empty())
-        layer->SetSelectedIds({features[kept]->GetID()});
+    HORefPtr<HOFeatureLayer> target(layer);
+    const int survivor = features[kept]->GetID();
+    HOFeatureEditor::Commit(TargetMap(), layer, std::move(changes), Tr("Merge %1 features").arg(features.size()),
+                            this, [target, survivor](bool written, const std::vector<HOFeatureChange>&) {
+                                if (written) target->SetSelectedIds({survivor});
+                            });
 }
 
 }  // namespace HXObjects

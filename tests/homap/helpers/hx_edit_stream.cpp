@@ -15,6 +15,7 @@
 
 #include "HODataSource.h"
 #include "HOFeatureEditCommand.h"
+#include "HOFeatureEditQueue.h"
 #include "HOFeatureLayer.h"
 
 using namespace HXObjects;
@@ -30,6 +31,11 @@ HORefPtr<HOFeature> Point(int id, double x, double y, int step, const char* note
     HORefPtr<HOGeometry> geometry = new HOGeometry(HOGeometry::GeoPoint);
     geometry->AddPart({HOPoint(x, y)});
     return new HOFeature(id, geometry, {{"step", HOString(std::to_string(step).c_str())}, {"note", note}});
+}
+
+// Runs the event loop until every queued write has reported back.
+void Settle() {
+    while (HOFeatureEditQueue::Pending() > 0) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 }  // namespace
@@ -68,6 +74,7 @@ int main(int argc, char** argv) {
             case 3:
                 if (stack.canUndo()) {
                     stack.undo();
+                    Settle();
                     if (stack.count() != 1 || stack.index() != 0) return 4;  // the undo was refused
                     stack.clear();
                     ids.erase(b);  // read back below
@@ -77,15 +84,19 @@ int main(int argc, char** argv) {
                 break;
         }
         if (!changes.empty()) {
-            HOFeatureEditCommand* command =
-                HOFeatureEditCommand::Write(layer.get(), changes, "step", nullptr, nullptr, &error);
-            if (!command) {
+            bool written = false;
+            auto* command = new HOFeatureEditCommand(layer.get(), changes, "step", [&](const HOString& why) { error = why; });
+            command->SetSettled([&](bool ok, const std::vector<HOFeatureChange>& done) {
+                written = ok;
+                for (const HOFeatureChange& change : done)
+                    if (change.after) ids[b] = change.after->GetID();
+            });
+            stack.push(command);
+            Settle();
+            if (!written) {
                 std::fprintf(stderr, "step %d: %s\n", step, error.c_str());
                 return 1;
             }
-            for (const HOFeatureChange& change : command->Changes())
-                if (change.after) ids[b] = change.after->GetID();
-            stack.push(command);
             if ((step - 1) % 4 != 2) stack.clear();
         }
         if (!ids.count(b) && (step - 1) % 4 == 3) {

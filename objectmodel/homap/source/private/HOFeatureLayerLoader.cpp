@@ -8,7 +8,8 @@
 namespace HXObjects {
 
 HORefPtr<HOFeatureLayer> HOFeatureLayerLoader::Load(const std::shared_ptr<HOSharedDataset>& source, int index,
-                                                    HOString* reason) {
+                                                    HOString* reason,
+                                                    const HOOgrGeometryReader::Progress& progress) {
     std::lock_guard<std::mutex> lock(source->mutex);
     CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
     OGRLayer* layer = source->dataset->GetLayer(index);
@@ -18,7 +19,10 @@ HORefPtr<HOFeatureLayer> HOFeatureLayerLoader::Load(const std::shared_ptr<HOShar
     }
     HOOgrGeometryReader reader;
     CPLErrorReset();
-    reader.Read(layer);
+    if (!reader.Read(layer, progress)) {
+        *reason = "cancelled";
+        return nullptr;
+    }
     if (reader.Topology().FeatureCount() == 0 && CPLGetLastErrorType() >= CE_Failure) {
         *reason = CPLGetLastErrorMsg();
         return nullptr;

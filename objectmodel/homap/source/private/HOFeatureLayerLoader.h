@@ -7,15 +7,17 @@
 
 #include "HOFeatureLayer.h"
 #include "source/private/HOFeatureTopology.h"
+#include "source/private/HOOgrGeometryReader.h"
 #include "source/private/HOSharedDataset.h"
 
 namespace HXObjects {
 
 class HOFeatureLayerLoader {
 public:
-    // The layer at `index`; null with the reason on failure. Takes the dataset's lock.
+    // The layer at `index`; null with the reason on failure or when `progress` stopped the read.
+    // Takes the dataset's lock.
     static HORefPtr<HOFeatureLayer> Load(const std::shared_ptr<HOSharedDataset>& source, int index,
-                                         HOString* reason);
+                                         HOString* reason, const HOOgrGeometryReader::Progress& progress = nullptr);
 
 private:
     static HOLayer::LayerType layerTypeOf(OGRwkbGeometryType type, HOFeatureKind dominant);

@@ -12,6 +12,7 @@
 #include "render/labels/private/HOLayerLabels.h"
 #include "render/private/HOFeatureCategories.h"
 #include "HOFeatureLayer.h"
+#include "source/private/HOAttributeSnapshot.h"
 #include "source/private/HOFeatureWriter.h"
 #include "source/private/HOProjectedStores.h"
 #include "source/private/HOSharedDataset.h"
@@ -50,6 +51,7 @@ public:
     std::mutex editMutex;
     std::map<int64_t, int64_t> renamed;
     std::vector<std::pair<HOString, HOString>> fields;  // name, type
+    HOAttributeSnapshot attributes;  // as read, for the edits' comparison
 };
 
 }  // namespace HXObjects

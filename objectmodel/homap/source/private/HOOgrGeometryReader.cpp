@@ -11,6 +11,9 @@ namespace HXObjects {
 
 namespace {
 
+// Features read between two reports of progress.
+constexpr std::size_t kProgressEvery = 4096;
+
 // Skips every attribute field while reading and restores them on leaving.
 class IgnoreAttributes {
 public:
@@ -49,7 +52,7 @@ bool finite(const HOVertex& v) {
 
 }  // namespace
 
-void HOOgrGeometryReader::Read(OGRLayer* layer) {
+bool HOOgrGeometryReader::Read(OGRLayer* layer, const Progress& progress) {
     IgnoreAttributes ignore(layer);
     layer->SetSpatialFilter(nullptr);
     layer->SetAttributeFilter(nullptr);
@@ -63,8 +66,11 @@ void HOOgrGeometryReader::Read(OGRLayer* layer) {
     while (OGRFeatureUniquePtr feature{layer->GetNextFeature()}) {
         AppendFeature(feature->GetGeometryRef(), feature->GetFID());
         if (++count == 1024 && expected > 0) reserveFor(std::size_t(expected), count);
+        if (progress && count % kProgressEvery == 0 && !progress(expected > 0 ? std::min(1.0, double(count) / double(expected)) : 0.0))
+            return false;
     }
     Finish();
+    return true;
 }
 
 void HOOgrGeometryReader::AppendFeature(const OGRGeometry* geometry, int64_t id) {

@@ -3,6 +3,8 @@
 // vector geometry happen here. The whole layer is read without a spatial filter (a filter makes some
 // drivers slower and can drop features on its edge), attribute fields are skipped, coordinates are
 // copied in bulk per ring or path, and vertices that are not finite numbers are dropped.
+#include <functional>
+
 #include "source/private/HOFeatureTopology.h"
 
 class OGRLayer;
@@ -15,7 +17,10 @@ class HOFeatureStore;
 
 class HOOgrGeometryReader {
 public:
-    void Read(OGRLayer* layer);
+    // Told the share read now and then (0..1); when it answers false the read stops, incomplete,
+    // and Read is false.
+    using Progress = std::function<bool(double done)>;
+    bool Read(OGRLayer* layer, const Progress& progress = nullptr);
     // For building a store feature by feature: one feature of OGR geometry (null for none), or a
     // copy of one feature of a store; Finish() once the last is in.
     void AppendFeature(const OGRGeometry* geometry, int64_t id);

@@ -1,0 +1,14 @@
+#pragma once
+// HOLayerOpeningEvent: what an HOLayerOpening's signals carry — the share read so far and, at the
+// end, whether the opening was cancelled. The sender is the opening.
+#include "HOEvent.h"
+
+namespace HXObjects {
+
+class HOLayerOpeningEvent : public HOEvent {
+public:
+    double progress = 0;  // 0..1
+    bool cancelled = false;
+};
+
+}  // namespace HXObjects
