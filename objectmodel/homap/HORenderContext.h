@@ -21,6 +21,9 @@ struct HORenderContext {
     const HOCoordinateSystem* mapSystem = nullptr;  // null: layers draw in their own coordinates
     const HOTrackCancel* cancel = nullptr;
     double dpi = 96.0;
+    // Device pixels per logical pixel of the painter's device. The painter already draws in logical
+    // pixels; a layer that reads or rasterises pixels itself uses this to work at the device's.
+    double devicePixelRatio = 1.0;
 
     bool IsCancelled() const { return cancel && cancel->IsCancelled(); }
     // Draws `size` pixels under the transform: sets both and the visible extent they make.
