@@ -55,9 +55,12 @@ private slots:
         QTest::addColumn<bool>("installed");
         QTest::addColumn<QString>("scale");
         QTest::addColumn<QString>("menuEntry");
-        QTest::newRow("Simplified Chinese") << "zh_CN" << true << "比例尺" << "设置地图标尺与格网";
-        QTest::newRow("English base") << "en_GB" << true << "Scale" << "Set map ruler and grid";
-        QTest::newRow("no translation: English") << "de_DE" << false << "Scale" << "Set map ruler and grid";
+        QTest::newRow("Simplified Chinese") << "zh_CN" << true << "比例尺"
+                                            << "设置地图标尺与格网";
+        QTest::newRow("English base") << "en_GB" << true << "Scale"
+                                      << "Set map ruler and grid";
+        QTest::newRow("no translation: English") << "de_DE" << false << "Scale"
+                                                 << "Set map ruler and grid";
     }
     void install() {
         QFETCH(QString, locale);
