@@ -102,6 +102,11 @@ void HXMapWidget::scheduleRepaint() {
 }
 
 void HXMapWidget::paintEvent(QPaintEvent*) {
+    // On a screen of another pixel ratio now: the view renders again at that ratio (no resize tells).
+    if (devicePixelRatioF() != mRedrawRatio.load()) {
+        QResizeEvent again(size(), size());
+        resizeEvent(&again);
+    }
     const QImage& watermark = WatermarkImage(devicePixelRatioF());
     const QSize watermarkSize = watermark.size() / watermark.devicePixelRatio();
     // Read before taking the image lock: the two locks are never held together.

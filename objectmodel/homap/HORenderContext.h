@@ -26,6 +26,14 @@ struct HORenderContext {
     double devicePixelRatio = 1.0;
 
     bool IsCancelled() const { return cancel && cancel->IsCancelled(); }
+    // `transform` in device pixels, for a layer that makes its own pixels at the device's resolution.
+    HODisplayTransform DeviceTransform() const {
+        HODisplayTransform device = transform;
+        device.deviceLeft *= devicePixelRatio;
+        device.deviceTop *= devicePixelRatio;
+        device.unitsPerPixel /= devicePixelRatio;
+        return device;
+    }
     // Draws `size` pixels under the transform: sets both and the visible extent they make.
     void SetArea(const HODisplayTransform& pixels, const HOSize& area) {
         transform = pixels;
