@@ -120,7 +120,8 @@ void HXMapWidget::paintEvent(QPaintEvent*) {
         painter.drawImage(0, 0, mImage);
     }
     if (mWaterMask)
-        painter.drawImage(width() - watermarkSize.width() - 2, height() - watermarkSize.height() - 2, watermark);
+        painter.drawImage(width() - watermarkSize.width() - 2, height() - watermarkSize.height() - 2,
+                          watermark);
     if (hasNotices) painter.drawImage(0, 0, mOverlayImage);
     painter.end();
 }

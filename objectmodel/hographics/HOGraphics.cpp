@@ -11,7 +11,8 @@ HOGraphics::~HOGraphics() { End(); }
 
 void HOGraphics::SetSize(int width, int height) {
     const QSize pixels(qCeil(width * m_devicePixelRatio), qCeil(height * m_devicePixelRatio));
-    if (!m_image.isNull() && m_image.size() == pixels && m_image.devicePixelRatio() == m_devicePixelRatio) return;
+    if (!m_image.isNull() && m_image.size() == pixels && m_image.devicePixelRatio() == m_devicePixelRatio)
+        return;
     End();
     if (width <= 0 || height <= 0) {
         m_image = QImage();
@@ -22,7 +23,9 @@ void HOGraphics::SetSize(int width, int height) {
     m_image.fill(Qt::transparent);
 }
 
-void HOGraphics::SetDevicePixelRatio(double ratio) { m_devicePixelRatio = ratio > 0 ? ratio : 1.0; }
+void HOGraphics::SetDevicePixelRatio(double ratio) {
+    m_devicePixelRatio = ratio > 0 ? ratio : 1.0;
+}
 
 unsigned char* HOGraphics::Bits() { return m_image.isNull() ? nullptr : m_image.bits(); }
 
