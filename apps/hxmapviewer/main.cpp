@@ -65,6 +65,9 @@ int main(int argc, char** argv) {
     if (isHeadless(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
+    // Sharp on HiDPI screens: widgets sized in logical pixels, pixmaps and the map at device resolution.
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication app(argc, argv);
     QApplication::setApplicationName("hxmapviewer");
     QApplication::setOrganizationName("HXMapControls");

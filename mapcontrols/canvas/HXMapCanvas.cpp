@@ -19,6 +19,7 @@
 #include "HXStatusBarCoordinatesWidget.h"
 #include "HXStatusBarInputGuard.h"
 #include "HXStatusBarScaleWidget.h"
+#include "HXTranslations.h"
 #include "private/HXViewBindings.h"
 
 using namespace HXObjects;
@@ -40,6 +41,8 @@ HXMapCanvas::HXMapCanvas(ViewMode mode, QWidget* parent)
       mViewMode(mode),
       mPanState(new HXPanState()),
       mBindings(std::make_unique<HXViewBindings>()) {
+    // Before the first translated text of the canvas is built.
+    HXTranslations::installOnce();
     setFocusPolicy(Qt::WheelFocus);
 
     mMapWidget = new HXMapWidget(this);

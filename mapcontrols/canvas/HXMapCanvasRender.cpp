@@ -3,6 +3,7 @@
 #include <QToolButton>
 
 #include "HXMapCanvas.h"
+#include "HXMapWidget.h"
 #include "HXTooltip.h"
 
 using namespace HXObjects;
@@ -36,6 +37,7 @@ void HXMapCanvas::onResize(QResizeEvent* e) {
     mMapSettings.setOutputSize(size);
     if (size.width() == 0 || size.height() == 0) return;
     if (mViewMode == MapViewMode && GetMapView()) {
+        GetMapView()->SetDevicePixelRatio(mMapWidget->devicePixelRatioF());
         GetMapView()->SetSize(size.width(), size.height());
         GetMapView()->ResizeRefresh(200);
     } else if (mViewMode == PageLayoutMode && mPageLayoutView) {

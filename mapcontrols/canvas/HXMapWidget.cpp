@@ -23,10 +23,16 @@ const int kLicenceIntervalMs = 10000;
 // A notice crosses the widget in fifteen ticks.
 const int kNoticeStepsPerWidth = 15;
 
-const QImage& WatermarkImage() {
-    // The resource never changes, so it is decoded once rather than on every paint.
+// The resources never change, so each is decoded once rather than on every paint. Above a device
+// pixel ratio of 1 the double-resolution picture is taken; its size in logical pixels is the same.
+const QImage& WatermarkImage(qreal ratio) {
     static const QImage watermark(":/res/WATERMARK.png");
-    return watermark;
+    static const QImage sharp = [] {
+        QImage image(":/res/WATERMARK@2x.png");
+        image.setDevicePixelRatio(2);
+        return image;
+    }();
+    return ratio > 1 && !sharp.isNull() ? sharp : watermark;
 }
 
 }  // namespace
@@ -55,11 +61,12 @@ HXMapWidget::~HXMapWidget() {
 void HXMapWidget::onViewRedraw(void* sender, HOEvent*) {
     if (!sender) return;
     const QSize size = redrawSize();
-    const int w = size.width();
-    const int h = size.height();
+    const double ratio = mRedrawRatio.load();
     const HORefPtr<HOGraphics> surface = HOGraphicsEngineManager::instance(HOString())->NewGraphics();
     if (!surface) return;
-    surface->SetSize(w, h);
+    // Drawn at the screen's resolution, painted at the widget's logical size: sharp on HiDPI screens.
+    surface->SetDevicePixelRatio(ratio);
+    surface->SetSize(size.width(), size.height());
     surface->Begin();
     // Views fire their signals with themselves as the sender.
     drawView(static_cast<HOView*>(sender), surface);
@@ -69,6 +76,7 @@ void HXMapWidget::onViewRedraw(void* sender, HOEvent*) {
     {
         QMutexLocker lock(&mImageMutex);
         mImage = pixels.copy();
+        mImage.setDevicePixelRatio(ratio);
     }
     scheduleRepaint();
 }
@@ -94,19 +102,26 @@ void HXMapWidget::scheduleRepaint() {
 }
 
 void HXMapWidget::paintEvent(QPaintEvent*) {
-    const QImage& watermark = WatermarkImage();
+    // On a screen of another pixel ratio now: the view renders again at that ratio (no resize tells).
+    if (devicePixelRatioF() != mRedrawRatio.load()) {
+        QResizeEvent again(size(), size());
+        resizeEvent(&again);
+    }
+    const QImage& watermark = WatermarkImage(devicePixelRatioF());
+    const QSize watermarkSize = watermark.size() / watermark.devicePixelRatio();
     // Read before taking the image lock: the two locks are never held together.
     const bool hasNotices = noticeCount() > 0;
     QMutexLocker lock(&mImageMutex);
     QPainter painter(this);
     if (!mLicensed) {
         const QRect r = rect();
-        painter.drawText(QPoint((r.left() + r.right()) / 2, (r.top() + r.bottom()) / 2), "No license");
+        painter.drawText(QPoint((r.left() + r.right()) / 2, (r.top() + r.bottom()) / 2), tr("No license"));
     } else {
         painter.drawImage(0, 0, mImage);
     }
     if (mWaterMask)
-        painter.drawImage(width() - watermark.width() - 2, height() - watermark.height() - 2, watermark);
+        painter.drawImage(width() - watermarkSize.width() - 2, height() - watermarkSize.height() - 2,
+                          watermark);
     if (hasNotices) painter.drawImage(0, 0, mOverlayImage);
     painter.end();
 }
@@ -117,12 +132,14 @@ QSize HXMapWidget::redrawSize() {
     if (QThread::currentThread() != thread()) return QSize(mRedrawWidth.load(), mRedrawHeight.load());
     mRedrawWidth.store(width());
     mRedrawHeight.store(height());
+    mRedrawRatio.store(devicePixelRatioF());
     return size();
 }
 
 void HXMapWidget::resizeEvent(QResizeEvent* e) {
     mRedrawWidth.store(e->size().width());
     mRedrawHeight.store(e->size().height());
+    mRedrawRatio.store(devicePixelRatioF());
     emit sizeChanged(e);
 }
 

@@ -65,4 +65,5 @@ private:
     // The widget's size as the GUI thread last saw it, for redraws on a render thread.
     std::atomic<int> mRedrawWidth{0};
     std::atomic<int> mRedrawHeight{0};
+    std::atomic<double> mRedrawRatio{1.0};
 };

@@ -1,6 +1,7 @@
 #include "HOGraphics.h"
 
 #include <QPainter>
+#include <QtMath>
 
 namespace HXObjects {
 
@@ -9,14 +10,21 @@ HOGraphics::HOGraphics() = default;
 HOGraphics::~HOGraphics() { End(); }
 
 void HOGraphics::SetSize(int width, int height) {
-    if (width == m_image.width() && height == m_image.height() && !m_image.isNull()) return;
+    const QSize pixels(qCeil(width * m_devicePixelRatio), qCeil(height * m_devicePixelRatio));
+    if (!m_image.isNull() && m_image.size() == pixels && m_image.devicePixelRatio() == m_devicePixelRatio)
+        return;
     End();
     if (width <= 0 || height <= 0) {
         m_image = QImage();
         return;
     }
-    m_image = QImage(width, height, QImage::Format_ARGB32_Premultiplied);
+    m_image = QImage(pixels, QImage::Format_ARGB32_Premultiplied);
+    m_image.setDevicePixelRatio(m_devicePixelRatio);
     m_image.fill(Qt::transparent);
+}
+
+void HOGraphics::SetDevicePixelRatio(double ratio) {
+    m_devicePixelRatio = ratio > 0 ? ratio : 1.0;
 }
 
 unsigned char* HOGraphics::Bits() { return m_image.isNull() ? nullptr : m_image.bits(); }

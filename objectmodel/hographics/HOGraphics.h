@@ -16,8 +16,13 @@ class HOGraphics : public HORefBase {
 public:
     HOGraphics();
 
+    // The size in logical pixels; the pixel buffer holds the device pixel ratio times as many.
     virtual void SetSize(int width, int height);
+    // Device pixels per logical pixel (1 unless set): painters opened on the surface draw in logical
+    // pixels at the device's resolution. Takes effect with the next SetSize.
+    void SetDevicePixelRatio(double ratio);
     // Rows of 32-bit premultiplied ARGB, Width() * 4 bytes each; null before the first SetSize.
+    // Width() and Height() count the buffer's pixels, that is device pixels.
     virtual unsigned char* Bits();
     virtual int Width() const;
     virtual int Height() const;
@@ -36,6 +41,7 @@ protected:
 
 private:
     QImage m_image;
+    double m_devicePixelRatio = 1.0;
     std::unique_ptr<QPainter> m_painter;
 };
 

@@ -54,6 +54,7 @@ public:
 
     // Guarded by the view's lock, so that a render thread's snapshot is consistent with the viewport.
     QPoint panOffset;
+    double devicePixelRatio = 1.0;
     HORefPtr<HOMap> map;
     HOMapRulerAndGrid grid;       // edited by the host through GetRulerAndGridSetting (GUI thread)
     HOMapRulerAndGrid gridShown;  // the copy Draw reads, taken by RequestRedraw
@@ -84,6 +85,7 @@ void HOMapView::Private::requestRender(bool all, std::set<int> layers, int delay
         request.transform = viewport.Transform();
         request.size = viewport.Size();
         request.dpi = q->LockedDpi();
+        request.devicePixelRatio = devicePixelRatio;
     }
     request.redrawAll = all;
     request.redrawLayers = std::move(layers);
@@ -229,6 +231,11 @@ void HOMapView::ResumeRender() {
 void HOMapView::SetCurrentTool(HOTool* tool) {
     HOViewportView::SetCurrentTool(tool);
     FireRedraw();
+}
+
+void HOMapView::SetDevicePixelRatio(double ratio) {
+    std::lock_guard<std::mutex> lock(Mutex());
+    d->devicePixelRatio = ratio > 0 ? ratio : 1.0;
 }
 
 void HOMapView::ResizeRefresh(int delayMs) {

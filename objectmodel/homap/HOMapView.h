@@ -70,6 +70,11 @@ public:
     // Asks for a new picture after display settings changed (grid, styles).
     virtual void RequestRedraw(bool all);
 
+    // Device pixels per logical pixel of the screen showing the view (2 on a typical HiDPI screen):
+    // the next render makes its pictures at that resolution. Positions, extents and the scale stay in
+    // logical pixels.
+    void SetDevicePixelRatio(double ratio);
+
     // Fits the map's full extent into the view, a few pixels in from its edges.
     void ZoomToFullExtent();
     bool IsRendering() const;

@@ -57,8 +57,11 @@ void HORasterLayer::Render(const HORenderContext& context) {
         !d->Stretch(handle->Dataset(), context.cancel, &stretch))
         return;
     HORasterReader reader(view, d->info, stretch, context.cancel);
+    // Read at the device's resolution: on a HiDPI picture a raster read per logical pixel looks blurred.
     QRectF target;
-    const QImage image = reader.Read(context.extent, context.transform, &target);
+    const QImage image = reader.Read(context.extent, context.DeviceTransform(), &target);
+    const double ratio = context.devicePixelRatio;
+    target = QRectF(target.topLeft() / ratio, target.size() / ratio);
     if (reader.NeedsOverviews()) d->overviews.Start();
     if (image.isNull() || context.IsCancelled()) return;
     context.painter->save();

@@ -21,8 +21,19 @@ struct HORenderContext {
     const HOCoordinateSystem* mapSystem = nullptr;  // null: layers draw in their own coordinates
     const HOTrackCancel* cancel = nullptr;
     double dpi = 96.0;
+    // Device pixels per logical pixel of the painter's device. The painter already draws in logical
+    // pixels; a layer that reads or rasterises pixels itself uses this to work at the device's.
+    double devicePixelRatio = 1.0;
 
     bool IsCancelled() const { return cancel && cancel->IsCancelled(); }
+    // `transform` in device pixels, for a layer that makes its own pixels at the device's resolution.
+    HODisplayTransform DeviceTransform() const {
+        HODisplayTransform device = transform;
+        device.deviceLeft *= devicePixelRatio;
+        device.deviceTop *= devicePixelRatio;
+        device.unitsPerPixel /= devicePixelRatio;
+        return device;
+    }
     // Draws `size` pixels under the transform: sets both and the visible extent they make.
     void SetArea(const HODisplayTransform& pixels, const HOSize& area) {
         transform = pixels;

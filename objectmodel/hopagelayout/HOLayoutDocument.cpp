@@ -23,9 +23,10 @@ namespace {
 
 const char* const kFormat = "hxlayout";
 
-QString tr(const char* text) {
-    return QCoreApplication::translate("HOLayoutDocument", text);
-}
+// The texts of this file, translated in the context HXObjects::HOLayoutDocument.
+struct Text {
+    Q_DECLARE_TR_FUNCTIONS(HXObjects::HOLayoutDocument)
+};
 
 const std::map<HOMapElementType, QString>& typeNames() {
     static const std::map<HOMapElementType, QString> names{
@@ -96,7 +97,7 @@ HORefPtr<HOPageLayoutBaseElement> elementFromJson(const QJsonObject& json, const
     const QJsonArray b = json["bounds"].toArray();
     const QString type = json["type"].toString();
     if (b.size() != 4 || !(b[1].toDouble() > b[0].toDouble()) || !(b[3].toDouble() > b[2].toDouble())) {
-        *error = tr("an element of type '%1' has no valid bounds").arg(type);
+        *error = Text::tr("an element of type '%1' has no valid bounds").arg(type);
         return {};
     }
     HORefPtr<HOPageLayoutBaseElement> element;
@@ -106,19 +107,19 @@ HORefPtr<HOPageLayoutBaseElement> elementFromJson(const QJsonObject& json, const
         QStringList missing;
         frame->set_map_view(HOMapDocument::Read(json["map"].toObject(), folder, &extent, &missing));
         frame->set_map_extent(extent);
-        if (!missing.isEmpty()) frame->set_note(tr("Missing data:\n%1").arg(missing.join('\n')));
+        if (!missing.isEmpty()) frame->set_note(Text::tr("Missing data:\n%1").arg(missing.join('\n')));
         contents->missing += missing;
         element = frame.get();
     } else {
         element = newElement(type);
     }
     if (!element) {
-        *error = tr("unknown element type '%1'").arg(type);
+        *error = Text::tr("unknown element type '%1'").arg(type);
         return {};
     }
     if (auto* picture = dynamic_cast<HOPictureElement*>(element.get())) {
         const QString path = QDir::cleanPath(folder.absoluteFilePath(json["path"].toString()));
-        if (!picture->set_path(path)) contents->missing << tr("cannot read the image '%1'").arg(path);
+        if (!picture->set_path(path)) contents->missing << Text::tr("cannot read the image '%1'").arg(path);
     }
     element->set_bounds({b[0].toDouble(), b[1].toDouble(), b[2].toDouble(), b[3].toDouble()});
     element->set_properties(json["properties"].toObject());
@@ -136,18 +137,19 @@ bool parse(const QByteArray& bytes, QJsonObject* root, QString* error) {
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &parseError);
     if (parseError.error != QJsonParseError::NoError) {
-        *error =
-            tr("not a layout document (%1 at byte %2)").arg(parseError.errorString()).arg(parseError.offset);
+        *error = Text::tr("not a layout document (%1 at byte %2)")
+                     .arg(parseError.errorString())
+                     .arg(parseError.offset);
         return false;
     }
     *root = document.object();
     if (root->value("format").toString() != kFormat) {
-        *error = tr("not a layout document");
+        *error = Text::tr("not a layout document");
         return false;
     }
     const int version = root->value("version").toInt(0);
     if (version < 1 || version > HOLayoutDocument::kVersion) {
-        *error = tr("layout document version %1 is not supported (this program reads version %2)")
+        *error = Text::tr("layout document version %1 is not supported (this program reads version %2)")
                      .arg(root->value("version").toVariant().toString())
                      .arg(HOLayoutDocument::kVersion);
         return false;
@@ -195,11 +197,11 @@ bool HOLayoutDocument::Load(HOFileFunc& file, Contents* contents) {
     QJsonObject root;
     QString error;
     if (!parse(bytes, &root, &error) || !pageFromJson(root["page"].toObject(), &contents->setup, &error)) {
-        file.SetError(tr("cannot open '%1': %2").arg(file.Path(), error));
+        file.SetError(Text::tr("cannot open '%1': %2").arg(file.Path(), error));
         return false;
     }
     if (!ElementsFromJson(root["elements"].toArray(), file.Folder(), contents, &error)) {
-        file.SetError(tr("cannot open '%1': %2").arg(file.Path(), error));
+        file.SetError(Text::tr("cannot open '%1': %2").arg(file.Path(), error));
         return false;
     }
     contents->operating = frameAt(*contents, root["operatingFrame"]);

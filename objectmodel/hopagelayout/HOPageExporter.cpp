@@ -21,9 +21,10 @@ namespace {
 
 constexpr double kMmPerInch = 25.4;
 
-QString tr(const char* text) {
-    return QCoreApplication::translate("HOPageExporter", text);
-}
+// The texts of this file, translated in the context HXObjects::HOPageExporter.
+struct Text {
+    Q_DECLARE_TR_FUNCTIONS(HXObjects::HOPageExporter)
+};
 
 QPageLayout pageLayoutOf(const HOPageSetup& setup) {
     const QSizeF portrait(std::min(setup.Width(), setup.Height()), std::max(setup.Width(), setup.Height()));
@@ -37,7 +38,7 @@ bool paintOn(HOPageLayoutView& layout, QPagedPaintDevice& device, double dpi, co
     device.setPageLayout(pageLayoutOf(layout.GetPageSetup()));
     QPainter painter;
     if (!painter.begin(&device)) {
-        if (error) *error = tr("cannot write '%1'").arg(path);
+        if (error) *error = Text::tr("cannot write '%1'").arg(path);
         return false;
     }
     layout.Print(painter, dpi);
@@ -72,7 +73,8 @@ bool writeTiff(const QImage& page, const QString& path, int dpi, QString* error)
         GDALClose(dataset);
         ok = ok && CPLGetLastErrorType() < CE_Failure;
     }
-    if (!ok && error) *error = tr("cannot write '%1': %2").arg(path, QString::fromUtf8(CPLGetLastErrorMsg()));
+    if (!ok && error)
+        *error = Text::tr("cannot write '%1': %2").arg(path, QString::fromUtf8(CPLGetLastErrorMsg()));
     return ok;
 }
 
@@ -80,7 +82,7 @@ bool writeImage(const QImage& image, const QString& path, int dpi, QString* erro
     if (isTiff(path)) return writeTiff(image, path, dpi, error);
     QImageWriter writer(path);
     if (writer.write(image)) return true;
-    if (error) *error = tr("cannot write '%1': %2").arg(path, writer.errorString());
+    if (error) *error = Text::tr("cannot write '%1': %2").arg(path, writer.errorString());
     return false;
 }
 
@@ -88,7 +90,7 @@ bool writeImage(const QImage& image, const QString& path, int dpi, QString* erro
 
 bool HOPageExporter::CheckDpi(int dpi, QString* error) {
     if (dpi >= 1 && dpi <= kMaxDpi) return true;
-    if (error) *error = tr("a resolution of %1 dpi is outside 1 to %2 dpi").arg(dpi).arg(kMaxDpi);
+    if (error) *error = Text::tr("a resolution of %1 dpi is outside 1 to %2 dpi").arg(dpi).arg(kMaxDpi);
     return false;
 }
 
@@ -114,13 +116,14 @@ bool HOPageExporter::ExportImage(HOPageLayoutView& layout, const QString& path, 
               height = qRound(setup.Height() / kMmPerInch * dpi);
     if (double(width) * height > kMaxImagePixels) {
         if (error)
-            *error =
-                tr("a %1 x %2 pixel image is too large; choose a lower resolution").arg(width).arg(height);
+            *error = Text::tr("a %1 x %2 pixel image is too large; choose a lower resolution")
+                         .arg(width)
+                         .arg(height);
         return false;
     }
     QImage image(width, height, QImage::Format_ARGB32_Premultiplied);
     if (image.isNull()) {
-        if (error) *error = tr("not enough memory for a %1 x %2 pixel image").arg(width).arg(height);
+        if (error) *error = Text::tr("not enough memory for a %1 x %2 pixel image").arg(width).arg(height);
         return false;
     }
     image.fill(Qt::white);

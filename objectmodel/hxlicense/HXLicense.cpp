@@ -50,7 +50,9 @@ namespace HXLicense {
 HXLicenseStatus initialize(const QString& path, QString* error) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        if (error) *error = QString("cannot read '%1': %2").arg(path, file.errorString());
+        if (error)
+            *error = QCoreApplication::translate("HXLicense", "cannot read '%1': %2")
+                         .arg(path, file.errorString());
         return store(HXLicenseStatus::Absent, HXLicenseInfo());
     }
     return initializeFromText(file.readAll(), error);
@@ -61,11 +63,14 @@ HXLicenseStatus initializeFromText(const QByteArray& text, QString* error) {
     HXLicenseStatus loaded = HXLicenseFile::read(text, trustedKey(), &read, error);
     if (loaded == HXLicenseStatus::Valid && !read.machine.isEmpty() && read.machine != machineId()) {
         loaded = HXLicenseStatus::WrongMachine;
-        if (error) *error = QString("the licence is bound to machine %1").arg(read.machine);
+        if (error)
+            *error = QCoreApplication::translate("HXLicense", "the licence is bound to machine %1")
+                         .arg(read.machine);
     }
     const HXLicenseStatus verdict = judge(store(loaded, read), read);
     if (verdict == HXLicenseStatus::Expired && error)
-        *error = QString("the licence expired on %1").arg(read.expires.toString(Qt::ISODate));
+        *error = QCoreApplication::translate("HXLicense", "the licence expired on %1")
+                     .arg(read.expires.toString(Qt::ISODate));
     return verdict;
 }
 

@@ -1,5 +1,6 @@
 #include "HXLicenseInfo.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 
 namespace {
@@ -29,13 +30,13 @@ HXLicenseInfo HXLicenseInfo::fromJson(const QJsonObject& json, QString* error) {
     info.machine = json.value("machine").toString();
     QString problem;
     if (licensee.isEmpty())
-        problem = "no licensee";
+        problem = QCoreApplication::translate("HXLicense", "no licensee");
     else if (!info.issued.isValid())
-        problem = "no valid issue date";
+        problem = QCoreApplication::translate("HXLicense", "no valid issue date");
     else if (!info.expires.isValid())
-        problem = "no valid expiry date";
+        problem = QCoreApplication::translate("HXLicense", "no valid expiry date");
     else if (!features.isArray())
-        problem = "no feature list";
+        problem = QCoreApplication::translate("HXLicense", "no feature list");
     if (!problem.isEmpty()) {
         if (error) *error = problem;
         return HXLicenseInfo();

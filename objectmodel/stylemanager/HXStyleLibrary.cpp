@@ -57,7 +57,7 @@ std::vector<HXStyleLibrary::Symbol> HXStyleLibrary::symbols(HOStyle::StyleType t
 bool HXStyleLibrary::addSymbols(const QString& path, QString* error) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        if (error) *error = QObject::tr("cannot open '%1': %2").arg(path, file.errorString());
+        if (error) *error = HXStyleLibrary::tr("cannot open '%1': %2").arg(path, file.errorString());
         return false;
     }
     QJsonParseError parse;
@@ -66,8 +66,8 @@ bool HXStyleLibrary::addSymbols(const QString& path, QString* error) {
     if (parse.error != QJsonParseError::NoError || !list.isArray()) {
         if (error)
             *error = parse.error != QJsonParseError::NoError
-                         ? QObject::tr("cannot read '%1': %2").arg(path, parse.errorString())
-                         : QObject::tr("cannot read '%1': no list of symbols").arg(path);
+                         ? HXStyleLibrary::tr("cannot read '%1': %2").arg(path, parse.errorString())
+                         : HXStyleLibrary::tr("cannot read '%1': no list of symbols").arg(path);
         return false;
     }
     for (const QJsonValue& entry : list.toArray()) {

@@ -10,6 +10,7 @@
 //   fill:   "color", "pattern" (solid, none, horizontal, vertical, cross, fdiagonal, bdiagonal,
 //           diagonalcross), "outline", "outlineWidth"
 // and "opacity" (0 to 1) for every kind. Colours are "#rrggbb". Missing values keep the defaults.
+#include <QCoreApplication>
 #include <QJsonObject>
 #include <QString>
 #include <vector>
@@ -18,6 +19,8 @@
 #include "HOStyle.h"
 
 class HXStyleLibrary {
+    Q_DECLARE_TR_FUNCTIONS(HXStyleLibrary)
+
 public:
     struct Symbol {
         QString name;

@@ -26,9 +26,10 @@ double Size(const OGRGeometry* geometry) {
     }
 }
 
-QString Tr(const char* text) {
-    return QCoreApplication::translate("HXObjects::HOFeatureMerge", text);
-}
+// The texts of this file, translated in the context HXObjects::HOFeatureMerge.
+struct Text {
+    Q_DECLARE_TR_FUNCTIONS(HXObjects::HOFeatureMerge)
+};
 
 }  // namespace
 
@@ -41,7 +42,7 @@ HORefPtr<HOGeometry> HOFeatureMerge::Union(const std::vector<HORefPtr<HOFeature>
         if (!geometry) continue;
         const OGRwkbGeometryType k = OGR_GT_GetCollection(wkbFlatten(geometry->getGeometryType()));
         if (kind != wkbUnknown && k != kind) {
-            *error = Tr("Features of different geometry types cannot be merged");
+            *error = Text::tr("Features of different geometry types cannot be merged");
             return nullptr;
         }
         kind = k;
@@ -50,7 +51,7 @@ HORefPtr<HOGeometry> HOFeatureMerge::Union(const std::vector<HORefPtr<HOFeature>
     }
     HORefPtr<HOGeometry> result = merged ? HOOgrGeometry::FromOgr(*merged) : nullptr;
     if (!result || !merged->IsValid()) {
-        *error = Tr("The merged geometry is not valid; nothing was merged");
+        *error = Text::tr("The merged geometry is not valid; nothing was merged");
         return nullptr;
     }
     return result;

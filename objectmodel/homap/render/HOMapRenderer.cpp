@@ -167,7 +167,7 @@ bool HOMapRenderer::render(HORenderRequest& request) {
         if (!layer->IsVisible() || layer->GetLayerType() == HOLayer::GraphicsLayer) continue;
         const auto cached = m_layerPictures.find(layer->GetLayerId());
         const bool current = cached != m_layerPictures.end() && cached->second.IsAt(request.transform) &&
-                             cached->second.image.size() == QSize(request.size.width, request.size.height);
+                             cached->second.image.size() == request.PictureSize();
         if (current && !request.MustRedraw(layer->GetLayerId())) continue;
         if (!renderLayer(*layer, request, system.get())) return false;
         // Drawn: a carried-over request need not draw it again.
@@ -193,7 +193,7 @@ bool HOMapRenderer::render(HORenderRequest& request) {
 
 bool HOMapRenderer::renderLayer(HOLayer& layer, const HORenderRequest& request,
                                 const HOCoordinateSystem* system) {
-    QImage image(request.size.width, request.size.height, QImage::Format_ARGB32_Premultiplied);
+    QImage image = request.Picture();
     if (image.isNull()) return false;
     image.fill(Qt::transparent);
     {
@@ -210,8 +210,7 @@ bool HOMapRenderer::renderLayer(HOLayer& layer, const HORenderRequest& request,
 }
 
 void HOMapRenderer::publish(const std::vector<HORefPtr<HOLayer>>& layers, const HORenderRequest& request) {
-    HOViewFrame frame{QImage(request.size.width, request.size.height, QImage::Format_ARGB32_Premultiplied),
-                      request.transform};
+    HOViewFrame frame{request.Picture(), request.transform};
     if (frame.image.isNull()) return;
     frame.image.fill(request.map->GetBackgroundColor().toQColor());
     {

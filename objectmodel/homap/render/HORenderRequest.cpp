@@ -1,5 +1,7 @@
 #include "HORenderRequest.h"
 
+#include <QtMath>
+
 namespace HXObjects {
 
 void HORenderRequest::Absorb(const HORenderRequest& older) {
@@ -14,7 +16,18 @@ HORenderContext HORenderRequest::Context(const HOCoordinateSystem* system, const
     context.mapSystem = system;
     context.cancel = cancel;
     context.dpi = dpi;
+    context.devicePixelRatio = devicePixelRatio;
     return context;
+}
+
+QSize HORenderRequest::PictureSize() const {
+    return QSize(qCeil(size.width * devicePixelRatio), qCeil(size.height * devicePixelRatio));
+}
+
+QImage HORenderRequest::Picture() const {
+    QImage picture(PictureSize(), QImage::Format_ARGB32_Premultiplied);
+    picture.setDevicePixelRatio(devicePixelRatio);
+    return picture;
 }
 
 }  // namespace HXObjects

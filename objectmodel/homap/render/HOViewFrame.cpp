@@ -10,7 +10,8 @@ namespace HXObjects {
 
 QRectF HOViewFrame::PlacedIn(const HODisplayTransform& target) const {
     const HOPoint topLeft = target.ToDevice(transform.ToMap(0.0, 0.0));
-    const double scale = transform.unitsPerPixel / target.unitsPerPixel;
+    // Positions are in logical pixels; a picture made for a HiDPI screen holds more pixels than that.
+    const double scale = transform.unitsPerPixel / target.unitsPerPixel / image.devicePixelRatio();
     return {topLeft.x, topLeft.y, image.width() * scale, image.height() * scale};
 }
 
@@ -21,7 +22,7 @@ void HOViewFrame::DrawInto(QPainter& painter, const HODisplayTransform& target) 
         return;
     }
     const QRectF placed = PlacedIn(target);
-    if (std::abs(placed.width() - image.width()) < 1e-6) {
+    if (std::abs(placed.width() * image.devicePixelRatio() - image.width()) < 1e-6) {
         // A pure move: an unscaled blit is several times cheaper than a scaled one.
         painter.drawImage(QPoint(qRound(placed.x()), qRound(placed.y())), image);
         return;
@@ -39,7 +40,10 @@ bool HOViewFrame::CanBlitInto(const QImage& target) const {
 }
 
 void HOViewFrame::BlitInto(QImage& target, const HODisplayTransform& at, const QColor& background) const {
-    const QRectF placed = PlacedIn(at);
+    // The loops walk the target's own pixels, which a HiDPI target has more of than logical ones.
+    const qreal ratio = target.devicePixelRatio();
+    const QRectF logical = PlacedIn(at);
+    const QRectF placed(logical.topLeft() * ratio, logical.size() * ratio);
     const double step = image.width() / placed.width();  // picture pixels per target pixel
     const int width = target.width();
     const QRgb fill = qPremultiply(background.rgba());

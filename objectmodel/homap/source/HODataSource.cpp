@@ -2,6 +2,7 @@
 
 #include <ogrsf_frmts.h>
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QStringList>
 #include <algorithm>
@@ -30,7 +31,9 @@ HODataSource::~HODataSource() = default;
 HORefPtr<HODataSource> HODataSource::Open(const HOString& path, HOString* error) {
     HOString reason;
     HORefPtr<HODataSource> source = open(path, &reason);
-    if (!source && error) error->Format("cannot open '%s': %s", path.c_str(), reason.c_str());
+    if (!source && error)
+        *error = QCoreApplication::translate("HXObjects::HODataSource", "cannot open '%1': %2")
+                     .arg(QString::fromUtf8(path.c_str()), QString::fromUtf8(reason.c_str()));
     return source;
 }
 
@@ -67,14 +70,17 @@ HORefPtr<HOLayer> HODataSource::OpenLayer(const HOString& name, HOString* error,
     HOString reason;
     const int index = indexOf(name, &reason);
     HORefPtr<HOLayer> layer = index < 0 ? nullptr : openLayer(index, &reason, progress);
-    if (!layer && error) error->Format("cannot open '%s': %s", d->path.c_str(), reason.c_str());
+    if (!layer && error)
+        *error = QCoreApplication::translate("HXObjects::HODataSource", "cannot open '%1': %2")
+                     .arg(QString::fromUtf8(d->path.c_str()), QString::fromUtf8(reason.c_str()));
     return layer;
 }
 
 int HODataSource::indexOf(const HOString& name, HOString* reason) const {
     const auto found = std::find(d->names.begin(), d->names.end(), name);
     if (found != d->names.end()) return int(found - d->names.begin());
-    reason->Format("it has no layer named '%s'", name.c_str());
+    *reason = QCoreApplication::translate("HXObjects::HODataSource", "it has no layer named '%1'")
+                  .arg(QString::fromUtf8(name.c_str()));
     return -1;
 }
 

@@ -3,6 +3,7 @@
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 
+#include <QCoreApplication>
 #include <QFile>
 #include <memory>
 
@@ -19,7 +20,11 @@ const char* const HOElementFile::kTable = "elements";
 namespace {
 
 bool Fail(HOString* error, const QString& path, const QString& reason) {
-    if (error) *error = QString("cannot write '%1': %2").arg(path, reason).toUtf8().data();
+    if (error)
+        *error = QCoreApplication::translate("HXObjects::HOElementFile", "cannot write '%1': %2")
+                     .arg(path, reason)
+                     .toUtf8()
+                     .data();
     return false;
 }
 
@@ -81,7 +86,11 @@ std::vector<HORefPtr<HOElement>> HOElementFile::Load(const HOString& path, HOStr
                                                 std::vector<const char*>{"GPKG", nullptr}.data()));
     OGRLayer* table = file ? file->GetLayerByName(kTable) : nullptr;
     if (!table) {
-        if (error) *error = QString("cannot read '%1': %2").arg(path.toQString(), LastGdalError()).toUtf8().data();
+        if (error)
+            *error = QCoreApplication::translate("HXObjects::HOElementFile", "cannot read '%1': %2")
+                         .arg(path.toQString(), LastGdalError())
+                         .toUtf8()
+                         .data();
         return elements;
     }
     for (auto& row : *table) {

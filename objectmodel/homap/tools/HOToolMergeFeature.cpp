@@ -11,9 +11,10 @@ namespace HXObjects {
 
 namespace {
 
-QString Tr(const char* text) {
-    return QCoreApplication::translate("HXObjects::HOToolMergeFeature", text);
-}
+// The texts of this file, translated in the context HXObjects::HOToolMergeFeature.
+struct Text {
+    Q_DECLARE_TR_FUNCTIONS(HXObjects::HOToolMergeFeature)
+};
 
 }  // namespace
 
@@ -30,7 +31,7 @@ HOFeatureLayer* HOToolMergeFeature::selectedLayer() {
         if (features && features->HasSelectedFeatures()) selected.push_back(features);
     }
     if (selected.size() != 1 || selected.front()->GetSelectedIds().size() < 2) {
-        HOFeatureEditor::Report(this, Tr("Select two or more features of one layer to merge them"));
+        HOFeatureEditor::Report(this, Text::tr("Select two or more features of one layer to merge them"));
         return nullptr;
     }
     return HOFeatureEditor::Editable(selected.front(), this);
@@ -41,7 +42,7 @@ void HOToolMergeFeature::merge(HOFeatureLayer* layer) {
     for (const int id : layer->GetSelectedIds()) {
         HORefPtr<HOFeature> feature = HOFeatureEditor::Current(layer, id);
         if (!feature) {
-            HOFeatureEditor::Report(this, HOString(Tr("Feature %1 no longer exists").arg(id)));
+            HOFeatureEditor::Report(this, HOString(Text::tr("Feature %1 no longer exists").arg(id)));
             return;
         }
         features.push_back(feature);
@@ -58,7 +59,8 @@ void HOToolMergeFeature::merge(HOFeatureLayer* layer) {
     for (std::size_t i = 0; i < features.size(); ++i)
         if (features[i]->GetID() == answer) kept = i;
     if (kept == features.size()) {
-        HOFeatureEditor::Report(this, HOString(Tr("Feature %1 is not among the selected features").arg(answer)));
+        HOFeatureEditor::Report(
+            this, HOString(Text::tr("Feature %1 is not among the selected features").arg(answer)));
         return;
     }
     std::vector<HOFeatureChange> changes;
@@ -68,7 +70,7 @@ void HOToolMergeFeature::merge(HOFeatureLayer* layer) {
     }
     HORefPtr<HOFeatureLayer> target(layer);
     const int survivor = features[kept]->GetID();
-    HOFeatureEditor::Commit(TargetMap(), layer, std::move(changes), Tr("Merge %1 features").arg(features.size()),
+    HOFeatureEditor::Commit(TargetMap(), layer, std::move(changes), Text::tr("Merge %1 features").arg(features.size()),
                             this, [target, survivor](bool written, const std::vector<HOFeatureChange>&) {
                                 if (written) target->SetSelectedIds({survivor});
                             });

@@ -59,7 +59,7 @@ bool HOLabelPass::Render(const std::vector<HORefPtr<HOLayer>>& layers, const HOR
     // No labels, no picture: nothing to compose on every redraw.
     QImage image;
     if (!engine.Placed().empty()) {
-        image = QImage(size, QImage::Format_ARGB32_Premultiplied);
+        image = request.Picture();
         if (image.isNull()) return false;
         image.fill(Qt::transparent);
         QPainter painter(&image);

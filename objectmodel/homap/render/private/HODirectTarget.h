@@ -1,7 +1,7 @@
 #pragma once
 // HODirectTarget: the pixels of the 32-bit image a painter draws into, when they may be written
-// directly — no transform, clip, opacity or composition mode of the painter's would then be
-// skipped. Invalid (null bits) otherwise. Also the one premultiplied source-over blend they share.
+// directly — no transform, device pixel ratio, clip, opacity or composition mode of the painter's would then
+// be skipped. Invalid (null bits) otherwise. Also the one premultiplied source-over blend they share.
 #include <QPainter>
 #include <cstdint>
 
@@ -20,8 +20,10 @@ struct HODirectTarget {
         auto* image = static_cast<QImage*>(device);
         const bool format =
             image->format() == QImage::Format_ARGB32_Premultiplied || image->format() == QImage::Format_RGB32;
-        if (!format || !painter.transform().isIdentity() || painter.hasClipping() ||
-            painter.opacity() != 1.0 || painter.compositionMode() != QPainter::CompositionMode_SourceOver)
+        // A HiDPI picture's painter scales logical pixels to device ones outside its transform.
+        if (!format || image->devicePixelRatio() != 1.0 || !painter.transform().isIdentity() ||
+            painter.hasClipping() || painter.opacity() != 1.0 ||
+            painter.compositionMode() != QPainter::CompositionMode_SourceOver)
             return target;
         target.bits = reinterpret_cast<uint32_t*>(image->bits());
         target.stride = image->bytesPerLine() / 4;

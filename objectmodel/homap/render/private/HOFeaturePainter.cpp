@@ -20,7 +20,8 @@ HOFeaturePainter::HOFeaturePainter(QPainter& painter, const HOFeatureStore& stor
       m_target(HODirectTarget::Of(painter)),
       m_rasterizer(m_target, painter.testRenderHint(QPainter::Antialiasing)),
       m_antialias(painter.testRenderHint(QPainter::Antialiasing)),
-      m_vector(painter.paintEngine() && painter.paintEngine()->type() != QPaintEngine::Raster) {}
+      m_vector(painter.paintEngine() && painter.paintEngine()->type() != QPaintEngine::Raster),
+      m_markerShapes(m_vector || (painter.device() && painter.device()->devicePixelRatioF() != 1.0)) {}
 
 void HOFeaturePainter::Draw(HOFeatureKind kind, uint32_t firstPart, uint32_t endPart, const HOStyle& style,
                             bool bulkStyle) {
@@ -193,7 +194,7 @@ void HOFeaturePainter::drawPoints(uint32_t firstPart, uint32_t endPart, const HO
                                   bool bulkStyle) {
     const uint32_t first = m_topology.VertexBegin(firstPart);
     const uint32_t end = m_topology.VertexBegin(endPart);
-    if (m_vector) {  // shapes, not stamped pictures
+    if (m_markerShapes) {
         for (uint32_t v = first; v < end; ++v) m_markerPaths.Add(style, m_path.ToDevice(*vertex(v)));
         return;
     }

@@ -58,6 +58,9 @@ private:
     QBrush m_brush;
     bool m_antialias;
     bool m_vector;  // the device keeps vectors: shapes and paths instead of pictures and joined rings
+    // Markers as shapes rather than stamped pictures: on vector devices, and on HiDPI pictures, where a
+    // picture made in logical pixels would be scaled up and blurred.
+    bool m_markerShapes;
     enum class Mode { Unset, Fill, Stroke } m_mode = Mode::Unset;
     const HOStyle* m_currentMarker = nullptr;
 };

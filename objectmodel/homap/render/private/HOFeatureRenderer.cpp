@@ -77,8 +77,8 @@ bool HOFeatureRenderer::canSplit(std::size_t count) const {
     if (count < 2 || std::thread::hardware_concurrency() < 2) return false;
     const QPainter& painter = *m_context.painter;
     const QPaintDevice* device = painter.device();
-    if (!device || device->devType() != QInternal::Image || !painter.transform().isIdentity() ||
-        painter.hasClipping())
+    if (!device || device->devType() != QInternal::Image || device->devicePixelRatioF() != 1.0 ||
+        !painter.transform().isIdentity() || painter.hasClipping())
         return false;
     const HOFeatureTopology& t = m_store.Topology();
     const uint32_t vertices = t.VertexBegin(t.PartEnd(m_store.FeatureCount() - 1));

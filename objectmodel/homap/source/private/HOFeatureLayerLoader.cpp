@@ -1,5 +1,7 @@
 #include "source/private/HOFeatureLayerLoader.h"
 
+#include <QCoreApplication>
+
 #include "render/private/HOFeatureStyleSet.h"
 #include "source/private/HOFeatureLayerPrivate.h"
 #include "source/private/HOFeatureWriter.h"
@@ -14,7 +16,7 @@ HORefPtr<HOFeatureLayer> HOFeatureLayerLoader::Load(const std::shared_ptr<HOShar
     CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
     OGRLayer* layer = source->dataset->GetLayer(index);
     if (!layer) {
-        *reason = "it holds no vector layer";
+        *reason = QCoreApplication::translate("HXObjects::HOFeatureLayerLoader", "it holds no vector layer");
         return nullptr;
     }
     HOOgrGeometryReader reader;

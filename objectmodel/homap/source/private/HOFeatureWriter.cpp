@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 #include "source/private/HOOgrGeometry.h"
@@ -42,13 +43,15 @@ std::unique_ptr<HOFeatureWriter> HOFeatureWriter::For(const std::string& path, G
     const std::string name = layer->GetName();
     if (driver == "PostgreSQL") {
         if (*layer->GetFIDColumn() == '\0') {
-            *reason = "the table has no primary key";
+            *reason =
+                QCoreApplication::translate("HXObjects::HOFeatureWriter", "the table has no primary key");
             return nullptr;
         }
         return std::make_unique<HOTransactionWriter>(path, name);
     }
     if (path.compare(0, 4, "/vsi") == 0 || path.find("://") != std::string::npos) {
-        *reason = "it is read over the network or from an archive";
+        *reason = QCoreApplication::translate("HXObjects::HOFeatureWriter",
+                                              "it is read over the network or from an archive");
         return nullptr;
     }
     if (driver == "GPKG") {
@@ -62,7 +65,8 @@ std::unique_ptr<HOFeatureWriter> HOFeatureWriter::For(const std::string& path, G
         if (!writable(file, reason)) return nullptr;
         return std::make_unique<HOShapefileWriter>(file);
     }
-    reason->Format("the %s format cannot be edited", dataset->GetDriver()->GetDescription());
+    *reason = QCoreApplication::translate("HXObjects::HOFeatureWriter", "the %1 format cannot be edited")
+                  .arg(QString::fromUtf8(dataset->GetDriver()->GetDescription()));
     return nullptr;
 }
 
@@ -71,12 +75,14 @@ bool HOFeatureWriter::writable(const std::string& path, HOString* reason) {
     struct stat info;
     const std::string dir = QFileInfo(QString::fromStdString(path)).absolutePath().toStdString();
     if (::stat(path.c_str(), &info) != 0 || (info.st_mode & 0222) == 0 || ::access(path.c_str(), W_OK) != 0) {
-        reason->Format("'%s' is read-only", path.c_str());
+        *reason = QCoreApplication::translate("HXObjects::HOFeatureWriter", "'%1' is read-only")
+                      .arg(QString::fromUtf8(path.c_str()));
         return false;
     }
     // Journals and copies are written beside the file.
     if (::access(dir.c_str(), W_OK) != 0) {
-        reason->Format("the folder '%s' is read-only", dir.c_str());
+        *reason = QCoreApplication::translate("HXObjects::HOFeatureWriter", "the folder '%1' is read-only")
+                      .arg(QString::fromUtf8(dir.c_str()));
         return false;
     }
     return true;
@@ -87,7 +93,10 @@ GDALDatasetUniquePtr HOFeatureWriter::openForUpdate(const std::string& path, HOS
     CPLErrorReset();
     GDALDatasetUniquePtr dataset(
         GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE, nullptr, options));
-    if (!dataset) reason->Format("cannot open '%s' for writing: %s", path.c_str(), CPLGetLastErrorMsg());
+    if (!dataset)
+        *reason =
+            QCoreApplication::translate("HXObjects::HOFeatureWriter", "cannot open '%1' for writing: %2")
+                .arg(QString::fromUtf8(path.c_str()), QString::fromUtf8(CPLGetLastErrorMsg()));
     return dataset;
 }
 
@@ -99,7 +108,10 @@ bool HOFeatureWriter::write(OGRLayer* layer, std::vector<HOFeatureChange>& chang
         CPLErrorReset();
         if (!change.after) {
             if (layer->DeleteFeature(change.before->GetID()) != OGRERR_NONE) {
-                error->Format("cannot delete feature %d: %s", change.before->GetID(), CPLGetLastErrorMsg());
+                *error =
+                    QCoreApplication::translate("HXObjects::HOFeatureWriter", "cannot delete feature %1: %2")
+                        .arg(change.before->GetID())
+                        .arg(QString::fromUtf8(CPLGetLastErrorMsg()));
                 return false;
             }
             continue;
@@ -118,7 +130,8 @@ bool HOFeatureWriter::write(OGRLayer* layer, std::vector<HOFeatureChange>& chang
             result = layer->CreateFeature(feature.get());
         }
         if (result != OGRERR_NONE) {
-            error->Format("cannot write the feature: %s", CPLGetLastErrorMsg());
+            *error = QCoreApplication::translate("HXObjects::HOFeatureWriter", "cannot write the feature: %1")
+                         .arg(QString::fromUtf8(CPLGetLastErrorMsg()));
             return false;
         }
         if (!change.before)
@@ -131,7 +144,8 @@ bool HOFeatureWriter::write(OGRLayer* layer, std::vector<HOFeatureChange>& chang
 bool HOFeatureWriter::matchesStored(OGRLayer* layer, const HOFeature& expected, HOString* error) {
     OGRFeatureUniquePtr stored(layer->GetFeature(expected.GetID()));
     if (!stored) {
-        error->Format("feature %d no longer exists", expected.GetID());
+        *error = QCoreApplication::translate("HXObjects::HOFeatureWriter", "feature %1 no longer exists")
+                     .arg(expected.GetID());
         return false;
     }
     bool same = !expected.GetGeometry() || SameGeometry(stored->GetGeometryRef(), expected.GetGeometry().get());
@@ -140,7 +154,10 @@ bool HOFeatureWriter::matchesStored(OGRLayer* layer, const HOFeature& expected, 
         const HOString value(field >= 0 && stored->IsFieldSetAndNotNull(field) ? stored->GetFieldAsString(field) : "");
         same = same && field >= 0 && value == attribute.second;
     }
-    if (!same) error->Format("feature %d was changed by someone else since it was read", expected.GetID());
+    if (!same)
+        *error = QCoreApplication::translate("HXObjects::HOFeatureWriter",
+                                             "feature %1 was changed by someone else since it was read")
+                     .arg(expected.GetID());
     return same;
 }
 
@@ -149,7 +166,9 @@ bool HOFeatureWriter::fill(OGRFeature& target, const HOFeature& source, OGRwkbGe
     if (!source.GetGeometry()) return fillAttributes(target, source, error);
     OGRGeometryUniquePtr geometry = HOOgrGeometry::ToOgr(*source.GetGeometry());
     if (geometry && !geometry->IsValid()) {
-        *error = "the geometry is not valid (it crosses itself or has too few points)";
+        *error = QCoreApplication::translate(
+            "HXObjects::HOFeatureWriter",
+            "the geometry is not valid (it crosses itself or has too few points)");
         return false;
     }
     // A single polygon in a layer of multipolygons (and the like) takes the layer's type.
@@ -166,7 +185,8 @@ bool HOFeatureWriter::fillAttributes(OGRFeature& target, const HOFeature& source
     for (const HOFeature::Attribute& attribute : source.GetAttributes()) {
         const int field = target.GetFieldIndex(attribute.first.c_str());
         if (field < 0) {
-            error->Format("the layer has no field '%s'", attribute.first.c_str());
+            *error = QCoreApplication::translate("HXObjects::HOFeatureWriter", "the layer has no field '%1'")
+                         .arg(QString::fromUtf8(attribute.first.c_str()));
             return false;
         }
         if (attribute.second.isEmpty())

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <cerrno>
@@ -16,17 +17,18 @@ bool HOFileCheck::IsReadable(const std::string& path, HOString* reason) {
         const int error = errno;
         struct stat link;
         if (error == ELOOP)
-            *reason = "a loop of symbolic links";
+            *reason = QCoreApplication::translate("HXObjects::HOFileCheck", "a loop of symbolic links");
         else if (error == EACCES)
-            *reason = "permission denied";
+            *reason = QCoreApplication::translate("HXObjects::HOFileCheck", "permission denied");
         else if (::lstat(path.c_str(), &link) == 0 && S_ISLNK(link.st_mode))
-            *reason = "a symbolic link to a missing file";
+            *reason =
+                QCoreApplication::translate("HXObjects::HOFileCheck", "a symbolic link to a missing file");
         else
-            *reason = "no such file";
+            *reason = QCoreApplication::translate("HXObjects::HOFileCheck", "no such file");
         return false;
     }
     if (!S_ISREG(target.st_mode) && !S_ISDIR(target.st_mode)) {
-        *reason = "not a regular file";
+        *reason = QCoreApplication::translate("HXObjects::HOFileCheck", "not a regular file");
         return false;
     }
     // The administrator passes access() whatever the mode; a file whose mode lets nobody read it
@@ -36,7 +38,7 @@ bool HOFileCheck::IsReadable(const std::string& path, HOString* reason) {
                            (target.st_mode & (readable >> 3)) == (readable >> 3) ||
                            (target.st_mode & (readable >> 6)) == (readable >> 6);
     if (!anyoneMay || ::access(path.c_str(), S_ISDIR(target.st_mode) ? R_OK | X_OK : R_OK) != 0) {
-        *reason = "permission denied";
+        *reason = QCoreApplication::translate("HXObjects::HOFileCheck", "permission denied");
         return false;
     }
     return companionsAreFiles(path, S_ISDIR(target.st_mode), reason);
@@ -52,7 +54,9 @@ bool HOFileCheck::companionsAreFiles(const std::string& path, bool directory, HO
         struct stat companion;
         if (::stat(QFile::encodeName(folder.filePath(name)).constData(), &companion) == 0 &&
             !S_ISREG(companion.st_mode) && !S_ISDIR(companion.st_mode)) {
-            reason->Format("its companion '%s' is not a regular file", name.toUtf8().constData());
+            *reason = QCoreApplication::translate("HXObjects::HOFileCheck",
+                                                  "its companion '%1' is not a regular file")
+                          .arg(name);
             return false;
         }
     }

@@ -2,6 +2,8 @@
 
 #include <gdal_pam.h>
 
+#include <QCoreApplication>
+
 #include "source/private/HOFileCheck.h"
 #include "source/private/HOGdalEnvironment.h"
 
@@ -31,7 +33,8 @@ GDALDatasetUniquePtr HOGdalOpener::Open(const std::string& path, HOString* reaso
             return nullptr;
         }
     }
-    *reason = "not a recognised vector or raster format";
+    *reason =
+        QCoreApplication::translate("HXObjects::HOGdalOpener", "not a recognised vector or raster format");
     return nullptr;
 }
 
@@ -86,7 +89,10 @@ bool HOGdalOpener::holdsData(GDALDataset* dataset, HOString* reason) {
         int width = 0, height = 0;
         band->GetBlockSize(&width, &height);
         if (double(width) * height * GDALGetDataTypeSizeBytes(band->GetRasterDataType()) > limit) {
-            reason->Format("its blocks of %d x %d pixels are too large to read", width, height);
+            *reason = QCoreApplication::translate("HXObjects::HOGdalOpener",
+                                                  "its blocks of %1 x %2 pixels are too large to read")
+                          .arg(width)
+                          .arg(height);
             return false;
         }
     }

@@ -2,6 +2,7 @@
 
 #include <gdal_priv.h>
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <cmath>
 
@@ -15,14 +16,17 @@ constexpr double coordinateLimit = 1e10;
 // Why `geo` cannot place a raster of width x height, or an empty text when it can.
 HOString impossibleGeoreferencing(const double geo[6], int width, int height) {
     if (!std::all_of(geo, geo + 6, [](double v) { return std::isfinite(v); }))
-        return "its georeferencing is not a finite number";
-    if (geo[1] * geo[5] - geo[2] * geo[4] == 0) return "its pixel size is zero";
+        return QCoreApplication::translate("HXObjects::HORasterInfo",
+                                           "its georeferencing is not a finite number");
+    if (geo[1] * geo[5] - geo[2] * geo[4] == 0)
+        return QCoreApplication::translate("HXObjects::HORasterInfo", "its pixel size is zero");
     for (const double col : {0.0, double(width)}) {
         for (const double row : {0.0, double(height)}) {
             const double x = geo[0] + col * geo[1] + row * geo[2];
             const double y = geo[3] + col * geo[4] + row * geo[5];
             if (!(std::abs(x) <= coordinateLimit && std::abs(y) <= coordinateLimit))
-                return "its georeferencing puts it beyond any coordinate system";
+                return QCoreApplication::translate("HXObjects::HORasterInfo",
+                                                   "its georeferencing puts it beyond any coordinate system");
         }
     }
     return HOString();

@@ -1,5 +1,6 @@
 #include "source/private/HORasterLayerLoader.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 #include "source/private/HORasterLayerPrivate.h"
@@ -8,7 +9,7 @@ namespace HXObjects {
 
 HORefPtr<HORasterLayer> HORasterLayerLoader::Load(GDALDatasetUniquePtr dataset, HOString* reason) {
     if (dataset->GetRasterCount() < 1) {
-        *reason = "it holds no raster band";
+        *reason = QCoreApplication::translate("HXObjects::HORasterLayerLoader", "it holds no raster band");
         return nullptr;
     }
     HORasterInfo info;
@@ -20,7 +21,9 @@ HORefPtr<HORasterLayer> HORasterLayerLoader::Load(GDALDatasetUniquePtr dataset, 
     CPLErrorReset();
     if (first->RasterIO(GF_Read, 0, 0, first->GetXSize(), first->GetYSize(), &sample, 1, 1, GDT_Float32, 0,
                         0) != CE_None) {
-        reason->Format("its pixels cannot be read: %s", CPLGetLastErrorMsg());
+        *reason =
+            QCoreApplication::translate("HXObjects::HORasterLayerLoader", "its pixels cannot be read: %1")
+                .arg(QString::fromUtf8(CPLGetLastErrorMsg()));
         return nullptr;
     }
     HORefPtr<HORasterLayer> layer(new HORasterLayer);

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -81,7 +82,8 @@ bool HOShapefileWriter::Apply(std::vector<HOFeatureChange>& changes, HOString* e
     if (!journal.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
         journal.write(names.extensions.join('\n').toUtf8()) < 0 || !journal.flush() ||
         ::fsync(journal.handle()) != 0) {
-        error->Format("cannot write beside '%s': %s", m_path.c_str(), journal.errorString().toUtf8().constData());
+        *error = QCoreApplication::translate("HXObjects::HOShapefileWriter", "cannot write beside '%1': %2")
+                     .arg(QString::fromUtf8(m_path.c_str()), journal.errorString());
         journal.close();
         QFile::remove(names.Journal());
         dropCopies(names);
@@ -98,7 +100,9 @@ bool HOShapefileWriter::writeCopy(const Names& names, std::vector<HOFeatureChang
     for (const QString& ext : names.extensions) {
         QFile::remove(names.Copy(ext));
         if (!QFile::copy(names.Original(ext), names.Copy(ext))) {
-            error->Format("cannot write beside '%s' (is the disk full?)", m_path.c_str());
+            *error = QCoreApplication::translate("HXObjects::HOShapefileWriter",
+                                                 "cannot write beside '%1' (is the disk full?)")
+                         .arg(QString::fromUtf8(m_path.c_str()));
             return false;
         }
     }
@@ -109,13 +113,15 @@ bool HOShapefileWriter::writeCopy(const Names& names, std::vector<HOFeatureChang
         CPLErrorReset();
         dataset.reset();  // closing writes the headers
         if (CPLGetLastErrorType() >= CE_Failure) {
-            error->Format("cannot write '%s': %s", m_path.c_str(), CPLGetLastErrorMsg());
+            *error = QCoreApplication::translate("HXObjects::HOShapefileWriter", "cannot write '%1': %2")
+                         .arg(QString::fromUtf8(m_path.c_str()), QString::fromUtf8(CPLGetLastErrorMsg()));
             return false;
         }
     }
     for (const QString& ext : names.extensions) {
         if (!Sync(names.Copy(ext))) {
-            error->Format("cannot write '%s' to disk", m_path.c_str());
+            *error = QCoreApplication::translate("HXObjects::HOShapefileWriter", "cannot write '%1' to disk")
+                         .arg(QString::fromUtf8(m_path.c_str()));
             return false;
         }
     }

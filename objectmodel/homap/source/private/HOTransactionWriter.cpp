@@ -1,5 +1,7 @@
 #include "source/private/HOTransactionWriter.h"
 
+#include <QCoreApplication>
+
 namespace HXObjects {
 
 void HOTransactionWriter::Recover(const std::string& gpkg) {
@@ -16,20 +18,25 @@ bool HOTransactionWriter::Apply(std::vector<HOFeatureChange>& changes, HOString*
     if (!m_dataset) return false;
     OGRLayer* layer = m_dataset->GetLayerByName(m_layer.c_str());
     if (!layer) {
-        error->Format("the layer '%s' is gone from the source", m_layer.c_str());
+        *error = QCoreApplication::translate("HXObjects::HOTransactionWriter",
+                                             "the layer '%1' is gone from the source")
+                     .arg(QString::fromUtf8(m_layer.c_str()));
         m_dataset.reset();
         return false;
     }
     CPLErrorReset();
     if (m_dataset->StartTransaction() != OGRERR_NONE) {
-        error->Format("cannot start a transaction: %s", CPLGetLastErrorMsg());
+        *error =
+            QCoreApplication::translate("HXObjects::HOTransactionWriter", "cannot start a transaction: %1")
+                .arg(QString::fromUtf8(CPLGetLastErrorMsg()));
         m_dataset.reset();
         return false;
     }
     if (write(layer, changes, true, error)) {
         CPLErrorReset();
         if (m_dataset->CommitTransaction() == OGRERR_NONE) return true;
-        error->Format("cannot commit the edit: %s", CPLGetLastErrorMsg());
+        *error = QCoreApplication::translate("HXObjects::HOTransactionWriter", "cannot commit the edit: %1")
+                     .arg(QString::fromUtf8(CPLGetLastErrorMsg()));
     } else {
         m_dataset->RollbackTransaction();
     }
