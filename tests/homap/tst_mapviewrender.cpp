@@ -1,6 +1,6 @@
-// Rendering of a map view: layers in map order on the worker, the moved and scaled preview, every way a
-// render is cancelled, pausing, one-layer refreshes, the debounced resize, throttled redraws, unbinding
-// while the worker fires, and what Draw adds on top.
+// Rendering of a map view: layers in map order, drawn at once, the moved and scaled preview, every way
+// a render is cancelled, pausing, one-layer and area refreshes, the debounced resize, throttled and
+// progressive redraws, unbinding while the worker fires, and what Draw adds on top.
 #include <QElapsedTimer>
 #include <QPainter>
 #include <QTemporaryDir>
@@ -71,6 +71,28 @@ public:
     HOPoint mark;
 };
 
+// A layer that, when it draws, waits (up to five seconds) for every other layer sharing its meeting
+// point to be drawing too: all meet only when they draw at once.
+class MeetingLayer : public HOTestRectLayer {
+public:
+    MeetingLayer(const HORect& rect, std::atomic<int>& arrived, int expected)
+        : HOTestRectLayer(rect, Qt::red), m_arrived(arrived), m_expected(expected) {}
+    void Render(const HORenderContext& context) override {
+        ++m_arrived;
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+        while (m_arrived.load() < m_expected && std::chrono::steady_clock::now() < deadline &&
+               !context.IsCancelled())
+            std::this_thread::yield();
+        met = m_arrived.load() >= m_expected;
+        HOTestRectLayer::Render(context);
+    }
+    std::atomic<bool> met{false};
+
+private:
+    std::atomic<int>& m_arrived;
+    const int m_expected;
+};
+
 }  // namespace
 
 class tst_MapViewRender : public QObject {
@@ -89,6 +111,21 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(s.idle() && finished.count > 0, kTimeout);
         QCOMPARE(drawn(s.view).pixel(40, 50), kRed);
         QVERIFY(s.layers[0]->renders == 1 && finished.nullEvents == 0);  // a new order needs no new pictures
+    }
+
+    void independentLayersDrawAtOnce() {
+        std::atomic<int> arrived{0};
+        HORefPtr<MeetingLayer> a(new MeetingLayer(HORect(0, 50, 0, 100), arrived, 2));
+        HORefPtr<MeetingLayer> b(new MeetingLayer(HORect(50, 100, 0, 100), arrived, 2));
+        HORefPtr<HOMap> map(new HOMap);
+        map->AddLayer(a);
+        map->AddLayer(b);
+        HORefPtr<HOMapView> view(new HOMapView);
+        view->SetSize(100, 100);
+        view->SetMap(map);  // one render of both
+        QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering() && a->completed > 0 && b->completed > 0, 3 * kTimeout);
+        QVERIFY(a->met && b->met);
+        QCOMPARE(drawn(view).pixel(50, 50), kRed);
     }
 
     void previewWhileRendering_data() {

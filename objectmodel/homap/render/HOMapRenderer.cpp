@@ -42,7 +42,8 @@ void HOMapRenderer::Stop(bool wait) {
     m_pending.reset();
     m_carryOver = false;
     if (m_running) m_cancel->Cancel();
-    if (wait && std::this_thread::get_id() != m_thread.get_id())
+    // A callback run by the render thread or a worker must not wait for the render it is part of.
+    if (wait && std::this_thread::get_id() != m_thread.get_id() && !HORenderTasks::InJob())
         m_idle.wait(lock, [this] { return !m_running; });
 }
 
@@ -210,8 +211,12 @@ void HOMapRenderer::drawLayer(Pass& pass, HOLayer& layer, const QRegion& area) {
     if (area == QRegion(request.Whole())) {
         QImage image = drawLayerPart(pass, layer, request.Whole(), true);
         if (!image.isNull() && !m_cancel->IsCancelled()) {
-            std::lock_guard<std::mutex> lock(m_picturesMutex);
-            m_layerPictures[id] = HOViewFrame{std::move(image), request.transform};
+            HOViewFrame replaced{std::move(image), request.transform};
+            {
+                std::lock_guard<std::mutex> lock(m_picturesMutex);
+                std::swap(m_layerPictures[id], replaced);
+            }
+            recycle(std::move(replaced.image));
         } else {
             drawn = false;
         }
@@ -243,7 +248,7 @@ void HOMapRenderer::drawLayer(Pass& pass, HOLayer& layer, const QRegion& area) {
 }
 
 QImage HOMapRenderer::drawLayerPart(Pass& pass, HOLayer& layer, const QRect& pixels, bool progressive) {
-    QImage image(pixels.size(), QImage::Format_ARGB32_Premultiplied);
+    QImage image = freshImage(pixels.size());
     if (image.isNull()) return image;
     image.fill(Qt::transparent);
     QPainter painter(&image);
@@ -283,8 +288,7 @@ void HOMapRenderer::showProgress(const Pass& pass) {
 void HOMapRenderer::publish(const std::vector<HORefPtr<HOLayer>>& layers, const HORenderRequest& request) {
     // One composition at a time: the render thread and the workers showing progress may both ask.
     std::lock_guard<std::mutex> composing(m_publishMutex);
-    HOViewFrame frame{QImage(request.size.width, request.size.height, QImage::Format_ARGB32_Premultiplied),
-                      request.transform};
+    HOViewFrame frame{freshImage(request.Whole().size()), request.transform};
     if (frame.image.isNull()) return;
     frame.image.fill(request.map->GetBackgroundColor().toQColor());
     std::vector<std::pair<const HOLayer*, HOViewFrame>> pictures;
@@ -312,8 +316,31 @@ void HOMapRenderer::publish(const std::vector<HORefPtr<HOLayer>>& layers, const 
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
         m_labels.DrawInto(painter, request.transform);
     }
-    std::lock_guard<std::mutex> lock(m_frameMutex);
-    std::swap(m_frame, frame);
+    {
+        std::lock_guard<std::mutex> lock(m_frameMutex);
+        std::swap(m_frame, frame);
+    }
+    recycle(std::move(frame.image));
+}
+
+QImage HOMapRenderer::freshImage(const QSize& size) {
+    {
+        std::lock_guard<std::mutex> lock(m_spareMutex);
+        for (auto it = m_spareImages.begin(); it != m_spareImages.end(); ++it) {
+            if (it->size() != size) continue;
+            QImage image = std::move(*it);
+            m_spareImages.erase(it);
+            return image;
+        }
+    }
+    return QImage(size, QImage::Format_ARGB32_Premultiplied);
+}
+
+void HOMapRenderer::recycle(QImage image) {
+    // Only a picture nobody else holds: a frame still shown, or a picture being composed, is not.
+    if (image.isNull() || !image.isDetached()) return;
+    std::lock_guard<std::mutex> lock(m_spareMutex);
+    if (m_spareImages.size() < kSpareImages) m_spareImages.push_back(std::move(image));
 }
 
 void HOMapRenderer::keepCachesOf(const std::vector<HORefPtr<HOLayer>>& layers) {

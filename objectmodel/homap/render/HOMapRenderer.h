@@ -49,7 +49,7 @@ public:
     // Starts rendering `delayMs` after the last request (0: at once); cancels the running render.
     void Request(HORenderRequest request, int delayMs);
     // Cancels the running render and drops the waiting one; with wait, returns once the thread is
-    // idle (not when called from the render thread itself).
+    // idle (not when called from the render thread itself or a render worker, as a callback).
     void Stop(bool wait);
     // While paused nothing renders; the running render is cancelled and resumes with ResumeRender.
     void Pause();
@@ -79,6 +79,7 @@ private:
     };
     // Room around an area drawn again, for the symbols of features just outside it (pixels).
     static constexpr int kSymbolMargin = 64;
+    static constexpr std::size_t kSpareImages = 3;
 
     // True when the whole request was drawn, false when cancelled.
     bool render(HORenderRequest& request);
@@ -91,6 +92,11 @@ private:
     // True (once) when kRedrawInterval has passed since the last progress was shown.
     bool progressDue();
     void showProgress(const Pass& pass);
+    // An image of that size, not cleared: a spare one when there is, else a new one. Fresh pages of a
+    // new full-size image cost the kernel more than drawing a whole map into a reused one.
+    QImage freshImage(const QSize& size);
+    // Keeps a picture no longer used as a spare.
+    void recycle(QImage image);
     void publish(const std::vector<HORefPtr<HOLayer>>& layers, const HORenderRequest& request);
     void keepCachesOf(const std::vector<HORefPtr<HOLayer>>& layers);
 
@@ -111,6 +117,8 @@ private:
     mutable std::mutex m_frameMutex;  // guards m_frame
     HOViewFrame m_frame;
 
+    std::mutex m_spareMutex;  // guards m_spareImages
+    std::vector<QImage> m_spareImages;
     std::mutex m_publishMutex;   // held while a frame is composed
     std::mutex m_picturesMutex;  // guards the two maps below (between render thread and workers)
     std::map<int, HOViewFrame> m_layerPictures;  // by layer id

@@ -10,6 +10,8 @@ namespace HXObjects {
 
 namespace {
 
+thread_local int jobsRunning = 0;
+
 boost::asio::thread_pool& workers() {
     static boost::asio::thread_pool pool(std::max(2u, std::thread::hardware_concurrency()));
     return pool;
@@ -45,9 +47,15 @@ void HORenderTasks::Wait() {
     m_progress->finished.wait(lock, [this] { return m_progress->unfinished == 0; });
 }
 
+bool HORenderTasks::InJob() {
+    return jobsRunning > 0;
+}
+
 void HORenderTasks::runOnce(Job& job, Progress& progress) {
     if (job.claimed.exchange(true)) return;
+    ++jobsRunning;
     job.work();
+    --jobsRunning;
     job.work = nullptr;  // what it captured goes now, not when the last holder lets go
     std::lock_guard<std::mutex> lock(progress.mutex);
     if (--progress.unfinished == 0) progress.finished.notify_all();

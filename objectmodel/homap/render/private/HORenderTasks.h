@@ -23,6 +23,8 @@ public:
     void Add(std::function<void()> job);
     // Returns once every job added has run.
     void Wait();
+    // True on a thread while it runs a job (of any group).
+    static bool InJob();
 
 private:
     struct Job;
