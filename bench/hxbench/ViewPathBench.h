@@ -2,13 +2,15 @@
 // ViewPathBench: a layer drawn as a host sees it — a map view of that layer alone, at 1920x1080: the
 // time from SetExtent to the finished render (RenderFinishedSignal) and the Draw of that picture into
 // a host surface, warm (the layer opened and drawn once). Measured at the layer's full extent, the
-// figure put beside the peers', and zoomed in to 1% of the area.
+// figure put beside the peers', and zoomed in to 1% of the area; and with the layer hidden, which is
+// what the view itself costs per render (publishing the frame, signalling, the host's Draw).
 #include <QSize>
 #include <QString>
 
 struct ViewPathFigures {
     double full = 0;  // seconds, best of several
     double zoom = 0;  // seconds, best of several
+    double fixed = 0;  // seconds, best of several, the layer hidden
 };
 
 class ViewPathBench {

@@ -39,6 +39,7 @@ void addLayerFigures(BenchReport& report, const QString& dataset, const LayerFig
     report.Add(dataset, QStringLiteral("view: the same, 1% of the area"), v.zoom, QString(), 0,
                QStringLiteral("<= 0.005 s"));
     report.Add(dataset, QStringLiteral("view path over the layer's render"), v.full - f.fullRender, QString(), 0);
+    report.Add(dataset, QStringLiteral("view: the same, the layer hidden"), v.fixed, QString(), 0);
     std::printf("%-9s %lld features, %lld vertices\n", qPrintable(dataset), f.features, f.vertices);
 }
 
@@ -74,6 +75,7 @@ int main(int argc, char** argv) {
         if (viewPathOnly) {
             report.Add(layer, QStringLiteral("view: SetExtent->finished->Draw"), view.full, QString(), 0);
             report.Add(layer, QStringLiteral("view: the same, 1% of the area"), view.zoom, QString(), 0);
+            report.Add(layer, QStringLiteral("view: the same, the layer hidden"), view.fixed, QString(), 0);
             continue;
         }
         const LayerFigures own = LayerBench(parser.value("data"), layer, size, parser.value("out")).Run();
