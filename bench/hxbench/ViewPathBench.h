@@ -8,8 +8,8 @@
 #include <QString>
 
 struct ViewPathFigures {
-    double full = 0;  // seconds, best of several
-    double zoom = 0;  // seconds, best of several
+    double full = 0;   // seconds, best of several
+    double zoom = 0;   // seconds, best of several
     double fixed = 0;  // seconds, best of several, the layer hidden
 };
 

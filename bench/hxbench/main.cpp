@@ -26,7 +26,8 @@ void addLayerFigures(BenchReport& report, const QString& dataset, const LayerFig
     report.Add(dataset, QStringLiteral("layer's own render, 1% of the area"), f.zoomRender, QString(), 0);
     // What a host waits for: SetExtent, the finished render, the Draw into its surface.
     const QString full = QStringLiteral("view: SetExtent->finished->Draw");
-    const QString goal = dataset == QLatin1String("points") ? QStringLiteral("<= 0.05x") : QStringLiteral("<= 0.10x");
+    const QString goal =
+        dataset == QLatin1String("points") ? QStringLiteral("<= 0.05x") : QStringLiteral("<= 0.10x");
     bool anyPeer = false;
     for (const QString& peer : peers.Peers()) {
         const double theirs = peers.Seconds(dataset, peer);
@@ -38,7 +39,8 @@ void addLayerFigures(BenchReport& report, const QString& dataset, const LayerFig
     if (!anyPeer) report.Add(dataset, full, v.full, QString(), 0);
     report.Add(dataset, QStringLiteral("view: the same, 1% of the area"), v.zoom, QString(), 0,
                QStringLiteral("<= 0.005 s"));
-    report.Add(dataset, QStringLiteral("view path over the layer's render"), v.full - f.fullRender, QString(), 0);
+    report.Add(dataset, QStringLiteral("view path over the layer's render"), v.full - f.fullRender, QString(),
+               0);
     report.Add(dataset, QStringLiteral("view: the same, the layer hidden"), v.fixed, QString(), 0);
     std::printf("%-9s %lld features, %lld vertices\n", qPrintable(dataset), f.features, f.vertices);
 }
@@ -71,7 +73,8 @@ int main(int argc, char** argv) {
     for (const QString& layer : layers) {
         std::printf("measuring %s...\n", qPrintable(layer));
         std::fflush(stdout);
-        const ViewPathFigures view = ViewPathBench(parser.value("data"), layer, size, viewPathOnly ? 30 : 5).Run();
+        const ViewPathFigures view =
+            ViewPathBench(parser.value("data"), layer, size, viewPathOnly ? 30 : 5).Run();
         if (viewPathOnly) {
             report.Add(layer, QStringLiteral("view: SetExtent->finished->Draw"), view.full, QString(), 0);
             report.Add(layer, QStringLiteral("view: the same, 1% of the area"), view.zoom, QString(), 0);

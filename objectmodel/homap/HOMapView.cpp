@@ -75,7 +75,8 @@ HOMapView::Private::Private(HOMapView* view, const HOString& viewName) : q(view)
     renderer = std::make_unique<HOMapRenderer>(&cancel, std::move(callbacks));
 }
 
-void HOMapView::Private::requestRender(bool all, const std::set<int>& layers, int delayMs, const HORect& area) {
+void HOMapView::Private::requestRender(bool all, const std::set<int>& layers, int delayMs,
+                                       const HORect& area) {
     HORenderRequest request;
     {
         std::lock_guard<std::mutex> lock(q->Mutex());

@@ -261,7 +261,11 @@ private slots:
         QTemporaryDir dir;
         std::vector<HOLayerFixture::Feature> lines, points;
         for (int i = 0; i < 12; ++i) {
-            lines.push_back({QStringLiteral("LINESTRING (%1 -5, %2 105, %3 50)").arg(i * 9).arg(100 - i * 7).arg(i * 4).toStdString()});
+            lines.push_back({QStringLiteral("LINESTRING (%1 -5, %2 105, %3 50)")
+                                 .arg(i * 9)
+                                 .arg(100 - i * 7)
+                                 .arg(i * 4)
+                                 .toStdString()});
             points.push_back({QStringLiteral("POINT (%1 %2)").arg(i * 8.3).arg(90 - i * 6.9).toStdString()});
         }
         const auto lineLayer = HOLayerFixture::OpenVector(dir.filePath("l.geojson"), 0, wkbLineString, lines);
@@ -299,9 +303,11 @@ private slots:
         int differing = 0;
         for (int y = 0; y < 100; ++y)
             for (int x = 0; x < 100; ++x) {
-                const QRgb want = (pixels.contains(x, y) ? full : before).pixel(x, y), got = partial.pixel(x, y);
+                const QRgb want = (pixels.contains(x, y) ? full : before).pixel(x, y),
+                           got = partial.pixel(x, y);
                 // Antialiased edges may round one step apart.
-                differing += std::abs(qRed(want) - qRed(got)) > 2 || std::abs(qGreen(want) - qGreen(got)) > 2 ||
+                differing += std::abs(qRed(want) - qRed(got)) > 2 ||
+                             std::abs(qGreen(want) - qGreen(got)) > 2 ||
                              std::abs(qBlue(want) - qBlue(got)) > 2;
             }
         QCOMPARE(differing, 0);

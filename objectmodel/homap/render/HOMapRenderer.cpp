@@ -159,7 +159,8 @@ bool HOMapRenderer::render(HORenderRequest& request) {
     keepCachesOf(layers);
     if (!request.redrawEverywhere.isEmpty()) {
         // Named one by one, so that a render cancelled half-way carries over only the rest.
-        for (const auto& layer : layers) request.redrawLayers[layer->GetLayerId()] += request.redrawEverywhere;
+        for (const auto& layer : layers)
+            request.redrawLayers[layer->GetLayerId()] += request.redrawEverywhere;
         request.redrawEverywhere = QRegion();
     }
     const HORefPtr<HOCoordinateSystem> system = request.map->GetSpatialReference();

@@ -125,7 +125,7 @@ private:
     std::map<int, HOViewFrame> m_partPictures;   // a layer's picture so far, while it draws
     std::atomic<Clock::duration> m_lastProgress{Clock::duration::zero()};
     HOLabelPass m_labels;  // render thread only (and publish, while no layer draws or under m_publishMutex)
-    std::thread m_thread;                        // last: starts once everything above exists
+    std::thread m_thread;  // last: starts once everything above exists
 };
 
 }  // namespace HXObjects

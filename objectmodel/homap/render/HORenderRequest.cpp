@@ -15,7 +15,9 @@ QRect HORenderRequest::PixelsOf(const HORect& area) const {
 
 void HORenderRequest::Absorb(const HORenderRequest& older) {
     const bool samePlace = older.transform == transform && older.Whole() == Whole();
-    const auto here = [&](const QRegion& area) { return samePlace || area.isEmpty() ? area : QRegion(Whole()); };
+    const auto here = [&](const QRegion& area) {
+        return samePlace || area.isEmpty() ? area : QRegion(Whole());
+    };
     redrawEverywhere += here(older.redrawEverywhere);
     for (const auto& [layer, area] : older.redrawLayers) redrawLayers[layer] += here(area);
     dropCaches = dropCaches || older.dropCaches;
@@ -26,7 +28,8 @@ QRegion HORenderRequest::RedrawArea(int layerId) const {
     return named == redrawLayers.end() ? redrawEverywhere : redrawEverywhere.united(named->second);
 }
 
-HORenderContext HORenderRequest::Context(const HOCoordinateSystem* system, const HOTrackCancel* cancel) const {
+HORenderContext HORenderRequest::Context(const HOCoordinateSystem* system,
+                                         const HOTrackCancel* cancel) const {
     HORenderContext context;
     context.SetArea(transform, size);
     context.mapSystem = system;
