@@ -47,11 +47,14 @@ struct Scene {
         view->SetSize(100, 100);
         view->SetMap(map);
         view->SetExtent(HORect(0, 100, 0, 100));
+        // Every layer comes in one render: none is drawn, cancelled and drawn again on the way.
+        view->PauseRender();
         for (const auto& [rect, color] : rects) {
             layers.emplace_back(new HOTestRectLayer(rect, color));
             layers.back()->renderMs = renderMs;
             map->AddLayer(layers.back());
         }
+        view->ResumeRender();
     }
     bool idle() const { return !view->IsRendering(); }
     HORefPtr<HOMap> map;
