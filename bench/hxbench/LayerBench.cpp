@@ -25,8 +25,9 @@ long long vertexCount(const OGRGeometry* g) {
     return n;
 }
 
-// The symbols bench/run gives the peers.
-void useThePeersStyle(HOFeatureLayer* layer) {
+}  // namespace
+
+void LayerBench::UseThePeersStyle(HOFeatureLayer* layer) {
     switch (layer->GetLayerType()) {
         case HOLayer::PointLayer: {
             HORefPtr<HOStyle> dot = HOStyle::NewMarker(HOStyle::Circle, 3, HOColor(200, 50, 40));
@@ -42,8 +43,6 @@ void useThePeersStyle(HOFeatureLayer* layer) {
             break;
     }
 }
-
-}  // namespace
 
 LayerBench::LayerBench(const QString& gpkg, const QString& layer, const QSize& size, const QString& outDir)
     : m_gpkg(gpkg), m_layer(layer), m_size(size), m_outDir(outDir) {}
@@ -67,7 +66,7 @@ LayerFigures LayerBench::Run() {
     const HOString source(m_gpkg + QStringLiteral("|layername=") + m_layer);
     f.open = BenchClock::Seconds([&] { layer = HODynamicCast<HOFeatureLayer>(OpenLayer(source)); });
     if (!layer) return f;
-    useThePeersStyle(layer);
+    UseThePeersStyle(layer);
     const HORect full = Widened(layer->GetExtent(), m_size);
     const HOPoint c = full.Center();
     const HORect zoom(c.x - full.Width() / 20, c.x + full.Width() / 20, c.y - full.Height() / 20,
@@ -79,7 +78,7 @@ LayerFigures LayerBench::Run() {
     layer = nullptr;
     f.open = std::min(f.open,
                       BenchClock::Seconds([&] { layer = HODynamicCast<HOFeatureLayer>(OpenLayer(source)); }));
-    useThePeersStyle(layer);
+    UseThePeersStyle(layer);
     f.memoryRatio = double(layer->GetGeometryBytes()) / (16.0 * double(f.vertices));
 
     f.zoomRender = render(layer, zoom, 7, &image);

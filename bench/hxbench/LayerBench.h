@@ -26,6 +26,8 @@ public:
 
     // The layer's extent widened to the image's aspect ratio, as the peers draw it.
     static HXObjects::HORect Widened(const HXObjects::HORect& extent, const QSize& size);
+    // The symbols bench/run gives the peers.
+    static void UseThePeersStyle(HXObjects::HOFeatureLayer* layer);
 
 private:
     double plainRead(long long* features, long long* vertices) const;

@@ -11,28 +11,37 @@
 #include "LayerBench.h"
 #include "PeerTimes.h"
 #include "ViewBench.h"
+#include "ViewPathBench.h"
 
 namespace {
 
 void addLayerFigures(BenchReport& report, const QString& dataset, const LayerFigures& f,
-                     const PeerTimes& peers) {
+                     const ViewPathFigures& v, const PeerTimes& peers) {
     report.Add(dataset, QStringLiteral("open (read into memory)"), f.open, QStringLiteral("plain OGR read"),
                f.plainRead, QStringLiteral("<= 1.2x"));
     report.Add(dataset, QStringLiteral("index ready after open"), f.indexReady, QString(), 0);
     report.Add(dataset, QStringLiteral("geometry bytes / 16 per vertex"), f.memoryRatio,
                QStringLiteral("raw coordinates"), 1.0, QStringLiteral("<= 1.25x"));
-    const QString full = QStringLiteral("warm full render 1920x1080");
+    report.Add(dataset, QStringLiteral("layer's own warm render 1920x1080"), f.fullRender, QString(), 0);
+    report.Add(dataset, QStringLiteral("layer's own render, 1% of the area"), f.zoomRender, QString(), 0);
+    // What a host waits for: SetExtent, the finished render, the Draw into its surface.
+    const QString full = QStringLiteral("view: SetExtent->finished->Draw");
+    const QString goal =
+        dataset == QLatin1String("points") ? QStringLiteral("<= 0.05x") : QStringLiteral("<= 0.10x");
     bool anyPeer = false;
     for (const QString& peer : peers.Peers()) {
         const double theirs = peers.Seconds(dataset, peer);
         if (theirs <= 0) continue;
         anyPeer = true;
-        report.Add(dataset, full, f.fullRender, peer + QStringLiteral(" read+draw"), theirs,
-                   peer == QLatin1String("mapserver") ? QStringLiteral("<= 0.15x") : QString());
+        report.Add(dataset, full, v.full, peer + QStringLiteral(" read+draw"), theirs,
+                   peer == QLatin1String("mapserver") ? goal : QString());
     }
-    if (!anyPeer) report.Add(dataset, full, f.fullRender, QString(), 0);
-    report.Add(dataset, QStringLiteral("warm render, 1% of the area"), f.zoomRender, QString(), 0,
-               QStringLiteral("<= 0.010 s"));
+    if (!anyPeer) report.Add(dataset, full, v.full, QString(), 0);
+    report.Add(dataset, QStringLiteral("view: the same, 1% of the area"), v.zoom, QString(), 0,
+               QStringLiteral("<= 0.005 s"));
+    report.Add(dataset, QStringLiteral("view path over the layer's render"), v.full - f.fullRender, QString(),
+               0);
+    report.Add(dataset, QStringLiteral("view: the same, the layer hidden"), v.fixed, QString(), 0);
     std::printf("%-9s %lld features, %lld vertices\n", qPrintable(dataset), f.features, f.vertices);
 }
 
@@ -49,6 +58,7 @@ int main(int argc, char** argv) {
     parser.addOption({"peers", "Peer timings (dataset, peer, seconds per line).", "tsv"});
     parser.addOption({"out", "Where the rendered images go.", "dir", QDir::currentPath()});
     parser.addOption({"layers", "Layers to measure.", "names", "polygons,lines,points"});
+    parser.addOption({"view-path-only", "Only the view path figures, best of more runs (for profiling)."});
     parser.process(app);
     if (!parser.isSet("data")) parser.showHelp(2);
     PeerTimes peers;
@@ -59,13 +69,22 @@ int main(int argc, char** argv) {
     const QSize size(1920, 1080);
     BenchReport report;
     const QStringList layers = parser.value("layers").split(QLatin1Char(','), Qt::SkipEmptyParts);
+    const bool viewPathOnly = parser.isSet("view-path-only");
     for (const QString& layer : layers) {
         std::printf("measuring %s...\n", qPrintable(layer));
         std::fflush(stdout);
-        addLayerFigures(report, layer,
-                        LayerBench(parser.value("data"), layer, size, parser.value("out")).Run(), peers);
+        const ViewPathFigures view =
+            ViewPathBench(parser.value("data"), layer, size, viewPathOnly ? 30 : 5).Run();
+        if (viewPathOnly) {
+            report.Add(layer, QStringLiteral("view: SetExtent->finished->Draw"), view.full, QString(), 0);
+            report.Add(layer, QStringLiteral("view: the same, 1% of the area"), view.zoom, QString(), 0);
+            report.Add(layer, QStringLiteral("view: the same, the layer hidden"), view.fixed, QString(), 0);
+            continue;
+        }
+        const LayerFigures own = LayerBench(parser.value("data"), layer, size, parser.value("out")).Run();
+        addLayerFigures(report, layer, own, view, peers);
     }
-    ViewBench(parser.value("data"), layers, size).Run(report);
+    if (!viewPathOnly) ViewBench(parser.value("data"), layers, size).Run(report);
     report.Print();
     return 0;
 }

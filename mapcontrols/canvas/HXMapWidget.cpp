@@ -3,7 +3,6 @@
 #include <QResizeEvent>
 #include <QThread>
 
-#include <QMutexLocker>
 #include <QPainter>
 #include <QThread>
 
@@ -53,7 +52,7 @@ HXMapWidget::HXMapWidget(HXMapCanvas* canvas) : QWidget(canvas) {
 
 HXMapWidget::~HXMapWidget() {
     mUpdateTimer.stop();
-    QMutexLocker lock(&mNoticeMutex);
+    std::lock_guard<std::mutex> lock(mNoticeMutex);
     qDeleteAll(mNotices);
     mNotices.clear();
 }
@@ -71,12 +70,13 @@ void HXMapWidget::onViewRedraw(void* sender, HOEvent*) {
     // Views fire their signals with themselves as the sender.
     drawView(static_cast<HOView*>(sender), surface);
 
-    const QImage pixels(surface->Bits(), surface->Width(), surface->Height(),
-                        QImage::Format_ARGB32_Premultiplied);
+    // The surface is ours alone and goes with this call: its image is taken over, not copied. The old
+    // picture is freed outside the lock.
+    surface->End();
+    QImage pixels = surface->Image();
     {
-        QMutexLocker lock(&mImageMutex);
-        mImage = pixels.copy();
-        mImage.setDevicePixelRatio(ratio);
+        std::lock_guard<std::mutex> lock(mImageMutex);
+        std::swap(mImage, pixels);
     }
     scheduleRepaint();
 }
@@ -111,7 +111,7 @@ void HXMapWidget::paintEvent(QPaintEvent*) {
     const QSize watermarkSize = watermark.size() / watermark.devicePixelRatio();
     // Read before taking the image lock: the two locks are never held together.
     const bool hasNotices = noticeCount() > 0;
-    QMutexLocker lock(&mImageMutex);
+    std::lock_guard<std::mutex> lock(mImageMutex);
     QPainter painter(this);
     if (!mLicensed) {
         const QRect r = rect();
@@ -174,18 +174,18 @@ void HXMapWidget::slotUpdate() {
 }
 
 int HXMapWidget::noticeCount() {
-    QMutexLocker lock(&mNoticeMutex);
+    std::lock_guard<std::mutex> lock(mNoticeMutex);
     return mNotices.count();
 }
 
 HXNoticeItem* HXMapWidget::noticeAt(int index) {
-    QMutexLocker lock(&mNoticeMutex);
+    std::lock_guard<std::mutex> lock(mNoticeMutex);
     return index < mNotices.count() ? mNotices.at(index) : nullptr;
 }
 
 void HXMapWidget::removeNotice(HXNoticeItem* item) {
     {
-        QMutexLocker lock(&mNoticeMutex);
+        std::lock_guard<std::mutex> lock(mNoticeMutex);
         mNotices.removeOne(item);
     }
     delete item;

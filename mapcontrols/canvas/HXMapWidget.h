@@ -1,14 +1,16 @@
 #pragma once
 // HXMapWidget: the canvas's drawing widget. A bound view's RedrawSignal (possibly on a render thread)
-// makes it render the view into a fresh surface and copy the pixels into its image under the image
-// lock; paintEvent only blits that image, the watermark and the scrolling-notice overlay.
+// makes it render the view into a fresh surface that becomes its image under the image lock (the
+// pixels are not copied again: the surface is not reused); paintEvent only blits that image, the
+// watermark and the scrolling-notice overlay. The image lock is a std::mutex, which thread checkers
+// see, since the render thread and the GUI thread both take it.
 #include <QImage>
 #include <QSize>
 #include <QList>
-#include <QMutex>
 #include <QTimer>
 #include <QWidget>
 #include <atomic>
+#include <mutex>
 
 #include "HXNoticeItem.h"
 
@@ -31,7 +33,7 @@ public:
 
     bool mWaterMask = true;
     bool mLicenseFlag = false;
-    QMutex mImageMutex;
+    std::mutex mImageMutex;
     QImage mImage;
     QImage mOverlayImage;
     QTimer mUpdateTimer;
@@ -39,7 +41,7 @@ public:
     bool mLicensed = true;
     bool mLicensedKept = true;
     // ShowMessage appends under mNoticeMutex; the list owns its items.
-    QMutex mNoticeMutex;
+    std::mutex mNoticeMutex;
     QList<HXNoticeItem*> mNotices;
 
 signals:

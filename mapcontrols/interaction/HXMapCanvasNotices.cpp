@@ -55,7 +55,7 @@ void HXMapCanvas::ShowMessage(HOString text) {
     item->color = QColor(0, 0, 255, 255);
     item->x = 0;
     item->fraction = NoticeHeightFraction();
-    QMutexLocker lock(&mMapWidget->mNoticeMutex);
+    std::lock_guard<std::mutex> lock(mMapWidget->mNoticeMutex);
     mMapWidget->mNotices.append(item);
 }
 

@@ -37,7 +37,8 @@ class HOMapView::Private {
 public:
     Private(HOMapView* view, const HOString& viewName);
 
-    void requestRender(bool all, std::set<int> layers, int delayMs);
+    // Draws all layers or those named again, within the area (an empty rectangle: everywhere).
+    void requestRender(bool all, const std::set<int>& layers, int delayMs, const HORect& area = HORect());
     void fitFullExtentIfNone();
     void compose(HOGraphics& surface);
     void onLayersChanged(void* sender, HOEvent* event);
@@ -75,7 +76,8 @@ HOMapView::Private::Private(HOMapView* view, const HOString& viewName) : q(view)
     renderer = std::make_unique<HOMapRenderer>(&cancel, std::move(callbacks));
 }
 
-void HOMapView::Private::requestRender(bool all, std::set<int> layers, int delayMs) {
+void HOMapView::Private::requestRender(bool all, const std::set<int>& layers, int delayMs,
+                                       const HORect& area) {
     HORenderRequest request;
     {
         std::lock_guard<std::mutex> lock(q->Mutex());
@@ -87,8 +89,9 @@ void HOMapView::Private::requestRender(bool all, std::set<int> layers, int delay
         request.dpi = q->LockedDpi();
         request.devicePixelRatio = devicePixelRatio;
     }
-    request.redrawAll = all;
-    request.redrawLayers = std::move(layers);
+    const QRect pixels = request.PixelsOf(area);
+    if (all) request.redrawEverywhere = pixels;
+    for (const int layer : layers) request.redrawLayers[layer] = pixels;
     renderer->Request(std::move(request), delayMs);
 }
 
@@ -326,9 +329,9 @@ void HOMapView::Draw(HOGraphics* surface) {
     surface->End();
 }
 
-void HOMapView::RefreshMap(bool, const HORect&) {
+void HOMapView::RefreshMap(bool, const HORect& area) {
     d->fitFullExtentIfNone();
-    d->requestRender(true, {}, 0);
+    d->requestRender(true, {}, 0, area);
 }
 
 void HOMapView::Refresh(HOLayer* layer, HOMapCache::CacheType cacheType, const HORect& area) {
@@ -338,7 +341,7 @@ void HOMapView::Refresh(HOLayer* layer, HOMapCache::CacheType cacheType, const H
                layer->GetLayerType() == HOLayer::GraphicsLayer) {
         FireRedraw();  // the graphics layer is drawn on every Draw
     } else {
-        d->requestRender(false, {layer->GetLayerId()}, 0);
+        d->requestRender(false, {layer->GetLayerId()}, 0, area);
     }
 }
 
@@ -356,7 +359,7 @@ void HOMapView::SelectAll() {
         features->SelectByRect(features->GetExtent(), false);
         changed.insert(layer->GetLayerId());
     }
-    if (!changed.empty()) d->requestRender(false, std::move(changed), 0);
+    if (!changed.empty()) d->requestRender(false, changed, 0);
 }
 
 HOTrackCancel* HOMapView::GetTrackCancel() {

@@ -56,7 +56,7 @@ public:
     void Draw(HOGraphics* surface);
     // Re-renders an area (an empty rectangle: everything).
     void RefreshMap(bool all, const HORect& area);
-    // Re-renders one layer's cached image only.
+    // Re-renders one layer's cached image only, within the area (an empty rectangle: all of it).
     virtual void Refresh(HOLayer* layer, HOMapCache::CacheType cacheType, const HORect& area);
     // Cancels the running render; with wait, returns after the render thread has stopped.
     void StopRender(bool wait);

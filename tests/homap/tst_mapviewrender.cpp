@@ -1,6 +1,6 @@
-// Rendering of a map view: layers in map order on the worker, the moved and scaled preview, every way a
-// render is cancelled, pausing, one-layer refreshes, the debounced resize, throttled redraws, unbinding
-// while the worker fires, and what Draw adds on top.
+// Rendering of a map view: layers in map order, drawn at once, the moved and scaled preview, every way
+// a render is cancelled, pausing, one-layer and area refreshes, the debounced resize, throttled and
+// progressive redraws, unbinding while the worker fires, and what Draw adds on top.
 #include <QElapsedTimer>
 #include <QPainter>
 #include <QTemporaryDir>
@@ -47,11 +47,14 @@ struct Scene {
         view->SetSize(100, 100);
         view->SetMap(map);
         view->SetExtent(HORect(0, 100, 0, 100));
+        // Every layer comes in one render: none is drawn, cancelled and drawn again on the way.
+        view->PauseRender();
         for (const auto& [rect, color] : rects) {
             layers.emplace_back(new HOTestRectLayer(rect, color));
             layers.back()->renderMs = renderMs;
             map->AddLayer(layers.back());
         }
+        view->ResumeRender();
     }
     bool idle() const { return !view->IsRendering(); }
     HORefPtr<HOMap> map;
@@ -69,6 +72,28 @@ public:
         painter.fillRect(QRectF(p.x - 1.5, p.y - 1.5, 3, 3), Qt::magenta);
     }
     HOPoint mark;
+};
+
+// A layer that, when it draws, waits (up to five seconds) for every other layer sharing its meeting
+// point to be drawing too: all meet only when they draw at once.
+class MeetingLayer : public HOTestRectLayer {
+public:
+    MeetingLayer(const HORect& rect, std::atomic<int>& arrived, int expected)
+        : HOTestRectLayer(rect, Qt::red), m_arrived(arrived), m_expected(expected) {}
+    void Render(const HORenderContext& context) override {
+        ++m_arrived;
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+        while (m_arrived.load() < m_expected && std::chrono::steady_clock::now() < deadline &&
+               !context.IsCancelled())
+            std::this_thread::yield();
+        met = m_arrived.load() >= m_expected;
+        HOTestRectLayer::Render(context);
+    }
+    std::atomic<bool> met{false};
+
+private:
+    std::atomic<int>& m_arrived;
+    const int m_expected;
 };
 
 }  // namespace
@@ -89,6 +114,21 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(s.idle() && finished.count > 0, kTimeout);
         QCOMPARE(drawn(s.view).pixel(40, 50), kRed);
         QVERIFY(s.layers[0]->renders == 1 && finished.nullEvents == 0);  // a new order needs no new pictures
+    }
+
+    void independentLayersDrawAtOnce() {
+        std::atomic<int> arrived{0};
+        HORefPtr<MeetingLayer> a(new MeetingLayer(HORect(0, 50, 0, 100), arrived, 2));
+        HORefPtr<MeetingLayer> b(new MeetingLayer(HORect(50, 100, 0, 100), arrived, 2));
+        HORefPtr<HOMap> map(new HOMap);
+        map->AddLayer(a);
+        map->AddLayer(b);
+        HORefPtr<HOMapView> view(new HOMapView);
+        view->SetSize(100, 100);
+        view->SetMap(map);  // one render of both
+        QTRY_VERIFY_WITH_TIMEOUT(!view->IsRendering() && a->completed > 0 && b->completed > 0, 3 * kTimeout);
+        QVERIFY(a->met && b->met);
+        QCOMPARE(drawn(view).pixel(50, 50), kRed);
     }
 
     void previewWhileRendering_data() {
@@ -206,6 +246,85 @@ private slots:
         s.view->RefreshMap(false, HORect());
         QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
         QCOMPARE(a->renders + b->renders, 5);
+    }
+
+    void areaRefreshDrawsAsAFullRender_data() {
+        HOAddColumns<QRect, bool>({"pixels", "wholeMap"});
+        QTest::newRow("one layer, inside") << QRect(30, 55, 30, 25) << false;
+        QTest::newRow("one layer, at a corner") << QRect(82, 0, 18, 20) << false;
+        QTest::newRow("one layer, a column") << QRect(50, 0, 1, 100) << false;
+        QTest::newRow("the map, across") << QRect(10, 40, 80, 7) << true;
+    }
+
+    // Thick lines and large markers cross the area's border: they must be drawn within it as a full
+    // render draws them, and nothing outside may change.
+    void areaRefreshDrawsAsAFullRender() {
+        QFETCH(QRect, pixels);
+        QFETCH(bool, wholeMap);
+        QTemporaryDir dir;
+        std::vector<HOLayerFixture::Feature> lines, points;
+        for (int i = 0; i < 12; ++i) {
+            lines.push_back({QStringLiteral("LINESTRING (%1 -5, %2 105, %3 50)")
+                                 .arg(i * 9)
+                                 .arg(100 - i * 7)
+                                 .arg(i * 4)
+                                 .toStdString()});
+            points.push_back({QStringLiteral("POINT (%1 %2)").arg(i * 8.3).arg(90 - i * 6.9).toStdString()});
+        }
+        const auto lineLayer = HOLayerFixture::OpenVector(dir.filePath("l.geojson"), 0, wkbLineString, lines);
+        const auto pointLayer = HOLayerFixture::OpenVector(dir.filePath("p.geojson"), 0, wkbPoint, points);
+        QVERIFY(lineLayer && pointLayer);
+        const auto styleBoth = [&](const HOColor& color, double size) {
+            lineLayer->SetStyle(HOStyle::NewLine(size, color));
+            pointLayer->SetStyle(HOStyle::NewMarker(HOStyle::Circle, size * 4, color));
+        };
+        styleBoth(HOColor(0, 0, 255), 2);
+        Scene s({});
+        HOSignalCounter finished(s.view->RenderFinishedSignal);
+        s.map->AddLayer(lineLayer);
+        s.map->AddLayer(pointLayer);
+        QTRY_VERIFY_WITH_TIMEOUT(s.idle() && finished.count > 0, kTimeout);
+        const QImage before = drawn(s.view);
+
+        if (wholeMap)
+            styleBoth(HOColor(200, 0, 0), 5);
+        else
+            lineLayer->SetStyle(HOStyle::NewLine(5, HOColor(200, 0, 0)));
+        const HORect area(pixels.left(), pixels.right() + 1, 99 - pixels.bottom(), 100 - pixels.top());
+        finished.reset();
+        if (wholeMap)
+            s.view->RefreshMap(true, area);
+        else
+            s.view->Refresh(lineLayer, HOMapCache::CacheLayer, area);
+        QTRY_VERIFY_WITH_TIMEOUT(s.idle() && finished.count > 0, kTimeout);
+        const QImage partial = drawn(s.view);
+        finished.reset();
+        s.view->RefreshMap(true, HORect());
+        QTRY_VERIFY_WITH_TIMEOUT(s.idle() && finished.count > 0, kTimeout);
+        const QImage full = drawn(s.view);
+        QVERIFY(partial != before);
+        int differing = 0;
+        for (int y = 0; y < 100; ++y)
+            for (int x = 0; x < 100; ++x) {
+                const QRgb want = (pixels.contains(x, y) ? full : before).pixel(x, y),
+                           got = partial.pixel(x, y);
+                // Antialiased edges may round one step apart.
+                differing += std::abs(qRed(want) - qRed(got)) > 2 ||
+                             std::abs(qGreen(want) - qGreen(got)) > 2 ||
+                             std::abs(qBlue(want) - qBlue(got)) > 2;
+            }
+        QCOMPARE(differing, 0);
+    }
+
+    void redrawsWhileOneLongLayerDraws() {
+        Scene s(kFullRed);
+        QTRY_VERIFY_WITH_TIMEOUT(s.idle(), kTimeout);
+        s.layers[0]->renderMs = 60000;
+        HOSignalCounter redraws(s.view->RedrawSignal);
+        s.view->RefreshMap(false, HORect());
+        QTRY_VERIFY_WITH_TIMEOUT(redraws.count >= 3, kTimeout);
+        QCOMPARE(s.layers[0]->completed.load(), 1);  // all of them from inside the one render
+        s.view->StopRender(true);
     }
 
     void resizeDragRendersOnce() {

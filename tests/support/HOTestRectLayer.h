@@ -1,8 +1,8 @@
 #pragma once
 // A test layer that fills one rectangle (map units) with a colour. It can be made slow: it then takes
-// `renderMs` per render, polling the cancel flag every millisecond as real layers do, so tests can
-// cancel a render mid-way. It counts how often it was asked to render and how often it gave up.
-// Header-only: only tests that link the map library include it.
+// `renderMs` per render, polling the cancel flag and reporting progress every millisecond as real
+// layers do, so tests can cancel a render mid-way. It counts how often it was asked to render and how often
+// it gave up. Header-only: only tests that link the map library include it.
 #include <QColor>
 #include <QPainter>
 #include <atomic>
@@ -34,6 +34,7 @@ public:
                 ++cancelled;
                 return;
             }
+            context.ReportProgress();
             std::this_thread::sleep_for(std::chrono::milliseconds(1));
         }
         const HXObjects::HOPoint a = context.transform.ToDevice({m_rect.minx, m_rect.maxy});

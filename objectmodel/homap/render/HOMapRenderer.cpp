@@ -1,11 +1,13 @@
 #include "HOMapRenderer.h"
 
 #include <QPainter>
+#include <QtMath>
 
 #include "HOCoordinateSystem.h"
 #include "HOLayer.h"
 #include "HOLayerBlend.h"
 #include "HORenderContext.h"
+#include "render/private/HORenderTasks.h"
 
 namespace HXObjects {
 
@@ -41,7 +43,8 @@ void HOMapRenderer::Stop(bool wait) {
     m_pending.reset();
     m_carryOver = false;
     if (m_running) m_cancel->Cancel();
-    if (wait && std::this_thread::get_id() != m_thread.get_id())
+    // A callback run by the render thread or a worker must not wait for the render it is part of.
+    if (wait && std::this_thread::get_id() != m_thread.get_id() && !HORenderTasks::InJob())
         m_idle.wait(lock, [this] { return !m_running; });
 }
 
@@ -155,33 +158,38 @@ bool HOMapRenderer::render(HORenderRequest& request) {
     }
     const auto layers = request.map->GetLayers(true);
     keepCachesOf(layers);
-    if (request.redrawAll) {
+    if (!request.redrawEverywhere.isEmpty()) {
         // Named one by one, so that a render cancelled half-way carries over only the rest.
-        for (const auto& layer : layers) request.redrawLayers.insert(layer->GetLayerId());
-        request.redrawAll = false;
+        for (const auto& layer : layers)
+            request.redrawLayers[layer->GetLayerId()] += request.redrawEverywhere;
+        request.redrawEverywhere = QRegion();
     }
     const HORefPtr<HOCoordinateSystem> system = request.map->GetSpatialReference();
-    auto lastRedraw = Clock::now();
-    for (const auto& layer : layers) {
-        if (m_cancel->IsCancelled()) return false;
-        if (!layer->IsVisible() || layer->GetLayerType() == HOLayer::GraphicsLayer) continue;
-        const auto cached = m_layerPictures.find(layer->GetLayerId());
-        const bool current = cached != m_layerPictures.end() && cached->second.IsAt(request.transform) &&
-                             cached->second.image.size() == request.PictureSize();
-        if (current && !request.MustRedraw(layer->GetLayerId())) continue;
-        if (!renderLayer(*layer, request, system.get())) return false;
-        // Drawn: a carried-over request need not draw it again.
-        request.redrawLayers.erase(layer->GetLayerId());
-        m_labels.Invalidate();
-        {
-            std::unique_lock<std::mutex> lock(m_mutex);
-            fireDueTicks(lock);
+    Pass pass{layers, request, system.get(), 0, {}};
+    m_lastProgress = Clock::now().time_since_epoch();
+    {
+        // Independent layers draw at once, each into its own picture, on the render workers.
+        std::vector<std::pair<HOLayer*, QRegion>> work;
+        for (const auto& layer : layers) {
+            if (!layer->IsVisible() || layer->GetLayerType() == HOLayer::GraphicsLayer) continue;
+            const QRegion area = areaToDraw(*layer, request);
+            if (!area.isEmpty()) work.emplace_back(layer.get(), area);
         }
-        if (Clock::now() - lastRedraw >= kRedrawInterval) {
-            publish(layers, request);
-            if (m_callbacks.redraw) m_callbacks.redraw();
-            lastRedraw = Clock::now();
-        }
+        pass.unfinished = int(work.size());
+        HORenderTasks tasks;
+        for (const auto& [layer, area] : work)
+            tasks.Add([this, &pass, layer = layer, area = area] { drawLayer(pass, *layer, area); });
+        tasks.Wait();
+    }
+    for (const int drawn : pass.drawn) request.redrawLayers.erase(drawn);
+    {
+        std::lock_guard<std::mutex> lock(m_picturesMutex);
+        m_partPictures.clear();
+    }
+    if (!pass.drawn.empty()) m_labels.Invalidate();
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        fireDueTicks(lock);
     }
     if (m_cancel->IsCancelled()) return false;
     if (!m_labels.IsCurrent(request) && !m_labels.Render(layers, request, system.get(), m_cancel))
@@ -191,42 +199,156 @@ bool HOMapRenderer::render(HORenderRequest& request) {
     return true;
 }
 
-bool HOMapRenderer::renderLayer(HOLayer& layer, const HORenderRequest& request,
-                                const HOCoordinateSystem* system) {
-    QImage image = request.Picture();
-    if (image.isNull()) return false;
-    image.fill(Qt::transparent);
-    {
-        QPainter painter(&image);
-        painter.setRenderHint(QPainter::Antialiasing, true);
-        HORenderContext context = request.Context(system, m_cancel);
-        context.painter = &painter;
-        layer.Render(context);
+QRegion HOMapRenderer::areaToDraw(const HOLayer& layer, const HORenderRequest& request) const {
+    const auto cached = m_layerPictures.find(layer.GetLayerId());
+    const bool current = cached != m_layerPictures.end() && cached->second.IsAt(request.transform) &&
+                         cached->second.image.size() == request.PictureSize();
+    return current ? request.RedrawArea(layer.GetLayerId()).intersected(request.Whole()) : request.Whole();
+}
+
+void HOMapRenderer::drawLayer(Pass& pass, HOLayer& layer, const QRegion& area) {
+    const HORenderRequest& request = pass.request;
+    const int id = layer.GetLayerId();
+    bool drawn = true;
+    if (area == QRegion(request.Whole())) {
+        QImage image = drawLayerPart(pass, layer, request.Whole(), true);
+        if (!image.isNull() && !m_cancel->IsCancelled()) {
+            HOViewFrame replaced{std::move(image), request.transform};
+            {
+                std::lock_guard<std::mutex> lock(m_picturesMutex);
+                std::swap(m_layerPictures[id], replaced);
+            }
+            recycle(std::move(replaced.image));
+        } else {
+            drawn = false;
+        }
+    } else {
+        for (const QRect& rect : area) {
+            // Features just outside may reach in with their symbols: drawn in a margin, kept within.
+            const QRect around = rect.adjusted(-kSymbolMargin, -kSymbolMargin, kSymbolMargin, kSymbolMargin);
+            const QImage part = drawLayerPart(pass, layer, around, false);
+            if (part.isNull() || m_cancel->IsCancelled()) {
+                drawn = false;
+                break;
+            }
+            std::lock_guard<std::mutex> lock(m_picturesMutex);
+            // Published frames hold the picture's old pixels: the write below detaches it from them.
+            QPainter painter(&m_layerPictures[id].image);
+            painter.setCompositionMode(QPainter::CompositionMode_Source);
+            const double ratio = request.devicePixelRatio;
+            const QRectF inPart(QPointF(rect.topLeft() - around.topLeft()) * ratio, QSizeF(rect.size()) * ratio);
+            painter.drawImage(QRectF(rect), part, inPart);
+        }
     }
-    // A cancelled layer's picture is incomplete: keep the old one for the preview.
-    if (m_cancel->IsCancelled()) return false;
-    m_layerPictures[layer.GetLayerId()] = HOViewFrame{std::move(image), request.transform};
-    return true;
+    bool last = false;
+    {
+        std::lock_guard<std::mutex> lock(m_picturesMutex);
+        if (drawn) pass.drawn.push_back(id);
+        m_partPictures.erase(id);
+        last = --pass.unfinished == 0;
+    }
+    // The final picture follows at once after the last layer.
+    if (!last && progressDue()) showProgress(pass);
+}
+
+QImage HOMapRenderer::drawLayerPart(Pass& pass, HOLayer& layer, const QRect& pixels, bool progressive) {
+    QImage image = freshImage(pixels.size(), pass.request.devicePixelRatio);
+    if (image.isNull()) return image;
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    HORenderContext context = pass.request.Context(pass.system, m_cancel);
+    // The same pixels as in the whole picture, moved by whole pixels: drawn alike.
+    HODisplayTransform moved = pass.request.transform;
+    moved.deviceLeft -= pixels.x();
+    moved.deviceTop -= pixels.y();
+    context.SetArea(moved, HOSize(pixels.width(), pixels.height()));
+    context.painter = &painter;
+    if (progressive)
+        context.progress = [this, &pass, &image, id = layer.GetLayerId()] {
+            if (!progressDue()) return;
+            {
+                std::lock_guard<std::mutex> lock(m_picturesMutex);
+                m_partPictures[id] = HOViewFrame{image.copy(), pass.request.transform};
+            }
+            showProgress(pass);
+        };
+    layer.Render(context);
+    painter.end();
+    return image;
+}
+
+bool HOMapRenderer::progressDue() {
+    const auto now = Clock::now().time_since_epoch();
+    auto last = m_lastProgress.load();
+    return now - last >= kRedrawInterval && m_lastProgress.compare_exchange_strong(last, now);
+}
+
+void HOMapRenderer::showProgress(const Pass& pass) {
+    publish(pass.layers, pass.request);
+    if (m_callbacks.redraw) m_callbacks.redraw();
 }
 
 void HOMapRenderer::publish(const std::vector<HORefPtr<HOLayer>>& layers, const HORenderRequest& request) {
-    HOViewFrame frame{request.Picture(), request.transform};
+    // One composition at a time: the render thread and the workers showing progress may both ask.
+    std::lock_guard<std::mutex> composing(m_publishMutex);
+    HOViewFrame frame{freshImage(request.Whole().size(), request.devicePixelRatio), request.transform};
     if (frame.image.isNull()) return;
     frame.image.fill(request.map->GetBackgroundColor().toQColor());
+    std::vector<std::pair<const HOLayer*, HOViewFrame>> pictures;
     {
-        QPainter painter(&frame.image);
+        std::lock_guard<std::mutex> lock(m_picturesMutex);
         for (const auto& layer : layers) {
             if (!layer->IsVisible()) continue;
-            const auto cached = m_layerPictures.find(layer->GetLayerId());
-            if (cached == m_layerPictures.end()) continue;
+            const int id = layer->GetLayerId();
+            const auto part = m_partPictures.find(id);
+            const auto cached = m_layerPictures.find(id);
+            if (part != m_partPictures.end())
+                pictures.emplace_back(layer.get(), part->second);
+            else if (cached != m_layerPictures.end())
+                pictures.emplace_back(layer.get(), cached->second);
+        }
+    }
+    {
+        QPainter painter(&frame.image);
+        for (const auto& [layer, picture] : pictures) {
             painter.setOpacity(layer->GetOpacity());
             painter.setCompositionMode(HOLayerBlend::ModeOf(layer->GetComposition()));
-            cached->second.DrawInto(painter, request.transform);
+            picture.DrawInto(painter, request.transform);
         }
+        painter.setOpacity(1.0);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
         m_labels.DrawInto(painter, request.transform);
     }
-    std::lock_guard<std::mutex> lock(m_frameMutex);
-    std::swap(m_frame, frame);
+    {
+        std::lock_guard<std::mutex> lock(m_frameMutex);
+        std::swap(m_frame, frame);
+    }
+    recycle(std::move(frame.image));
+}
+
+QImage HOMapRenderer::freshImage(const QSize& size, double ratio) {
+    // `size` logical pixels at the device pixel ratio: a painter on it draws in logical pixels.
+    const QSize pixels(qCeil(size.width() * ratio), qCeil(size.height() * ratio));
+    {
+        std::lock_guard<std::mutex> lock(m_spareMutex);
+        for (auto it = m_spareImages.begin(); it != m_spareImages.end(); ++it) {
+            if (it->size() != pixels || it->devicePixelRatio() != ratio) continue;
+            QImage image = std::move(*it);
+            m_spareImages.erase(it);
+            return image;
+        }
+    }
+    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    return image;
+}
+
+void HOMapRenderer::recycle(QImage image) {
+    // Only a picture nobody else holds: a frame still shown, or a picture being composed, is not.
+    if (image.isNull() || !image.isDetached()) return;
+    std::lock_guard<std::mutex> lock(m_spareMutex);
+    if (m_spareImages.size() < kSpareImages) m_spareImages.push_back(std::move(image));
 }
 
 void HOMapRenderer::keepCachesOf(const std::vector<HORefPtr<HOLayer>>& layers) {
@@ -234,6 +356,7 @@ void HOMapRenderer::keepCachesOf(const std::vector<HORefPtr<HOLayer>>& layers) {
     for (const auto& layer : layers) {
         if (layer->IsVisible()) wanted.insert(layer->GetLayerId());
     }
+    std::lock_guard<std::mutex> lock(m_picturesMutex);
     for (auto it = m_layerPictures.begin(); it != m_layerPictures.end();) {
         it = wanted.count(it->first) ? std::next(it) : m_layerPictures.erase(it);
     }

@@ -1,12 +1,16 @@
 #pragma once
-// HOMapRenderer: a map view's render thread. It draws each visible layer, in map order, into a picture
-// of its own, keeps those pictures while the view does not move, and publishes a composed frame (the
-// background and every layer) that the view's Draw() blits. A new request cancels the running one
-// through the view's track-cancel flag; the unfinished work is carried over. Layers not yet drawn at
-// the new place are shown moved and scaled from their last picture, so the frame is never blank.
+// HOMapRenderer: a map view's render thread. It has each visible layer drawn into a picture of its own
+// — independent layers at once, on the shared render workers — keeps those pictures while the view
+// does not move, and publishes a composed frame (the background, every layer and the labels) that
+// the view's Draw() blits. A refresh of an area draws only that area of the pictures again. A new
+// request cancels the running one through the view's track-cancel flag; the unfinished work is carried
+// over. Layers not yet drawn at the new place are shown moved and scaled from their last picture, so
+// the frame is never blank; a long layer shows what it has drawn so far every kRedrawInterval.
 //
 // Owned by its map view; the destructor stops and joins the thread. The callbacks run on the render
-// thread (and only there), with no lock held.
+// thread or a render worker, never two at once for progress, and with no lock held.
+#include <QRegion>
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <functional>
@@ -45,7 +49,7 @@ public:
     // Starts rendering `delayMs` after the last request (0: at once); cancels the running render.
     void Request(HORenderRequest request, int delayMs);
     // Cancels the running render and drops the waiting one; with wait, returns once the thread is
-    // idle (not when called from the render thread itself).
+    // idle (not when called from the render thread itself or a render worker, as a callback).
     void Stop(bool wait);
     // While paused nothing renders; the running render is cancelled and resumes with ResumeRender.
     void Pause();
@@ -65,9 +69,34 @@ private:
     bool waitForWork(std::unique_lock<std::mutex>& lock);
     // Called and returns with the lock held; the callback runs without it.
     bool fireDueTicks(std::unique_lock<std::mutex>& lock);
+    // One render's shared state, for the layers drawing at once.
+    struct Pass {
+        const std::vector<HORefPtr<HOLayer>>& layers;
+        const HORenderRequest& request;
+        const HOCoordinateSystem* system;
+        int unfinished = 0;      // layers still drawing; under m_picturesMutex
+        std::vector<int> drawn;  // ids of the layers drawn in full; under m_picturesMutex
+    };
+    // Room around an area drawn again, for the symbols of features just outside it (pixels).
+    static constexpr int kSymbolMargin = 64;
+    static constexpr std::size_t kSpareImages = 3;
+
     // True when the whole request was drawn, false when cancelled.
     bool render(HORenderRequest& request);
-    bool renderLayer(HOLayer& layer, const HORenderRequest& request, const HOCoordinateSystem* system);
+    // What of the layer's picture must be drawn: all of it when it is not at the request's place.
+    QRegion areaToDraw(const HOLayer& layer, const HORenderRequest& request) const;
+    // On a render worker: draws the area of the layer's picture, keeps it unless cancelled.
+    void drawLayer(Pass& pass, HOLayer& layer, const QRegion& area);
+    // The layer's pixels within `pixels` of the whole picture; progressive: shows its progress.
+    QImage drawLayerPart(Pass& pass, HOLayer& layer, const QRect& pixels, bool progressive);
+    // True (once) when kRedrawInterval has passed since the last progress was shown.
+    bool progressDue();
+    void showProgress(const Pass& pass);
+    // An image of that size, not cleared: a spare one when there is, else a new one. Fresh pages of a
+    // new full-size image cost the kernel more than drawing a whole map into a reused one.
+    QImage freshImage(const QSize& size, double ratio);
+    // Keeps a picture no longer used as a spare.
+    void recycle(QImage image);
     void publish(const std::vector<HORefPtr<HOLayer>>& layers, const HORenderRequest& request);
     void keepCachesOf(const std::vector<HORefPtr<HOLayer>>& layers);
 
@@ -88,9 +117,15 @@ private:
     mutable std::mutex m_frameMutex;  // guards m_frame
     HOViewFrame m_frame;
 
-    std::map<int, HOViewFrame> m_layerPictures;  // render thread only; by layer id
-    HOLabelPass m_labels;                        // render thread only
-    std::thread m_thread;                        // last: starts once everything above exists
+    std::mutex m_spareMutex;  // guards m_spareImages
+    std::vector<QImage> m_spareImages;
+    std::mutex m_publishMutex;   // held while a frame is composed
+    std::mutex m_picturesMutex;  // guards the two maps below (between render thread and workers)
+    std::map<int, HOViewFrame> m_layerPictures;  // by layer id
+    std::map<int, HOViewFrame> m_partPictures;   // a layer's picture so far, while it draws
+    std::atomic<Clock::duration> m_lastProgress{Clock::duration::zero()};
+    HOLabelPass m_labels;  // render thread only (and publish, while no layer draws or under m_publishMutex)
+    std::thread m_thread;  // last: starts once everything above exists
 };
 
 }  // namespace HXObjects

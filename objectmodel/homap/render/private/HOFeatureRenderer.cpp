@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "render/private/HOFeaturePainter.h"
+#include "render/private/HORenderTasks.h"
 
 namespace HXObjects {
 
@@ -43,9 +44,14 @@ void HOFeatureRenderer::Render() {
 bool HOFeatureRenderer::draw(QPainter& painter, Range features, bool highlighted) const {
     HOFeaturePainter featurePainter(painter, m_store, m_context.transform);
     const HOFeatureTopology& topology = m_store.Topology();
+    // Only the context's own painter shows progress: a part drawn aside is not in its picture yet.
+    const bool reports = &painter == m_context.painter;
     std::size_t done = 0;
     for (const uint32_t* f = features.first; f != features.second; ++f) {
-        if (++done % cancelPollInterval == 0 && m_context.IsCancelled()) return false;
+        if (++done % cancelPollInterval == 0) {
+            if (m_context.IsCancelled()) return false;
+            if (reports) m_context.ReportProgress();
+        }
         if (topology.IsMixed(*f)) {
             drawMembers(featurePainter, *f, highlighted);
             continue;
@@ -105,13 +111,14 @@ bool HOFeatureRenderer::drawInTwo(Range features) const {
     upper.fill(Qt::transparent);
     const uint32_t* middle = balancedMiddle(features);
     bool upperDone = false;
-    std::thread worker([&] {
+    HORenderTasks upperHalf;
+    upperHalf.Add([&] {
         QPainter upperPainter(&upper);
         upperPainter.setRenderHints(painter.renderHints());
         upperDone = draw(upperPainter, {middle, features.second}, false);
     });
     const bool lowerDone = draw(painter, {features.first, middle}, false);
-    worker.join();
+    upperHalf.Wait();
     if (!lowerDone || !upperDone) return false;
     painter.drawImage(0, 0, upper);
     return true;

@@ -1,7 +1,8 @@
 #pragma once
 // HOFeatureRenderer: one render of a feature layer. Finds the features meeting the visible extent,
-// draws them in source order — split over two threads into two pictures composed in order when the
-// load is large and the target is a plain image — and then the selected ones, emphasised, on top.
+// draws them in source order — split in two pictures composed in order, the second drawn on a render
+// worker, when the load is large and the target is a plain image — and then the selected ones,
+// emphasised, on top. Reports progress through the context while it draws.
 #include <vector>
 
 #include "source/private/HOFeatureStore.h"
