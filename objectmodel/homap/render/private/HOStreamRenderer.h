@@ -1,0 +1,42 @@
+#pragma once
+// HOStreamRenderer: one render of a layer drawn from its source (HOFeatureStream). At a scale where
+// the layer's overview is within a pixel of the source, draws the overview from memory; otherwise
+// reads the features meeting the visible extent through the source's spatial index, batch by
+// batch, and draws each batch as it arrives — the picture fills in progressively, and the
+// per-batch callback lets the caller show it meanwhile. Features in another coordinate system
+// than the map's are carried over batch by batch.
+#include <functional>
+
+#include "HORenderContext.h"
+#include "render/private/HOFeatureStyleSet.h"
+
+namespace HXObjects {
+
+class HOFeatureOverview;
+class HOFeatureStore;
+class HOFeatureStream;
+
+class HOStreamRenderer {
+public:
+    // `layerSystem`: the features' system (null: the map's).
+    HOStreamRenderer(const HOFeatureStream& stream, const HOFeatureOverview* overview,
+                     const HOFeatureStyleSet& styles, const HORenderContext& context,
+                     const HOCoordinateSystem* layerSystem);
+
+    // Called on the render thread after each batch is drawn.
+    void SetBatchDrawn(std::function<void()> batchDrawn) { m_batchDrawn = std::move(batchDrawn); }
+    void Render();
+
+private:
+    bool drawBatch(const HOFeatureStore& batch) const;
+    bool needsProjection() const;
+
+    const HOFeatureStream& m_stream;
+    const HOFeatureOverview* m_overview;
+    const HOFeatureStyleSet& m_styles;
+    const HORenderContext& m_context;
+    const HOCoordinateSystem* m_layerSystem;
+    std::function<void()> m_batchDrawn;
+};
+
+}  // namespace HXObjects

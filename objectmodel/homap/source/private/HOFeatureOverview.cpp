@@ -1,0 +1,72 @@
+#include "source/private/HOFeatureOverview.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+
+#include "source/private/HOFeatureStream.h"
+
+namespace HXObjects {
+
+namespace {
+
+constexpr std::size_t batchSize = 65536;
+
+}  // namespace
+
+HOFeatureOverview::HOFeatureOverview(std::shared_ptr<const HOFeatureStream> stream, double resolution)
+    : m_stream(std::move(stream)),
+      m_tolerance(std::max(m_stream->Extent().max.x - m_stream->Extent().min.x,
+                           m_stream->Extent().max.y - m_stream->Extent().min.y) /
+                  resolution) {
+    m_store = std::async(std::launch::async, [this] { return build(); }).share();
+}
+
+HOFeatureOverview::~HOFeatureOverview() {
+    m_stop = true;
+    m_store.wait();
+}
+
+std::shared_ptr<const HOFeatureStore> HOFeatureOverview::Store() const {
+    if (m_store.wait_for(std::chrono::seconds(0)) != std::future_status::ready) return nullptr;
+    return m_store.get();
+}
+
+std::shared_ptr<const HOFeatureStore> HOFeatureOverview::build() const {
+    if (!(m_tolerance > 0)) return nullptr;
+    auto topology = std::make_shared<HOFeatureTopology>();
+    topology->Reserve(m_stream->FeatureCount());
+    std::vector<HOVertex> vertices;
+    std::vector<HOBox> boxes;
+    boxes.reserve(m_stream->FeatureCount());
+    const bool complete = m_stream->Read(m_stream->Extent(), batchSize, [&](const HOFeatureStore& batch) {
+        for (std::size_t f = 0; f < batch.FeatureCount(); ++f) {
+            appendSimplified(batch, f, *topology, vertices);
+            boxes.push_back(batch.FeatureBox(f));
+        }
+        return !m_stop.load();
+    });
+    if (!complete) return nullptr;
+    topology->Compact();
+    vertices.shrink_to_fit();
+    return std::make_shared<const HOFeatureStore>(topology, std::move(vertices), std::move(boxes));
+}
+
+void HOFeatureOverview::appendSimplified(const HOFeatureStore& batch, std::size_t feature,
+                                         HOFeatureTopology& topology, std::vector<HOVertex>& vertices) const {
+    const HOFeatureTopology& t = batch.Topology();
+    const HOVertex* v = batch.Vertices().data();
+    for (uint32_t part = t.PartBegin(feature); part < t.PartEnd(feature); ++part) {
+        const uint32_t begin = t.VertexBegin(part), end = t.VertexEnd(part);
+        vertices.push_back(v[begin]);
+        for (uint32_t i = begin + 1; i < end; ++i) {
+            const HOVertex& last = vertices.back();
+            if (i + 1 == end || std::fabs(v[i].x - last.x) > m_tolerance || std::fabs(v[i].y - last.y) > m_tolerance)
+                vertices.push_back(v[i]);
+        }
+        topology.EndPart(uint32_t(vertices.size()), t.PartKind(feature, part));
+    }
+    topology.EndFeature(t.Kind(feature), t.Id(feature));
+}
+
+}  // namespace HXObjects
