@@ -12,7 +12,7 @@ namespace {
 
 // Large enough that a batch's overhead (one query step, one painter setup) is small, small enough
 // that the first batch of a dense view shows well within a tenth of a second.
-constexpr std::size_t batchSize = 20000;
+constexpr std::size_t batchSize = 4096;
 
 }  // namespace
 
@@ -27,14 +27,29 @@ bool HOStreamRenderer::needsProjection() const {
 
 void HOStreamRenderer::Render() {
     if (!m_context.painter || m_context.extent.IsEmpty() || !(m_context.transform.unitsPerPixel > 0)) return;
-    const std::shared_ptr<const HOFeatureStore> overview = m_overview ? m_overview->Store() : nullptr;
-    if (overview && !needsProjection() && m_context.transform.unitsPerPixel >= m_overview->Tolerance()) {
-        HOFeatureRenderer(*overview, m_styles, m_context).Render();
-        return;
-    }
+    if (drawOverview()) return;
     const HORect area = HOExtentProjector::Project(m_context.extent, m_context.mapSystem, m_layerSystem);
     if (area.IsEmpty()) return;
-    m_stream.Read(HOBoxOf(area), batchSize, [this](const HOFeatureStore& batch) { return drawBatch(batch); });
+    // While the overview is being built a view at its scale is read from the source, until the
+    // overview is ready: it then draws the whole view over what was read, far sooner than the rest
+    // of the read would.
+    bool overviewReady = false;
+    m_stream.Read(HOBoxOf(area), batchSize, [&](const HOFeatureStore& batch) {
+        overviewReady = overviewFits() && m_overview->Store();
+        return !overviewReady && drawBatch(batch);
+    });
+    if (overviewReady) drawOverview();
+}
+
+bool HOStreamRenderer::overviewFits() const {
+    return m_overview && !needsProjection() && m_context.transform.unitsPerPixel >= m_overview->Tolerance();
+}
+
+bool HOStreamRenderer::drawOverview() const {
+    const std::shared_ptr<const HOFeatureStore> overview = overviewFits() ? m_overview->Store() : nullptr;
+    if (!overview) return false;
+    HOFeatureRenderer(*overview, m_styles, m_context).Render();
+    return true;
 }
 
 bool HOStreamRenderer::drawBatch(const HOFeatureStore& batch) const {

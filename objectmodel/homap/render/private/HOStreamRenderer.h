@@ -1,7 +1,7 @@
 #pragma once
 // HOStreamRenderer: one render of a layer drawn from its source (HOFeatureStream). At a scale where
-// the layer's overview is within a pixel of the source, draws the overview from memory; otherwise
-// reads the features meeting the visible extent through the source's spatial index, batch by
+// the layer's overview is within a pixel of the source, draws the overview from memory (once it is
+// built); otherwise reads the features meeting the visible extent through the source's spatial index, batch by
 // batch, and draws each batch as it arrives — the picture fills in progressively, and the
 // per-batch callback lets the caller show it meanwhile. Features in another coordinate system
 // than the map's are carried over batch by batch.
@@ -29,6 +29,10 @@ public:
 
 private:
     bool drawBatch(const HOFeatureStore& batch) const;
+    // Whether the view's scale is one the overview is drawn at.
+    bool overviewFits() const;
+    // Draws the overview when it fits and is ready; false when not.
+    bool drawOverview() const;
     bool needsProjection() const;
 
     const HOFeatureStream& m_stream;

@@ -14,8 +14,10 @@ constexpr std::size_t batchSize = 65536;
 
 }  // namespace
 
-HOFeatureOverview::HOFeatureOverview(std::shared_ptr<const HOFeatureStream> stream, double resolution)
+HOFeatureOverview::HOFeatureOverview(std::shared_ptr<const HOFeatureStream> stream, std::size_t budget,
+                                     double resolution)
     : m_stream(std::move(stream)),
+      m_budget(budget),
       m_tolerance(std::max(m_stream->Extent().max.x - m_stream->Extent().min.x,
                            m_stream->Extent().max.y - m_stream->Extent().min.y) /
                   resolution) {
@@ -27,9 +29,12 @@ HOFeatureOverview::~HOFeatureOverview() {
     m_store.wait();
 }
 
+bool HOFeatureOverview::IsBuilding() const {
+    return m_store.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
+}
+
 std::shared_ptr<const HOFeatureStore> HOFeatureOverview::Store() const {
-    if (m_store.wait_for(std::chrono::seconds(0)) != std::future_status::ready) return nullptr;
-    return m_store.get();
+    return IsBuilding() ? nullptr : m_store.get();
 }
 
 std::shared_ptr<const HOFeatureStore> HOFeatureOverview::build() const {
@@ -44,12 +49,21 @@ std::shared_ptr<const HOFeatureStore> HOFeatureOverview::build() const {
             appendSimplified(batch, f, *topology, vertices);
             boxes.push_back(batch.FeatureBox(f));
         }
-        return !m_stop.load();
+        // The first batch tells the size of the rest closely enough to spare the copies (and the
+        // doubled peak) of a growing array.
+        if (boxes.size() == batch.FeatureCount())
+            vertices.reserve(std::size_t(double(vertices.size()) / double(boxes.size()) *
+                                         double(m_stream->FeatureCount()) * 1.1));
+        const std::size_t bytes = vertices.size() * sizeof(HOVertex) + boxes.capacity() * sizeof(HOBox) +
+                                  topology->Bytes();
+        return !m_stop.load() && bytes <= m_budget;
     });
     if (!complete) return nullptr;
-    topology->Compact();
-    vertices.shrink_to_fit();
-    return std::make_shared<const HOFeatureStore>(topology, std::move(vertices), std::move(boxes));
+    topology->Compact();  // the vertices are not shrunk to fit: the copy would double the peak
+    // Drawn only at scales where a view covers much of the layer, which is scanned faster than
+    // looked up: no index, and none of the memory its packing takes.
+    return std::make_shared<const HOFeatureStore>(topology, std::move(vertices), std::move(boxes),
+                                                  HOFeatureStore::Indexing::None);
 }
 
 void HOFeatureOverview::appendSimplified(const HOFeatureStore& batch, std::size_t feature,
@@ -58,13 +72,16 @@ void HOFeatureOverview::appendSimplified(const HOFeatureStore& batch, std::size_
     const HOVertex* v = batch.Vertices().data();
     for (uint32_t part = t.PartBegin(feature); part < t.PartEnd(feature); ++part) {
         const uint32_t begin = t.VertexBegin(part), end = t.VertexEnd(part);
+        const std::size_t first = vertices.size();
         vertices.push_back(v[begin]);
         for (uint32_t i = begin + 1; i < end; ++i) {
             const HOVertex& last = vertices.back();
             if (i + 1 == end || std::fabs(v[i].x - last.x) > m_tolerance || std::fabs(v[i].y - last.y) > m_tolerance)
                 vertices.push_back(v[i]);
         }
-        topology.EndPart(uint32_t(vertices.size()), t.PartKind(feature, part));
+        const HOFeatureKind kind = t.PartKind(feature, part);
+        if (kind == HOFeatureKind::Polygon && vertices.size() - first < 4) vertices.resize(first + 1);
+        topology.EndPart(uint32_t(vertices.size()), kind);
     }
     topology.EndFeature(t.Kind(feature), t.Id(feature));
 }

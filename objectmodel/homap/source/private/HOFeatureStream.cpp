@@ -22,14 +22,6 @@ std::shared_ptr<const HOFeatureStore> storeOf(HOOgrGeometryReader& reader) {
                                                   std::move(reader.Boxes()), HOFeatureStore::Indexing::None);
 }
 
-void ignoreAttributes(OGRLayer* layer) {
-    CPLStringList names;
-    OGRFeatureDefn* defn = layer->GetLayerDefn();
-    for (int i = 0; i < defn->GetFieldCount(); ++i) names.AddString(defn->GetFieldDefn(i)->GetNameRef());
-    names.AddString("OGR_STYLE");
-    layer->SetIgnoredFields(const_cast<const char**>(names.List()));
-}
-
 }  // namespace
 
 struct HOFeatureStream::Handle {
@@ -90,7 +82,7 @@ std::unique_ptr<HOFeatureStream::Handle> HOFeatureStream::open() const {
     handle->dataset = HOGdalOpener::OpenVector(m_path);
     handle->layer = handle->dataset ? handle->dataset->GetLayerByName(m_layerName.c_str()) : nullptr;
     if (!handle->layer) return nullptr;
-    ignoreAttributes(handle->layer);
+    HOOgrGeometryReader::SkipAttributes(handle->layer);
     return handle;
 }
 

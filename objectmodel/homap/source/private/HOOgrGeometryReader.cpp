@@ -14,13 +14,7 @@ namespace {
 // Skips every attribute field while reading and restores them on leaving.
 class IgnoreAttributes {
 public:
-    explicit IgnoreAttributes(OGRLayer* layer) : m_layer(layer) {
-        CPLStringList names;
-        OGRFeatureDefn* defn = layer->GetLayerDefn();
-        for (int i = 0; i < defn->GetFieldCount(); ++i) names.AddString(defn->GetFieldDefn(i)->GetNameRef());
-        names.AddString("OGR_STYLE");
-        layer->SetIgnoredFields(const_cast<const char**>(names.List()));
-    }
+    explicit IgnoreAttributes(OGRLayer* layer) : m_layer(layer) { HOOgrGeometryReader::SkipAttributes(layer); }
     ~IgnoreAttributes() { m_layer->SetIgnoredFields(nullptr); }
 
 private:
@@ -48,6 +42,14 @@ bool finite(const HOVertex& v) {
 }
 
 }  // namespace
+
+void HOOgrGeometryReader::SkipAttributes(OGRLayer* layer) {
+    CPLStringList names;
+    OGRFeatureDefn* defn = layer->GetLayerDefn();
+    for (int i = 0; i < defn->GetFieldCount(); ++i) names.AddString(defn->GetFieldDefn(i)->GetNameRef());
+    names.AddString("OGR_STYLE");
+    layer->SetIgnoredFields(const_cast<const char**>(names.List()));
+}
 
 void HOOgrGeometryReader::Read(OGRLayer* layer) {
     IgnoreAttributes ignore(layer);

@@ -16,6 +16,8 @@ class HOFeatureStore;
 class HOOgrGeometryReader {
 public:
     void Read(OGRLayer* layer);
+    // Makes the layer's reads skip every attribute field (until SetIgnoredFields(nullptr)).
+    static void SkipAttributes(OGRLayer* layer);
     // For building a store feature by feature: one feature of OGR geometry (null for none), or a
     // copy of one feature of a store; Finish() once the last is in.
     void AppendFeature(const OGRGeometry* geometry, int64_t id);
