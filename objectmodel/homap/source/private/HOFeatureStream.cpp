@@ -56,7 +56,7 @@ private:
 
 bool HOFeatureStream::Exceeds(OGRLayer* layer, std::size_t budget) {
     const GIntBig count = layer->GetFeatureCount(FALSE);
-    if (count <= 0 || double(count) * bytesPerFeature <= double(budget) / 4) return false;
+    if (count <= 0 || double(count) * bytesPerFeature <= double(budget) / 1024) return false;  // surely fits
     HOOgrGeometryReader sample;
     layer->SetSpatialFilter(nullptr);
     layer->ResetReading();
