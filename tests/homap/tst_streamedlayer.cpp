@@ -84,15 +84,17 @@ private slots:
         QTest::addColumn<HORect>("extent");
         QTest::addColumn<bool>("fromOverview");  // else read from the source
         QTest::addColumn<std::vector<int>>("selected");
+        QTest::addColumn<int>("mapEpsg");  // 0: the layer's system; else the whole layer in that one
         const HORect whole(0, 1200, 0, 1200), zoomed(430, 460, 230, 260);
         for (const QString suffix : {"gpkg", "shp"}) {
             QTest::addRow("%s, whole layer, overview", qPrintable(suffix)) << suffix << whole << true
-                                                                           << std::vector<int>{};
+                                                                           << std::vector<int>{} << 0;
             QTest::addRow("%s, deep zoom across edges, source", qPrintable(suffix))
-                << suffix << zoomed << false << std::vector<int>{};
+                << suffix << zoomed << false << std::vector<int>{} << 0;
         }
-        QTest::newRow("gpkg, selection over the source") << "gpkg" << zoomed << false << std::vector<int>{40, 41};
-        QTest::newRow("gpkg, selection over the overview") << "gpkg" << whole << true << std::vector<int>{5, 77};
+        QTest::newRow("gpkg, selection over the source") << "gpkg" << zoomed << false << std::vector<int>{40, 41} << 0;
+        QTest::newRow("gpkg, selection over the overview") << "gpkg" << whole << true << std::vector<int>{5, 77} << 0;
+        QTest::newRow("gpkg, another system, source") << "gpkg" << HORect() << false << std::vector<int>{} << 4490;
     }
 
     void drawsTheSamePicture() {
@@ -100,14 +102,17 @@ private slots:
         QFETCH(HORect, extent);
         QFETCH(bool, fromOverview);
         QFETCH(std::vector<int>, selected);
+        QFETCH(int, mapEpsg);
+        const HORefPtr<HOCoordinateSystem> system = mapEpsg ? HOCoordinateSystem::FromEpsg(mapEpsg) : nullptr;
+        if (system) extent = m_loaded[suffix]->GetExtentIn(system);
         HOFeatureLayer* streamed = m_streamed[suffix].get();
         // The overview is built on its own thread after the open; it holds the only geometry kept.
         if (fromOverview) QTRY_VERIFY_WITH_TIMEOUT(streamed->GetGeometryBytes() > 0, kTimeout);
         m_loaded[suffix]->SetSelectedIds(selected);
         streamed->SetSelectedIds(selected);
         const QSize size(240, 240);
-        const QImage expected = HOLayerFixture::Render({m_loaded[suffix].get()}, extent, size);
-        const QImage drawn = HOLayerFixture::Render({streamed}, extent, size);
+        const QImage expected = HOLayerFixture::Render({m_loaded[suffix].get()}, extent, size, system);
+        const QImage drawn = HOLayerFixture::Render({streamed}, extent, size, system);
         m_loaded[suffix]->ClearSelection();
         streamed->ClearSelection();
         QVERIFY(expected != HOLayerFixture::WhiteImage(size));

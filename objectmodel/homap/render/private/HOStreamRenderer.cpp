@@ -28,17 +28,36 @@ bool HOStreamRenderer::needsProjection() const {
 void HOStreamRenderer::Render() {
     if (!m_context.painter || m_context.extent.IsEmpty() || !(m_context.transform.unitsPerPixel > 0)) return;
     if (drawOverview()) return;
-    const HORect area = HOExtentProjector::Project(m_context.extent, m_context.mapSystem, m_layerSystem);
-    if (area.IsEmpty()) return;
+    const HOBox area = areaInLayer();
+    if (!area.IsValid()) return;
     // While the overview is being built a view at its scale is read from the source, until the
     // overview is ready: it then draws the whole view over what was read, far sooner than the rest
     // of the read would.
     bool overviewReady = false;
-    m_stream.Read(HOBoxOf(area), batchSize, [&](const HOFeatureStore& batch) {
+    m_stream.Read(area, batchSize, [&](const HOFeatureStore& batch) {
         overviewReady = overviewFits() && m_overview->Store();
         return !overviewReady && drawBatch(batch);
     });
     if (overviewReady) drawOverview();
+}
+
+HOBox HOStreamRenderer::areaInLayer() const {
+    if (!needsProjection()) return HOBoxOf(m_context.extent);
+    // The view's outline, densely sampled (a straight edge in one system is curved in another), in
+    // the layer's system. Not cut to what the layer's system is meant for: the data may reach past it.
+    constexpr int samples = 32;
+    const HORect& e = m_context.extent;
+    std::vector<HOVertex> outline;
+    for (int i = 0; i <= samples; ++i) {
+        const double fx = e.minx + e.Width() * i / samples, fy = e.miny + e.Height() * i / samples;
+        outline.insert(outline.end(), {{fx, e.miny}, {fx, e.maxy}, {e.minx, fy}, {e.maxx, fy}});
+    }
+    if (!HOExtentProjector::Project(outline, m_context.mapSystem, m_layerSystem)) return HOBox();
+    HOBox area;
+    for (const HOVertex& v : outline) area.Add(v);
+    // No point of the outline exists in the layer's system (a view of the whole world in a local
+    // one): whatever of the layer is visible may lie anywhere in it.
+    return area.IsValid() ? area : m_stream.Extent();
 }
 
 bool HOStreamRenderer::overviewFits() const {

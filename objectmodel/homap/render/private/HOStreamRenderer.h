@@ -34,6 +34,8 @@ private:
     // Draws the overview when it fits and is ready; false when not.
     bool drawOverview() const;
     bool needsProjection() const;
+    // The visible extent in the layer's system (invalid when there is no transformation).
+    HOBox areaInLayer() const;
 
     const HOFeatureStream& m_stream;
     const HOFeatureOverview* m_overview;
