@@ -7,8 +7,9 @@
 //   whole       the whole layer drawn from the overview
 //   zoom, pan   a view of an eighth of the layer's width at its centre, then moved a quarter of a
 //               view to the east: preview (first batch drawn) and final, read from the source
-// and the peak memory of the process; with --out, the pictures too. Where the peers file (view <TAB> peer <TAB> seconds, views
-// named whole, zoom, pan) has MapServer's time for a view, the final time is printed as a ratio.
+// and the peak memory of the process; with --out, the pictures too. Where the peers file (view <TAB> peer
+// <TAB> seconds, views named whole, zoom, pan) has MapServer's time for a view, the final time is printed as
+// a ratio.
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 #include <sys/resource.h>
@@ -156,8 +157,8 @@ int main(int argc, char** argv) {
     bench.SetOutput(parser.value(out));
 
     const double cx = (extent.min.x + extent.max.x) / 2, cy = (extent.min.y + extent.max.y) / 2;
-    const double width = std::max(extent.max.x - extent.min.x,
-                                  (extent.max.y - extent.min.y) * kSize.width() / kSize.height());
+    const double width =
+        std::max(extent.max.x - extent.min.x, (extent.max.y - extent.min.y) * kSize.width() / kSize.height());
     const HORect whole = viewOf(cx, cy, width), zoom = viewOf(cx, cy, width / 8),
                  pan = viewOf(cx + width / 32, cy, width / 8);
 

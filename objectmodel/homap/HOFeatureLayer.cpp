@@ -45,7 +45,10 @@ void HOFeatureLayer::Render(const HORenderContext& context) {
     std::unique_lock<std::mutex> lock(d->mutex);
     const HOFeatureStyleSet styles(d->style, d->custom->GetAllStyles(), d->selected, d->categories);
     lock.unlock();
-    if (d->stream) return HOStreamRenderer(*d->stream, d->overview.get(), styles, context, d->system.get()).Render();
+    if (d->stream) {
+        HOStreamRenderer(*d->stream, d->overview.get(), styles, context, d->system.get()).Render();
+        return;
+    }
     const std::shared_ptr<const HOFeatureStore> store = d->stores.StoreFor(context.mapSystem);
     if (!store) return;  // no transformation into the map's system
     HOFeatureRenderer(*store, styles, context).Render();
@@ -56,7 +59,8 @@ int HOFeatureLayer::GetFeatureCount() const {
 }
 
 std::size_t HOFeatureLayer::GetGeometryBytes() const {
-    const std::shared_ptr<const HOFeatureStore> held = d->overview ? d->overview->Store() : d->stores.Source();
+    const std::shared_ptr<const HOFeatureStore> held =
+        d->overview ? d->overview->Store() : d->stores.Source();
     return held ? held->GeometryBytes() : 0;
 }
 
@@ -242,7 +246,8 @@ HORefPtr<HOFeature> HOFeatureLayer::GetFeature(int id) const {
 }
 
 HORefPtr<HOGeometry> HOFeatureLayer::GetFeatureGeometry(int id) const {
-    const std::shared_ptr<const HOFeatureStore> store = d->stream ? d->stream->Feature(id) : d->stores.Source();
+    const std::shared_ptr<const HOFeatureStore> store =
+        d->stream ? d->stream->Feature(id) : d->stores.Source();
     if (!store) return nullptr;
     const HOFeatureTopology& t = store->Topology();
     const long feature = t.IndexOf(id);
@@ -348,7 +353,8 @@ bool HOFeatureLayer::Reload(HOString* error) {
 
 namespace HXObjects {
 
-std::vector<int> HOFeatureLayer::streamedIdsIn(const HORect& rect, const HOCoordinateSystem* rectSystem) const {
+std::vector<int> HOFeatureLayer::streamedIdsIn(const HORect& rect,
+                                               const HOCoordinateSystem* rectSystem) const {
     const HORect area = HOExtentProjector::Project(rect, rectSystem, d->system.get());
     if (!(area.maxx >= area.minx && area.maxy >= area.miny)) return {};
     const std::vector<int64_t> ids = d->stream->IdsMeeting(HOBoxOf(area));

@@ -26,7 +26,10 @@ std::vector<HOLayerFixture::Feature> rings() {
         QString wkt = QStringLiteral("POLYGON((");
         for (int i = 0; i <= 1440; ++i) {
             const double a = 2 * M_PI * (i % 1440) / 1440;
-            wkt += QStringLiteral("%1%2 %3").arg(i ? "," : "").arg(cx + r * std::cos(a)).arg(cy + r * std::sin(a));
+            wkt += QStringLiteral("%1%2 %3")
+                       .arg(i ? "," : "")
+                       .arg(cx + r * std::cos(a))
+                       .arg(cy + r * std::sin(a));
         }
         features.emplace_back((wkt + "))").toStdString());
     }
@@ -34,7 +37,8 @@ std::vector<HOLayerFixture::Feature> rings() {
 }
 
 bool near(QRgb p, QRgb q) {
-    return std::max({std::abs(qRed(p) - qRed(q)), std::abs(qGreen(p) - qGreen(q)), std::abs(qBlue(p) - qBlue(q))}) <= 32;
+    return std::max({std::abs(qRed(p) - qRed(q)), std::abs(qGreen(p) - qGreen(q)),
+                     std::abs(qBlue(p) - qBlue(q))}) <= 32;
 }
 
 // How many pixels of `drawn` have no pixel of the same colour in `expected` within `reach` pixels
@@ -47,9 +51,9 @@ int unmatchedPixels(const QImage& expected, const QImage& drawn, int reach) {
             for (int dy = -reach; dy <= reach && !matched; ++dy)
                 for (int dx = -reach; dx <= reach && !matched; ++dx) {
                     const QPoint at(x + dx, y + dy);
-                    matched = expected.rect().contains(at) &&
-                              (reach ? near(expected.pixel(at), drawn.pixel(x, y))
-                                     : expected.pixel(at) == drawn.pixel(x, y));
+                    matched =
+                        expected.rect().contains(at) && (reach ? near(expected.pixel(at), drawn.pixel(x, y))
+                                                               : expected.pixel(at) == drawn.pixel(x, y));
                 }
             count += !matched;
         }
@@ -87,14 +91,17 @@ private slots:
         QTest::addColumn<int>("mapEpsg");  // 0: the layer's system; else the whole layer in that one
         const HORect whole(0, 1200, 0, 1200), zoomed(430, 460, 230, 260);
         for (const QString suffix : {"gpkg", "shp"}) {
-            QTest::addRow("%s, whole layer, overview", qPrintable(suffix)) << suffix << whole << true
-                                                                           << std::vector<int>{} << 0;
+            QTest::addRow("%s, whole layer, overview", qPrintable(suffix))
+                << suffix << whole << true << std::vector<int>{} << 0;
             QTest::addRow("%s, deep zoom across edges, source", qPrintable(suffix))
                 << suffix << zoomed << false << std::vector<int>{} << 0;
         }
-        QTest::newRow("gpkg, selection over the source") << "gpkg" << zoomed << false << std::vector<int>{40, 41} << 0;
-        QTest::newRow("gpkg, selection over the overview") << "gpkg" << whole << true << std::vector<int>{5, 77} << 0;
-        QTest::newRow("gpkg, another system, source") << "gpkg" << HORect() << false << std::vector<int>{} << 4490;
+        QTest::newRow("gpkg, selection over the source")
+            << "gpkg" << zoomed << false << std::vector<int>{40, 41} << 0;
+        QTest::newRow("gpkg, selection over the overview")
+            << "gpkg" << whole << true << std::vector<int>{5, 77} << 0;
+        QTest::newRow("gpkg, another system, source")
+            << "gpkg" << HORect() << false << std::vector<int>{} << 4490;
     }
 
     void drawsTheSamePicture() {
@@ -137,7 +144,8 @@ private slots:
         HOFeatureLayer* streamed = m_streamed["gpkg"].get();
         const std::vector<int> ids = loaded->IdentifyIn(rect);
         QCOMPARE(streamed->IdentifyIn(rect), ids);
-        QCOMPARE(streamed->IdentifyAt(HOPoint(rect.minx, rect.miny), 1), loaded->IdentifyAt(HOPoint(rect.minx, rect.miny), 1));
+        QCOMPARE(streamed->IdentifyAt(HOPoint(rect.minx, rect.miny), 1),
+                 loaded->IdentifyAt(HOPoint(rect.minx, rect.miny), 1));
         QCOMPARE(streamed->SelectByRect(rect, false), int(ids.size()));
         QCOMPARE(streamed->GetSelectedIds(), ids);
         streamed->ClearSelection();

@@ -19,7 +19,11 @@ constexpr std::size_t batchSize = 4096;
 HOStreamRenderer::HOStreamRenderer(const HOFeatureStream& stream, const HOFeatureOverview* overview,
                                    const HOFeatureStyleSet& styles, const HORenderContext& context,
                                    const HOCoordinateSystem* layerSystem)
-    : m_stream(stream), m_overview(overview), m_styles(styles), m_context(context), m_layerSystem(layerSystem) {}
+    : m_stream(stream),
+      m_overview(overview),
+      m_styles(styles),
+      m_context(context),
+      m_layerSystem(layerSystem) {}
 
 bool HOStreamRenderer::needsProjection() const {
     return !HOExtentProjector::IsIdentity(m_layerSystem, m_context.mapSystem);

@@ -1,10 +1,10 @@
 #pragma once
 // HOStreamRenderer: one render of a layer drawn from its source (HOFeatureStream). At a scale where
 // the layer's overview is within a pixel of the source, draws the overview from memory (once it is
-// built); otherwise reads the features meeting the visible extent through the source's spatial index, batch by
-// batch, and draws each batch as it arrives — the picture fills in progressively, and the
-// per-batch callback lets the caller show it meanwhile. Features in another coordinate system
-// than the map's are carried over batch by batch.
+// built); otherwise reads the features meeting the visible extent through the source's spatial index, batch
+// by batch, and draws each batch as it arrives — the picture fills in progressively, and the per-batch
+// callback lets the caller show it meanwhile. Features in another coordinate system than the map's are
+// carried over batch by batch.
 #include <functional>
 
 #include "HORenderContext.h"

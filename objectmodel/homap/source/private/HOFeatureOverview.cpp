@@ -10,7 +10,8 @@ namespace HXObjects {
 
 namespace {
 
-constexpr std::size_t batchSize = 65536;
+// Small enough that a layer closed meanwhile stops the build within a fraction of a second.
+constexpr std::size_t batchSize = 16384;
 
 }  // namespace
 
@@ -54,8 +55,8 @@ std::shared_ptr<const HOFeatureStore> HOFeatureOverview::build() const {
         if (boxes.size() == batch.FeatureCount())
             vertices.reserve(std::size_t(double(vertices.size()) / double(boxes.size()) *
                                          double(m_stream->FeatureCount()) * 1.1));
-        const std::size_t bytes = vertices.size() * sizeof(HOVertex) + boxes.capacity() * sizeof(HOBox) +
-                                  topology->Bytes();
+        const std::size_t bytes =
+            vertices.size() * sizeof(HOVertex) + boxes.capacity() * sizeof(HOBox) + topology->Bytes();
         return !m_stop.load() && bytes <= m_budget;
     });
     if (!complete) return nullptr;
@@ -76,7 +77,8 @@ void HOFeatureOverview::appendSimplified(const HOFeatureStore& batch, std::size_
         vertices.push_back(v[begin]);
         for (uint32_t i = begin + 1; i < end; ++i) {
             const HOVertex& last = vertices.back();
-            if (i + 1 == end || std::fabs(v[i].x - last.x) > m_tolerance || std::fabs(v[i].y - last.y) > m_tolerance)
+            if (i + 1 == end || std::fabs(v[i].x - last.x) > m_tolerance ||
+                std::fabs(v[i].y - last.y) > m_tolerance)
                 vertices.push_back(v[i]);
         }
         const HOFeatureKind kind = t.PartKind(feature, part);

@@ -62,7 +62,8 @@ HOBox HOFeatureStore::FeatureBox(std::size_t feature) const {
 }
 
 bool HOFeatureStore::IsIndexReady() const {
-    return !m_indexReady.valid() || m_indexReady.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+    return !m_indexReady.valid() ||
+           m_indexReady.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
 }
 
 std::vector<uint32_t> HOFeatureStore::FeaturesIn(const HOBox& area) const {

@@ -72,7 +72,8 @@ bool HOFeatureStream::Exceeds(OGRLayer* layer, std::size_t budget) {
     return perFeature * double(count) > double(budget);
 }
 
-HOFeatureStream::HOFeatureStream(std::string path, std::string layerName, const HOBox& extent, std::size_t count)
+HOFeatureStream::HOFeatureStream(std::string path, std::string layerName, const HOBox& extent,
+                                 std::size_t count)
     : m_path(std::move(path)), m_layerName(std::move(layerName)), m_extent(extent), m_count(count) {}
 
 HOFeatureStream::~HOFeatureStream() = default;

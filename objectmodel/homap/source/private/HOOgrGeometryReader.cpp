@@ -14,7 +14,9 @@ namespace {
 // Skips every attribute field while reading and restores them on leaving.
 class IgnoreAttributes {
 public:
-    explicit IgnoreAttributes(OGRLayer* layer) : m_layer(layer) { HOOgrGeometryReader::SkipAttributes(layer); }
+    explicit IgnoreAttributes(OGRLayer* layer) : m_layer(layer) {
+        HOOgrGeometryReader::SkipAttributes(layer);
+    }
     ~IgnoreAttributes() { m_layer->SetIgnoredFields(nullptr); }
 
 private:

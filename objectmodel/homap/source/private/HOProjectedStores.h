@@ -2,15 +2,16 @@
 // HOProjectedStores: a feature layer's geometry in every coordinate system it has been drawn in.
 // Each copy is built on first use (cut to what the system can show, HOStoreReprojector), shared by
 // all views rendering in that system, and kept while the copies fit the memory budget beside the
-// source (the oldest are dropped first, and made again when asked for). The list is locked only to look up and to add, never
-// while a copy is built, so asking for a copy already made never waits on one being made.
+// source (the oldest are dropped first, and made again when asked for). The list is locked only to
+// look up and to add, never while a copy is built, so asking for a copy already made never waits on
+// one being made.
 #include <memory>
 #include <mutex>
 #include <vector>
 
 #include "HOCoordinateSystem.h"
-#include "source/private/HOFeatureStore.h"
 #include "HORefPtr.h"
+#include "source/private/HOFeatureStore.h"
 
 namespace HXObjects {
 
