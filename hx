@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Front script: ./hx run [FILE...] | test [--tsan] | lint | build | fuzz [SECONDS] | bench | deps
+# Front script: ./hx run [FILE...] | test [--tsan] | lint | build | fuzz [SECONDS] | bench | bench-big | deps
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 jobs=$(nproc 2>/dev/null || echo 2)
@@ -179,7 +179,11 @@ case "$cmd" in
     install_packages "${packages[@]}" "${bench_packages[@]}"
     release_build -DHX_BUILD_BENCH=ON
     exec "$root/bench/run" "$root/build/release" "$@" ;;
+  bench-big)  # a layer of five million features drawn from its source, beside MapServer
+    install_packages "${packages[@]}" "${bench_packages[@]}"
+    release_build -DHX_BUILD_BENCH=ON
+    exec "$root/bench/run-big" "$root/build/release" "$@" ;;
   *)
-    echo "usage: ./hx run [FILE...] | test [--tsan] [ctest args] | lint | build | fuzz [seconds per target, default 60] | bench | deps" >&2
+    echo "usage: ./hx run [FILE...] | test [--tsan] [ctest args] | lint | build | fuzz [seconds per target, default 60] | bench | bench-big | deps" >&2
     [ "$cmd" = help ] || exit 2 ;;
 esac

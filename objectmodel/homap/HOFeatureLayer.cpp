@@ -4,13 +4,16 @@
 
 #include <algorithm>
 
+#include "source/private/HOExtentProjector.h"
 #include "source/private/HOFeatureHitTest.h"
 #include "source/private/HOFeatureLayerPrivate.h"
 #include "source/private/HOFeatureStoreEditor.h"
 #include "source/private/HOGdalOpener.h"
+#include "source/private/HOMemoryBudget.h"
 #include "source/private/HOOgrGeometryReader.h"
 #include "render/private/HOFeatureRenderer.h"
 #include "render/private/HOFeatureStyleSet.h"
+#include "render/private/HOStreamRenderer.h"
 
 namespace HXObjects {
 
@@ -26,7 +29,7 @@ HORefPtr<HOCoordinateSystem> HOFeatureLayer::GetSpatialReference() const {
 }
 
 HORect HOFeatureLayer::GetExtent() const {
-    const HOBox& e = d->stores.Source()->Extent();
+    const HOBox& e = d->stream ? d->stream->Extent() : d->stores.Source()->Extent();
     return e.IsValid() ? HORect(e.min.x, e.max.x, e.min.y, e.max.y) : HORect();
 }
 
@@ -39,20 +42,38 @@ HORect HOFeatureLayer::GetExtentIn(const HOCoordinateSystem* system) const {
 }
 
 void HOFeatureLayer::Render(const HORenderContext& context) {
-    const std::shared_ptr<const HOFeatureStore> store = d->stores.StoreFor(context.mapSystem);
-    if (!store) return;  // no transformation into the map's system
     std::unique_lock<std::mutex> lock(d->mutex);
     const HOFeatureStyleSet styles(d->style, d->custom->GetAllStyles(), d->selected, d->categories);
     lock.unlock();
+    if (d->stream) {
+        HOStreamRenderer(*d->stream, d->overview.get(), styles, context, d->system.get()).Render();
+        return;
+    }
+    const std::shared_ptr<const HOFeatureStore> store = d->stores.StoreFor(context.mapSystem);
+    if (!store) return;  // no transformation into the map's system
     HOFeatureRenderer(*store, styles, context).Render();
 }
 
 int HOFeatureLayer::GetFeatureCount() const {
-    return int(d->stores.Source()->FeatureCount());
+    return int(d->stream ? d->stream->FeatureCount() : d->stores.Source()->FeatureCount());
 }
 
 std::size_t HOFeatureLayer::GetGeometryBytes() const {
-    return d->stores.Source()->GeometryBytes();
+    const std::shared_ptr<const HOFeatureStore> held =
+        d->overview ? d->overview->Store() : d->stores.Source();
+    return held ? held->GeometryBytes() : 0;
+}
+
+void HOFeatureLayer::SetMemoryBudget(std::size_t bytes) {
+    HOMemoryBudget::Set(bytes);
+}
+
+std::size_t HOFeatureLayer::GetMemoryBudget() {
+    return HOMemoryBudget::Bytes();
+}
+
+bool HOFeatureLayer::IsStreamed() const {
+    return d->stream != nullptr;
 }
 
 HORefPtr<HOStyle> HOFeatureLayer::GetStyle() const {
@@ -85,6 +106,7 @@ bool HOFeatureLayer::SetCategoryStyles(const HOString& field,
         d->categoryStyles.clear();
         return true;
     }
+    if (d->stream) return false;  // categories are read per feature held in memory
     std::unique_lock<std::mutex> reading(d->source->mutex);
     auto categories = HOFeatureCategories::Read(d->ogrLayer, d->stores.Source()->Topology(), field, styles);
     reading.unlock();
@@ -122,7 +144,7 @@ void HOFeatureLayer::SetLabelSettings(const HOLabelSettings& settings) {
 
 bool HOFeatureLayer::PlaceLabels(const HORenderContext& context, HOLabelEngine& engine) {
     const std::shared_ptr<const HOFeatureStore> store = d->stores.StoreFor(context.mapSystem);
-    if (!store) return true;
+    if (!store || d->stream) return true;
     const HORefPtr<HOStyle> style = GetStyle();
     const double symbolRadius =
         style && style->GetStyleType() == HOStyle::MarkerStyle ? style->GetSize() / 2 : 0.0;
@@ -176,6 +198,7 @@ std::vector<int> HOFeatureLayer::IdentifyAt(const HOPoint& point, double toleran
 
 std::vector<int> HOFeatureLayer::IdentifyIn(const HORect& rect, const HOCoordinateSystem* rectSystem) const {
     std::vector<int> ids;
+    if (d->stream) return streamedIdsIn(rect, rectSystem);
     const std::shared_ptr<const HOFeatureStore> store = d->stores.StoreFor(rectSystem);
     if (!store || !(rect.maxx >= rect.minx && rect.maxy >= rect.miny)) return ids;
     const HOBox box = HOBoxOf(rect);
@@ -221,7 +244,9 @@ HORefPtr<HOFeature> HOFeatureLayer::GetFeature(int id) const {
 }
 
 HORefPtr<HOGeometry> HOFeatureLayer::GetFeatureGeometry(int id) const {
-    const std::shared_ptr<const HOFeatureStore> store = d->stores.Source();
+    const std::shared_ptr<const HOFeatureStore> store =
+        d->stream ? d->stream->Feature(id) : d->stores.Source();
+    if (!store) return nullptr;
     const HOFeatureTopology& t = store->Topology();
     const long feature = t.IndexOf(id);
     if (feature < 0) return nullptr;
@@ -310,6 +335,7 @@ std::vector<std::pair<HOString, HOString>> HOFeatureLayer::GetFields() const {
 }
 
 bool HOFeatureLayer::Reload(HOString* error) {
+    if (d->stream) return true;  // it holds nothing read before
     std::lock_guard<std::mutex> editing(d->editMutex);
     if (d->writer && d->writer->ReplacesFiles() && !reopenSource(error)) return false;
     d->attributes.Clear();
@@ -321,6 +347,18 @@ bool HOFeatureLayer::Reload(HOString* error) {
     d->stores.ReplaceSource(
         std::make_shared<const HOFeatureStore>(topology, std::move(reader.Vertices()), std::move(reader.Boxes())));
     return true;
+}
+
+}  // namespace HXObjects
+
+namespace HXObjects {
+
+std::vector<int> HOFeatureLayer::streamedIdsIn(const HORect& rect,
+                                               const HOCoordinateSystem* rectSystem) const {
+    const HORect area = HOExtentProjector::Project(rect, rectSystem, d->system.get());
+    if (!(area.maxx >= area.minx && area.maxy >= area.miny)) return {};
+    const std::vector<int64_t> ids = d->stream->IdsMeeting(HOBoxOf(area));
+    return std::vector<int>(ids.begin(), ids.end());
 }
 
 }  // namespace HXObjects

@@ -75,6 +75,13 @@ public:
     std::vector<HOGeometry::Part> PartsIn(const HORect& rect, const HOCoordinateSystem* rectSystem = nullptr) const;
     // Bytes of geometry held in memory in the layer's own system (spatial index aside).
     std::size_t GetGeometryBytes() const;
+    // The bytes of geometry a layer may hold in memory; one opened later that would need more is
+    // drawn from its source through the source's spatial index (with a simplified copy in memory
+    // for small scales) and cannot be edited. 0 restores the default, a quarter of the memory.
+    static void SetMemoryBudget(std::size_t bytes);
+    static std::size_t GetMemoryBudget();
+    // Whether the layer is drawn from its source rather than from memory.
+    bool IsStreamed() const;
 
     // Used to flash a feature: the validity query, the lookup by id (a copy), and its geometry.
     // Attributes are as the layer first read them, like the geometry, until Reload.
@@ -106,6 +113,8 @@ private:
     void resolveIds(HOFeatureChange& change) const;
     void noteIds(const std::vector<HOFeatureChange>& wanted, const std::vector<HOFeatureChange>& written);
     bool reopenSource(HOString* error);
+    // IdentifyIn for a layer drawn from its source: reads the area through the source's index.
+    std::vector<int> streamedIdsIn(const HORect& rect, const HOCoordinateSystem* rectSystem) const;
     friend class HOFeatureLayerLoader;
     class Private;
     std::unique_ptr<Private> d;

@@ -136,6 +136,21 @@ private slots:
         }
     }
 
+    // Over the memory budget only the newest copy is kept: a system drawn before is made again.
+    void drawsAgainInASystemWhoseCopyWasDropped() {
+        const HORefPtr<HOCoordinateSystem> mercator = HOCoordinateSystem::FromEpsg(3857);
+        const HORefPtr<HOCoordinateSystem> polar = HOCoordinateSystem::FromEpsg(3413);
+        QVERIFY(mercator && polar);
+        const HORect extent = m_world->GetExtentIn(mercator);
+        HOFeatureLayer::SetMemoryBudget(1);
+        const QImage first = render(extent, mercator);
+        render(m_world->GetExtentIn(polar), polar);
+        const QImage again = render(extent, mercator);
+        HOFeatureLayer::SetMemoryBudget(0);
+        QVERIFY(first != HOLayerFixture::WhiteImage(first.size()));
+        QCOMPARE(again, first);
+    }
+
     void mapKeepsTheSystemItTook() {
         const HORefPtr<HOCoordinateSystem> mercator = HOCoordinateSystem::FromEpsg(3857);
         const QString rasterPath = m_dir.filePath("mercator.tif");

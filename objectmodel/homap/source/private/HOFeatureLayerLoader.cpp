@@ -5,6 +5,7 @@
 #include "render/private/HOFeatureStyleSet.h"
 #include "source/private/HOFeatureLayerPrivate.h"
 #include "source/private/HOFeatureWriter.h"
+#include "source/private/HOMemoryBudget.h"
 #include "source/private/HOOgrGeometryReader.h"
 
 namespace HXObjects {
@@ -19,13 +20,14 @@ HORefPtr<HOFeatureLayer> HOFeatureLayerLoader::Load(const std::shared_ptr<HOShar
         *reason = QCoreApplication::translate("HXObjects::HOFeatureLayerLoader", "it holds no vector layer");
         return nullptr;
     }
+    const bool streamed = HOFeatureStream::Exceeds(layer, HOMemoryBudget::Bytes());
     HOOgrGeometryReader reader;
     CPLErrorReset();
-    if (!reader.Read(layer, progress)) {
+    if (!streamed && !reader.Read(layer, progress)) {
         *reason = "cancelled";
         return nullptr;
     }
-    if (reader.Topology().FeatureCount() == 0 && CPLGetLastErrorType() >= CE_Failure) {
+    if (!streamed && reader.Topology().FeatureCount() == 0 && CPLGetLastErrorType() >= CE_Failure) {
         *reason = CPLGetLastErrorMsg();
         return nullptr;
     }
@@ -49,8 +51,25 @@ HORefPtr<HOFeatureLayer> HOFeatureLayerLoader::Load(const std::shared_ptr<HOShar
         const OGRFieldDefn* field = layer->GetLayerDefn()->GetFieldDefn(i);
         result->d->fields.emplace_back(field->GetNameRef(), OGRFieldDefn::GetFieldTypeName(field->GetType()));
     }
-    result->d->writer = HOFeatureWriter::For(source->path, source->dataset.get(), layer, &result->d->readOnlyReason);
+    if (streamed)
+        streamFrom(*result->d, source->path, layer);
+    else
+        result->d->writer =
+            HOFeatureWriter::For(source->path, source->dataset.get(), layer, &result->d->readOnlyReason);
     return result;
+}
+
+void HOFeatureLayerLoader::streamFrom(HOFeatureLayer::Private& d, const std::string& path, OGRLayer* layer) {
+    OGREnvelope envelope;
+    HOBox extent;
+    if (layer->GetExtent(&envelope, TRUE) == OGRERR_NONE) {
+        extent.min = {envelope.MinX, envelope.MinY};
+        extent.max = {envelope.MaxX, envelope.MaxY};
+    }
+    d.stream = std::make_shared<const HOFeatureStream>(path, layer->GetName(), extent,
+                                                       std::size_t(layer->GetFeatureCount(FALSE)));
+    d.overview = std::make_unique<HOFeatureOverview>(d.stream, HOMemoryBudget::Bytes());
+    d.readOnlyReason = "it is larger than the memory budget and is drawn from its source";
 }
 
 HOLayer::LayerType HOFeatureLayerLoader::layerTypeOf(OGRwkbGeometryType type, HOFeatureKind dominant) {

@@ -13,6 +13,8 @@
 #include "render/private/HOFeatureCategories.h"
 #include "HOFeatureLayer.h"
 #include "source/private/HOAttributeSnapshot.h"
+#include "source/private/HOFeatureOverview.h"
+#include "source/private/HOFeatureStream.h"
 #include "source/private/HOFeatureWriter.h"
 #include "source/private/HOProjectedStores.h"
 #include "source/private/HOSharedDataset.h"
@@ -52,6 +54,9 @@ public:
     std::map<int64_t, int64_t> renamed;
     std::vector<std::pair<HOString, HOString>> fields;  // name, type
     HOAttributeSnapshot attributes;  // as read, for the edits' comparison
+    // A layer over the memory budget is drawn from its source: `stores` then holds no feature.
+    std::shared_ptr<const HOFeatureStream> stream;
+    std::unique_ptr<HOFeatureOverview> overview;  // of `stream`, which it reads while it is built
 };
 
 }  // namespace HXObjects

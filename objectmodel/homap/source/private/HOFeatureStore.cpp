@@ -18,13 +18,14 @@ HOBox intersection(const HOBox& a, const HOBox& b) {
 }  // namespace
 
 HOFeatureStore::HOFeatureStore(std::shared_ptr<const HOFeatureTopology> topology,
-                               std::vector<HOVertex> vertices, std::vector<HOBox> boxes)
+                               std::vector<HOVertex> vertices, std::vector<HOBox> boxes, Indexing indexing)
     : m_topology(std::move(topology)), m_vertices(std::move(vertices)), m_boxes(std::move(boxes)) {
     if (m_topology->IsSinglePoints())
         std::vector<HOBox>().swap(m_boxes);
     else if (m_boxes.size() != m_topology->FeatureCount())
         computeBoxes();
     computeExtent();
+    if (indexing == Indexing::None) return;
     m_indexReady = std::async(std::launch::async, [this] {
                        m_index = std::make_unique<HOFeatureIndex>(
                            m_topology->IsSinglePoints() ? nullptr : &m_boxes, &m_vertices);
@@ -32,7 +33,7 @@ HOFeatureStore::HOFeatureStore(std::shared_ptr<const HOFeatureTopology> topology
 }
 
 HOFeatureStore::~HOFeatureStore() {
-    m_indexReady.wait();
+    if (m_indexReady.valid()) m_indexReady.wait();
 }
 
 void HOFeatureStore::computeBoxes() {
@@ -61,12 +62,14 @@ HOBox HOFeatureStore::FeatureBox(std::size_t feature) const {
 }
 
 bool HOFeatureStore::IsIndexReady() const {
-    return m_indexReady.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+    return !m_indexReady.valid() ||
+           m_indexReady.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
 }
 
 std::vector<uint32_t> HOFeatureStore::FeaturesIn(const HOBox& area) const {
     // An area that holds much of the layer is cheaper to scan than to look up, and needs no index.
-    if (intersection(area, m_extent).Area() >= 0.25 * m_extent.Area()) return scanBoxes(area);
+    if (!m_indexReady.valid() || intersection(area, m_extent).Area() >= 0.25 * m_extent.Area())
+        return scanBoxes(area);
     m_indexReady.wait();
     std::vector<uint32_t> hits;
     m_index->Query(area, hits);

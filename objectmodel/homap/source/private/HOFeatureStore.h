@@ -15,10 +15,14 @@ namespace HXObjects {
 
 class HOFeatureStore {
 public:
+    // Whether a store packs a spatial index: a short-lived one (a batch read for one render) is
+    // only ever scanned.
+    enum class Indexing { Packed, None };
+
     // `boxes`: one per feature when the caller has them already (none for single points);
     // computed from the vertices when empty.
     HOFeatureStore(std::shared_ptr<const HOFeatureTopology> topology, std::vector<HOVertex> vertices,
-                   std::vector<HOBox> boxes = {});
+                   std::vector<HOBox> boxes = {}, Indexing indexing = Indexing::Packed);
     ~HOFeatureStore();
 
     const HOFeatureTopology& Topology() const { return *m_topology; }

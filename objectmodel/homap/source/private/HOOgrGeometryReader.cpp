@@ -18,11 +18,7 @@ constexpr std::size_t kProgressEvery = 4096;
 class IgnoreAttributes {
 public:
     explicit IgnoreAttributes(OGRLayer* layer) : m_layer(layer) {
-        CPLStringList names;
-        OGRFeatureDefn* defn = layer->GetLayerDefn();
-        for (int i = 0; i < defn->GetFieldCount(); ++i) names.AddString(defn->GetFieldDefn(i)->GetNameRef());
-        names.AddString("OGR_STYLE");
-        layer->SetIgnoredFields(const_cast<const char**>(names.List()));
+        HOOgrGeometryReader::SkipAttributes(layer);
     }
     ~IgnoreAttributes() { m_layer->SetIgnoredFields(nullptr); }
 
@@ -51,6 +47,14 @@ bool finite(const HOVertex& v) {
 }
 
 }  // namespace
+
+void HOOgrGeometryReader::SkipAttributes(OGRLayer* layer) {
+    CPLStringList names;
+    OGRFeatureDefn* defn = layer->GetLayerDefn();
+    for (int i = 0; i < defn->GetFieldCount(); ++i) names.AddString(defn->GetFieldDefn(i)->GetNameRef());
+    names.AddString("OGR_STYLE");
+    layer->SetIgnoredFields(const_cast<const char**>(names.List()));
+}
 
 bool HOOgrGeometryReader::Read(OGRLayer* layer, const Progress& progress) {
     IgnoreAttributes ignore(layer);

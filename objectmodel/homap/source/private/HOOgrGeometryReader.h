@@ -21,6 +21,8 @@ public:
     // and Read is false.
     using Progress = std::function<bool(double done)>;
     bool Read(OGRLayer* layer, const Progress& progress = nullptr);
+    // Makes the layer's reads skip every attribute field (until SetIgnoredFields(nullptr)).
+    static void SkipAttributes(OGRLayer* layer);
     // For building a store feature by feature: one feature of OGR geometry (null for none), or a
     // copy of one feature of a store; Finish() once the last is in.
     void AppendFeature(const OGRGeometry* geometry, int64_t id);

@@ -1,6 +1,7 @@
 #include "source/private/HOProjectedStores.h"
 
 #include "source/private/HOExtentProjector.h"
+#include "source/private/HOMemoryBudget.h"
 #include "source/private/HOStoreReprojector.h"
 
 namespace HXObjects {
@@ -37,7 +38,20 @@ std::shared_ptr<const HOFeatureStore> HOProjectedStores::StoreFor(const HOCoordi
     for (const Copy& copy : m_copies)
         if (copy.first.get() == target) return copy.second;
     m_copies.emplace_back(HORefPtr<const HOCoordinateSystem>(target), store);
+    evictOverBudget();
     return store;
+}
+
+void HOProjectedStores::evictOverBudget() {
+    const std::size_t budget = HOMemoryBudget::Bytes();
+    std::size_t held = m_source->GeometryBytes();
+    for (const Copy& copy : m_copies) held += copy.second ? copy.second->GeometryBytes() : 0;
+    // The oldest go first; the newest stays, being in use. A render still drawing a dropped copy
+    // keeps it until it is done.
+    while (held > budget && m_copies.size() > 1) {
+        held -= m_copies.front().second ? m_copies.front().second->GeometryBytes() : 0;
+        m_copies.erase(m_copies.begin());
+    }
 }
 
 std::shared_ptr<const HOFeatureStore> HOProjectedStores::MadeFor(const HOCoordinateSystem* target) {

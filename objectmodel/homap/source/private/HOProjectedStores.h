@@ -1,15 +1,17 @@
 #pragma once
 // HOProjectedStores: a feature layer's geometry in every coordinate system it has been drawn in.
-// Each copy is built once, on first use (cut to what the system can show, HOStoreReprojector), and
-// shared by all views rendering in that system. The list is locked only to look up and to add, never
-// while a copy is built, so asking for a copy already made never waits on one being made.
+// Each copy is built on first use (cut to what the system can show, HOStoreReprojector), shared by
+// all views rendering in that system, and kept while the copies fit the memory budget beside the
+// source (the oldest are dropped first, and made again when asked for). The list is locked only to
+// look up and to add, never while a copy is built, so asking for a copy already made never waits on
+// one being made.
 #include <memory>
 #include <mutex>
 #include <vector>
 
 #include "HOCoordinateSystem.h"
-#include "source/private/HOFeatureStore.h"
 #include "HORefPtr.h"
+#include "source/private/HOFeatureStore.h"
 
 namespace HXObjects {
 
@@ -27,6 +29,9 @@ public:
     std::shared_ptr<const HOFeatureStore> MadeFor(const HOCoordinateSystem* target);
 
 private:
+    // Under the lock: drops the oldest copies while the source and the copies together exceed the
+    // memory budget (HOMemoryBudget); the newest is kept.
+    void evictOverBudget();
     // Under the lock: the copy for the target, and whether there is an entry for it.
     std::shared_ptr<const HOFeatureStore> find(const HOCoordinateSystem* target, bool* found) const;
 
