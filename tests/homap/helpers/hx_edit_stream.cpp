@@ -1,6 +1,6 @@
 // hx_edit_stream FILE LAYER FIRST: applies the known stream of edits from step FIRST on to the point
-// layer LAYER of FILE through a feature layer, as the tools do, and prints "ready" and then each
-// step's number once it is written, so that a test killing it knows which states the file may be in.
+// layer LAYER of FILE through a feature layer, as the tools do, and prints "ready" and then, for each
+// step, "writing N" before it and its number N once it is written, so that a test killing it knows which states the file may be in.
 // The stream repeats four steps per feature b = 1, 5, 9, …: add the point (b, b) with step = b; move
 // it to (b + 1, -(b + 1)) with note = "u"; delete it; undo the delete.
 #include <gdal_priv.h>
@@ -59,6 +59,7 @@ int main(int argc, char** argv) {
     Say("ready");
     for (;; ++step) {
         const int b = step - (step - 1) % 4;
+        Say("writing " + std::to_string(step));
         HOString error;
         std::vector<HOFeatureChange> changes;
         switch ((step - 1) % 4) {
