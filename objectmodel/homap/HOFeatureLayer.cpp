@@ -1,5 +1,7 @@
 #include "HOFeatureLayer.h"
 
+#include <QCoreApplication>
+
 #include <ogrsf_frmts.h>
 
 #include <algorithm>
@@ -275,7 +277,8 @@ bool HOFeatureLayer::IsEditable() const {
 }
 
 HOString HOFeatureLayer::GetReadOnlyReason() const {
-    return d->writer ? HOString() : HOString("the layer cannot be edited: " + d->readOnlyReason.toQString());
+    return d->writer ? HOString() : HOString(QCoreApplication::translate("HXObjects::HOFeatureLayer", "the layer cannot be edited: %1")
+                                                            .arg(d->readOnlyReason.toQString()));
 }
 
 bool HOFeatureLayer::ApplyChanges(std::vector<HOFeatureChange>& changes, HOString* error) {

@@ -331,9 +331,24 @@
     </message>
 </context>
 <context>
+    <name>HXObjects::HOFeatureLayer</name>
+    <message>
+        <source>the layer cannot be edited: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>HXObjects::HOFeatureLayerLoader</name>
     <message>
         <source>it holds no vector layer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cancelled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is larger than the memory budget and is drawn from its source</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

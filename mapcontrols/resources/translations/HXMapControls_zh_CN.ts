@@ -329,10 +329,25 @@
     </message>
 </context>
 <context>
+    <name>HXObjects::HOFeatureLayer</name>
+    <message>
+        <source>the layer cannot be edited: %1</source>
+        <translation>该图层不可编辑：%1</translation>
+    </message>
+</context>
+<context>
     <name>HXObjects::HOFeatureLayerLoader</name>
     <message>
         <source>it holds no vector layer</source>
         <translation>其中没有矢量图层</translation>
+    </message>
+    <message>
+        <source>cancelled</source>
+        <translation>已取消</translation>
+    </message>
+    <message>
+        <source>it is larger than the memory budget and is drawn from its source</source>
+        <translation>它超出内存预算，直接从数据源绘制</translation>
     </message>
 </context>
 <context>

@@ -24,7 +24,7 @@ HORefPtr<HOFeatureLayer> HOFeatureLayerLoader::Load(const std::shared_ptr<HOShar
     HOOgrGeometryReader reader;
     CPLErrorReset();
     if (!streamed && !reader.Read(layer, progress)) {
-        *reason = "cancelled";
+        *reason = QCoreApplication::translate("HXObjects::HOFeatureLayerLoader", "cancelled");
         return nullptr;
     }
     if (!streamed && reader.Topology().FeatureCount() == 0 && CPLGetLastErrorType() >= CE_Failure) {
@@ -69,7 +69,8 @@ void HOFeatureLayerLoader::streamFrom(HOFeatureLayer::Private& d, const std::str
     d.stream = std::make_shared<const HOFeatureStream>(path, layer->GetName(), extent,
                                                        std::size_t(layer->GetFeatureCount(FALSE)));
     d.overview = std::make_unique<HOFeatureOverview>(d.stream, HOMemoryBudget::Bytes());
-    d.readOnlyReason = "it is larger than the memory budget and is drawn from its source";
+    d.readOnlyReason = QCoreApplication::translate("HXObjects::HOFeatureLayerLoader",
+                                                 "it is larger than the memory budget and is drawn from its source");
 }
 
 HOLayer::LayerType HOFeatureLayerLoader::layerTypeOf(OGRwkbGeometryType type, HOFeatureKind dominant) {
