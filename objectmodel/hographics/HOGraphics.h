@@ -4,15 +4,16 @@
 // Reference-counted; create through HOGraphicsEngineManager::NewGraphics().
 #include "HOColor.h"
 #include "HORefBase.h"
-
 #include <QImage>
 #include <memory>
+
+#include "HXExport.h"
 
 class QPainter;
 
 namespace HXObjects {
 
-class HOGraphics : public HORefBase {
+class HX_EXPORT HOGraphics : public HORefBase {
 public:
     HOGraphics();
 

@@ -4,13 +4,14 @@
 #include "HORefPtr.h"
 #include "HOString.h"
 #include "HOTool.h"
-
 #include <map>
 #include <mutex>
 
+#include "HXExport.h"
+
 namespace HXObjects {
 
-class HOCMDPool {
+class HX_EXPORT HOCMDPool {
 public:
     static HOCMDPool* GetInstance();
 

@@ -7,16 +7,17 @@
 // itself or others while the signal fires; an unbound callback is never called afterwards.
 #include "HOEvent.h"
 #include "HOString.h"
-
 #include <condition_variable>
 #include <functional>
 #include <memory>
 #include <mutex>
 #include <vector>
 
+#include "HXExport.h"
+
 namespace HXObjects {
 
-class HOEventSignal {
+class HX_EXPORT HOEventSignal {
 public:
     using Callback = std::function<void(void* sender, HOEvent* event)>;
 

@@ -2,15 +2,16 @@
 // HOGeometryProject: reprojects geometries in place from one coordinate system to another.
 #include "HOGeometry.h"
 #include "HORefPtr.h"
-
 #include <memory>
+
+#include "HXExport.h"
 
 namespace HXObjects {
 
 class HOCoordinateSystem;
 class HOParaConvertBase;  // datum-shift parameters; none are needed with PROJ
 
-class HOGeometryProject {
+class HX_EXPORT HOGeometryProject {
 public:
     HOGeometryProject();
     ~HOGeometryProject();

@@ -6,10 +6,11 @@
 #include "HOElement.h"
 #include "HOEventSignal.h"
 #include "HOLayer.h"
-
 #include <mutex>
 #include <set>
 #include <vector>
+
+#include "HXExport.h"
 
 class QPainter;
 
@@ -17,7 +18,7 @@ namespace HXObjects {
 
 class HODisplay;
 
-class HOGraphicsLayer : public HOLayer {
+class HX_EXPORT HOGraphicsLayer : public HOLayer {
 public:
     HOGraphicsLayer();
 

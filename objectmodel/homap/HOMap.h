@@ -12,10 +12,11 @@
 #include "HORect.h"
 #include "HORefPtr.h"
 #include "HOUnitType.h"
-
 #include <memory>
 #include <mutex>
 #include <vector>
+
+#include "HXExport.h"
 
 class QUndoStack;
 
@@ -23,7 +24,7 @@ namespace HXObjects {
 
 class HOCoordinateSystem;
 
-class HOMap : public HORefBase {
+class HX_EXPORT HOMap : public HORefBase {
 public:
     HOMap();
 

@@ -3,16 +3,17 @@
 // document). The manager holds a reference on every view it created until its group is removed.
 #include "HORefPtr.h"
 #include "HOString.h"
-
 #include <map>
 #include <mutex>
 #include <vector>
+
+#include "HXExport.h"
 
 namespace HXObjects {
 
 class HOMapView;
 
-class HOMapViewManager {
+class HX_EXPORT HOMapViewManager {
 public:
     static HOMapViewManager* GetInstance();
 

@@ -8,6 +8,7 @@
 
 #include "HOFeatureChange.h"
 #include "HOFeatureLayer.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
@@ -15,7 +16,7 @@ class HOMap;
 class HOTool;
 class HOFeatureEditCommand;
 
-class HOFeatureEditor {
+class HX_EXPORT HOFeatureEditor {
 public:
     // The changes as written (new ids filled in); empty with the reason shown when refused.
     static std::vector<HOFeatureChange> Commit(HOMap* map, HOFeatureLayer* layer, std::vector<HOFeatureChange> changes,
