@@ -77,8 +77,11 @@ function(hx_add_shared_library name)
   else()
     set(soversion ${PROJECT_VERSION_MAJOR})
   endif()
+  set(version_script ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/HXMapControls.map)
+  target_link_options(${name} PRIVATE "LINKER:--version-script=${version_script}")
   set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${soversion}
-                                           EXPORT_NAME ${name} LINKER_LANGUAGE CXX)
+                                           EXPORT_NAME ${name} LINKER_LANGUAGE CXX
+                                           LINK_DEPENDS ${version_script})
   install(TARGETS ${name} EXPORT HXMapControlsTargets
           LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
           ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
