@@ -15,7 +15,7 @@
 #include "HOMap.h"
 #include "HOMapView.h"
 #include "HXMapCanvas.h"
-#include "edit/HOElementClipboard.h"
+#include "HOElementClipboard.h"
 
 using namespace HXObjects;
 

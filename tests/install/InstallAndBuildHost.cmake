@@ -26,6 +26,14 @@ if(archives)
   message(FATAL_ERROR "static archives installed: ${archives}")
 endif()
 
+# Every installed header compiles in the host, found by its name alone.
+file(GLOB installed_headers RELATIVE ${prefix}/include/HXMapControls ${prefix}/include/HXMapControls/*.h)
+set(all_headers "")
+foreach(h ${installed_headers})
+  string(APPEND all_headers "#include <${h}>\n")
+endforeach()
+file(WRITE ${WORK_DIR}/all_headers.cpp "${all_headers}")
+
 set(generator)
 if(GENERATOR)
   set(generator -G ${GENERATOR})
@@ -37,7 +45,7 @@ endforeach()
 file(MAKE_DIRECTORY ${WORK_DIR}/no-pkgconfig)
 set(no_pkgconfig ${CMAKE_COMMAND} -E env PKG_CONFIG_LIBDIR=${WORK_DIR}/no-pkgconfig PKG_CONFIG_PATH=)
 run_step("configure host" ${no_pkgconfig} ${CMAKE_COMMAND} -S ${HOST_SOURCE} -B ${WORK_DIR}/build ${generator}
-         ${hidden} -DCMAKE_BUILD_TYPE=Debug -DCMAKE_PREFIX_PATH=${prefix} "-DCMAKE_CXX_FLAGS=${HOST_FLAGS}"
+         ${hidden} -DHX_ALL_HEADERS=${WORK_DIR}/all_headers.cpp -DCMAKE_BUILD_TYPE=Debug -DCMAKE_PREFIX_PATH=${prefix} "-DCMAKE_CXX_FLAGS=${HOST_FLAGS}"
          "-DCMAKE_EXE_LINKER_FLAGS=${HOST_FLAGS}")
 run_step("build host" ${CMAKE_COMMAND} --build ${WORK_DIR}/build)
 run_step("run host" ${WORK_DIR}/build/hxhost)

@@ -5,10 +5,10 @@
 // something is selected, so that the host's deletion takes over. Tools that place points snap them
 // to nearby vertices and segments (HOSnapper) unless Alt is held, and mark the snapped point.
 #include "HOMapView.h"
-#include "HXExport.h"
-#include "edit/HOSnapResult.h"
+#include "HOSnapResult.h"
 #include "HOTool.h"
 #include "HOToolBuddy.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
