@@ -4,10 +4,10 @@
 // Reference-counted; create through HOGraphicsEngineManager::NewGraphics().
 #include "HOColor.h"
 #include "HORefBase.h"
+#include "HXExport.h"
+
 #include <QImage>
 #include <memory>
-
-#include "HXExport.h"
 
 class QPainter;
 

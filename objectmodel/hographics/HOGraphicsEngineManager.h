@@ -4,9 +4,9 @@
 // first call fixes it. Thread-safe.
 #include "HOGraphics.h"
 #include "HOString.h"
-#include <mutex>
-
 #include "HXExport.h"
+
+#include <mutex>
 
 namespace HXObjects {
 

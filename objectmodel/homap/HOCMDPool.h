@@ -4,10 +4,10 @@
 #include "HORefPtr.h"
 #include "HOString.h"
 #include "HOTool.h"
+#include "HXExport.h"
+
 #include <map>
 #include <mutex>
-
-#include "HXExport.h"
 
 namespace HXObjects {
 

@@ -5,9 +5,9 @@
 #include "HORefPtr.h"
 #include "HOString.h"
 #include "HOUnitType.h"
-#include <memory>
-
 #include "HXExport.h"
+
+#include <memory>
 
 namespace HXObjects {
 

@@ -3,9 +3,9 @@
 // map units. Owned by its view; thread-safe (the render thread reads what the GUI thread sets).
 #include "HODisplayTransform.h"
 #include "HOSize.h"
-#include <mutex>
-
 #include "HXExport.h"
+
+#include <mutex>
 
 namespace HXObjects {
 

@@ -7,13 +7,13 @@
 // itself or others while the signal fires; an unbound callback is never called afterwards.
 #include "HOEvent.h"
 #include "HOString.h"
+#include "HXExport.h"
+
 #include <condition_variable>
 #include <functional>
 #include <memory>
 #include <mutex>
 #include <vector>
-
-#include "HXExport.h"
 
 namespace HXObjects {
 

@@ -3,10 +3,10 @@
 #include "HOGeometry.h"
 #include "HORefPtr.h"
 #include "HOString.h"
+#include "HXExport.h"
+
 #include <utility>
 #include <vector>
-
-#include "HXExport.h"
 
 namespace HXObjects {
 

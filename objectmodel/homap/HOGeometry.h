@@ -5,9 +5,9 @@
 #include "HOPoint.h"
 #include "HORect.h"
 #include "HORefBase.h"
-#include <vector>
-
 #include "HXExport.h"
+
+#include <vector>
 
 namespace HXObjects {
 

@@ -2,9 +2,9 @@
 // HOGeometryProject: reprojects geometries in place from one coordinate system to another.
 #include "HOGeometry.h"
 #include "HORefPtr.h"
-#include <memory>
-
 #include "HXExport.h"
+
+#include <memory>
 
 namespace HXObjects {
 

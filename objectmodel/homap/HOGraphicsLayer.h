@@ -6,11 +6,11 @@
 #include "HOElement.h"
 #include "HOEventSignal.h"
 #include "HOLayer.h"
+#include "HXExport.h"
+
 #include <mutex>
 #include <set>
 #include <vector>
-
-#include "HXExport.h"
 
 class QPainter;
 

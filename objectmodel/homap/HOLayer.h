@@ -5,11 +5,11 @@
 #include "HORefBase.h"
 #include "HORefPtr.h"
 #include "HOString.h"
+#include "HXExport.h"
+
 #include <algorithm>
 #include <atomic>
 #include <mutex>
-
-#include "HXExport.h"
 
 namespace HXObjects {
 

@@ -12,11 +12,11 @@
 #include "HORect.h"
 #include "HORefPtr.h"
 #include "HOUnitType.h"
+#include "HXExport.h"
+
 #include <memory>
 #include <mutex>
 #include <vector>
-
-#include "HXExport.h"
 
 class QUndoStack;
 

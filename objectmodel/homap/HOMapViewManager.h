@@ -3,11 +3,11 @@
 // document). The manager holds a reference on every view it created until its group is removed.
 #include "HORefPtr.h"
 #include "HOString.h"
+#include "HXExport.h"
+
 #include <map>
 #include <mutex>
 #include <vector>
-
-#include "HXExport.h"
 
 namespace HXObjects {
 

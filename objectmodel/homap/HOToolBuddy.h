@@ -5,10 +5,10 @@
 #include "HOEventSignal.h"
 #include "HOPoint.h"
 #include "HOString.h"
+#include "HXExport.h"
+
 #include <QtGlobal>
 #include <vector>
-
-#include "HXExport.h"
 
 namespace HXObjects {
 

@@ -3,9 +3,9 @@
 // MIME type (geometry, style and label, exactly) and as WKT text, one geometry per line, so a text
 // editor receives WKT; WKT text copied elsewhere comes back as elements with the default style.
 #include "HOElement.h"
-#include <vector>
-
 #include "HXExport.h"
+
+#include <vector>
 
 class QMimeData;
 
