@@ -4,10 +4,17 @@ install(EXPORT HXMapControlsTargets NAMESPACE HXMapControls:: DESTINATION ${HX_C
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/HXMapControlsConfig.cmake.in
   ${CMAKE_CURRENT_BINARY_DIR}/HXMapControlsConfig.cmake INSTALL_DESTINATION ${HX_CMAKE_DIR})
 write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/HXMapControlsConfigVersion.cmake
-  COMPATIBILITY SameMajorVersion)
+  COMPATIBILITY SameMinorVersion)  # before 1.0, as the SOVERSION says
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/HXMapControlsConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/HXMapControlsConfigVersion.cmake
         DESTINATION ${HX_CMAKE_DIR})
+
+# pkg-config, relocatable: the prefix is found from where the file lies.
+set(HX_PC_DIR ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+file(RELATIVE_PATH HX_PC_TO_PREFIX /${HX_PC_DIR} /)
+string(REGEX REPLACE "/$" "" HX_PC_TO_PREFIX "${HX_PC_TO_PREFIX}")
+configure_file(${CMAKE_CURRENT_LIST_DIR}/HXMapControls.pc.in ${CMAKE_CURRENT_BINARY_DIR}/HXMapControls.pc @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/HXMapControls.pc DESTINATION ${HX_PC_DIR})
 
 # The Qt Designer plugin goes where this Qt looks for Designer plugins, taken relative to Qt's own
 # prefix and placed under ours: with the prefix /usr on Debian that is Qt's own folder

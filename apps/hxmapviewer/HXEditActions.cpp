@@ -11,11 +11,11 @@
 
 #include "HOCMDPool.h"
 #include "HOCallbackKey.h"
+#include "HOElementClipboard.h"
 #include "HOGraphicsLayer.h"
 #include "HOMap.h"
 #include "HOMapView.h"
 #include "HXMapCanvas.h"
-#include "edit/HOElementClipboard.h"
 
 using namespace HXObjects;
 

@@ -20,7 +20,6 @@
 #include "HXLayerStyler.h"
 #include "HXLayoutWindow.h"
 #include "HXMapCanvas.h"
-#include "HXMapWidget.h"
 #include "HXMessageBar.h"
 #include "HXRecentFiles.h"
 #include "HXViewerIcons.h"
@@ -359,7 +358,7 @@ bool HXViewerWindow::waitForRender(int timeoutMs) {
 bool HXViewerWindow::pictureIsFinal() const {
     HOMapView* view = mCanvas->GetMapView();
     const HOSize drawn = view->GetScreenDisplay()->GetDeviceSize();
-    const QSize shown = mCanvas->findChild<HXMapWidget*>()->size();
+    const QSize shown = mCanvas->layout()->itemAt(0)->widget()->size();  // the drawing widget
     const bool sized = drawn.width == shown.width() && drawn.height == shown.height();
     return sized && mRendersFinished.load() > 0 && !view->IsRendering();
 }

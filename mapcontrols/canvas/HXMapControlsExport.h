@@ -1,8 +1,5 @@
 #pragma once
-#include <QtGlobal>
+// The canvas's name for the library's export macro (see HXExport.h).
+#include "HXExport.h"
 
-#if defined(HXMAPCONTROLS_LIBRARY)
-#define HXMAPCONTROLS_EXPORT Q_DECL_EXPORT
-#else
-#define HXMAPCONTROLS_EXPORT Q_DECL_IMPORT
-#endif
+#define HXMAPCONTROLS_EXPORT HX_EXPORT

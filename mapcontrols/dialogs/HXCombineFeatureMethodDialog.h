@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "HORefPtr.h"
+#include "HXMapControlsExport.h"
 
 class HXMapCanvas;
 class QStandardItemModel;
@@ -18,7 +19,7 @@ namespace Ui {
 class HXCombineFeatureMethodDialog;
 }
 
-class HXCombineFeatureMethodDialog : public QDialog {
+class HXMAPCONTROLS_EXPORT HXCombineFeatureMethodDialog : public QDialog {
     Q_OBJECT
 
 public:

@@ -5,12 +5,14 @@
 #include <QDialog>
 #include <memory>
 
+#include "HXMapControlsExport.h"
+
 class QLineEdit;
 namespace Ui {
 class HxInputDMSDialog;
 }
 
-class HxInputDMSDialog : public QDialog {
+class HXMAPCONTROLS_EXPORT HxInputDMSDialog : public QDialog {
     Q_OBJECT
 
 public:

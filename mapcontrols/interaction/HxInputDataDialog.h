@@ -4,11 +4,13 @@
 #include <QDialog>
 #include <memory>
 
+#include "HXMapControlsExport.h"
+
 namespace Ui {
 class HxInputDataDialog;
 }
 
-class HxInputDataDialog : public QDialog {
+class HXMAPCONTROLS_EXPORT HxInputDataDialog : public QDialog {
     Q_OBJECT
 
 public:

@@ -6,7 +6,9 @@
 #include <QComboBox>
 #include <QStringList>
 
-class HXScaleComboBox : public QComboBox {
+#include "HXMapControlsExport.h"
+
+class HXMAPCONTROLS_EXPORT HXScaleComboBox : public QComboBox {
     Q_OBJECT
 
 public:

@@ -6,6 +6,8 @@
 #include <QString>
 #include <QWidget>
 
+#include "HXMapControlsExport.h"
+
 class QLabel;
 class QLineEdit;
 class QRegExpValidator;
@@ -17,7 +19,7 @@ namespace HXObjects {
 class HOMap;
 }
 
-class HXStatusBarCoordinatesWidget : public QWidget {
+class HXMAPCONTROLS_EXPORT HXStatusBarCoordinatesWidget : public QWidget {
     Q_OBJECT
 
 public:

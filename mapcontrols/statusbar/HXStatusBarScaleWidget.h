@@ -5,12 +5,14 @@
 #include <QStringList>
 #include <QWidget>
 
+#include "HXMapControlsExport.h"
+
 class QHBoxLayout;
 class QLabel;
 class HXMapCanvas;
 class HXScaleComboBox;
 
-class HXStatusBarScaleWidget : public QWidget {
+class HXMAPCONTROLS_EXPORT HXStatusBarScaleWidget : public QWidget {
     Q_OBJECT
 
 public:

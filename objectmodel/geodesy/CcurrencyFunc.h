@@ -4,8 +4,9 @@
 //
 // Packed angles (D.MMSSsss): degrees + minutes / 100 + seconds / 10000, so 120.3015 is 120°30'15"
 // and 120.301525 is 120°30'15.25". The sign belongs to the whole angle: -120.3015 is -(120°30'15").
+#include "HXExport.h"
 
-class CcurrencyFunc {
+class HX_EXPORT CcurrencyFunc {
 public:
     // Reference ellipsoids understood by bl2XY.
     enum Ellipsoid {

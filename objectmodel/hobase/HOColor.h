@@ -2,9 +2,11 @@
 // HOColor: red, green, blue and alpha, each 0-255.
 #include <QColor>
 
+#include "HXExport.h"
+
 namespace HXObjects {
 
-class HOColor {
+class HX_EXPORT HOColor {
 public:
     HOColor() = default;
     HOColor(int r, int g, int b, int a = 255) : m_r(r), m_g(g), m_b(b), m_a(a) {}

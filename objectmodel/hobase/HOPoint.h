@@ -1,8 +1,10 @@
 #pragma once
 // HOPoint: a position of two doubles (map units, page units or pixels, as the caller says).
+#include "HXExport.h"
+
 namespace HXObjects {
 
-struct HOPoint {
+struct HX_EXPORT HOPoint {
     double x = 0.0;
     double y = 0.0;
 

@@ -5,10 +5,11 @@
 #include <cmath>
 
 #include "HOPoint.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
-struct HORect {
+struct HX_EXPORT HORect {
     double minx = 0.0;
     double maxx = 0.0;
     double miny = 0.0;

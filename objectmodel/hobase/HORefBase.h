@@ -3,9 +3,11 @@
 // with no reference; the first HORefPtr (or AddRef) takes one, and the last Release deletes it.
 #include <atomic>
 
+#include "HXExport.h"
+
 namespace HXObjects {
 
-class HORefBase {
+class HX_EXPORT HORefBase {
 public:
     HORefBase() = default;
     HORefBase(const HORefBase&) = delete;

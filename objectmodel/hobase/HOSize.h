@@ -1,8 +1,10 @@
 #pragma once
 // HOSize: a width and a height in pixels.
+#include "HXExport.h"
+
 namespace HXObjects {
 
-struct HOSize {
+struct HX_EXPORT HOSize {
     int width = 0;
     int height = 0;
 

@@ -4,9 +4,11 @@
 #include <QString>
 #include <string>
 
+#include "HXExport.h"
+
 namespace HXObjects {
 
-class HOString {
+class HX_EXPORT HOString {
 public:
     HOString() = default;
     HOString(const char* utf8);

@@ -4,6 +4,7 @@
 // Reference-counted; create through HOGraphicsEngineManager::NewGraphics().
 #include "HOColor.h"
 #include "HORefBase.h"
+#include "HXExport.h"
 
 #include <QImage>
 #include <memory>
@@ -12,7 +13,7 @@ class QPainter;
 
 namespace HXObjects {
 
-class HOGraphics : public HORefBase {
+class HX_EXPORT HOGraphics : public HORefBase {
 public:
     HOGraphics();
 

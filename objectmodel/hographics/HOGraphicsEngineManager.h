@@ -4,12 +4,13 @@
 // first call fixes it. Thread-safe.
 #include "HOGraphics.h"
 #include "HOString.h"
+#include "HXExport.h"
 
 #include <mutex>
 
 namespace HXObjects {
 
-class HOGraphicsEngineManager {
+class HX_EXPORT HOGraphicsEngineManager {
 public:
     static HOGraphicsEngineManager* instance(const HOString& pluginDirectory);
 

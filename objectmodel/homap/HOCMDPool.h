@@ -4,13 +4,14 @@
 #include "HORefPtr.h"
 #include "HOString.h"
 #include "HOTool.h"
+#include "HXExport.h"
 
 #include <map>
 #include <mutex>
 
 namespace HXObjects {
 
-class HOCMDPool {
+class HX_EXPORT HOCMDPool {
 public:
     static HOCMDPool* GetInstance();
 

@@ -1,12 +1,13 @@
 #pragma once
 // HOCommandControl: the host's command-line control, which tools and the canvas write to.
 #include "HOString.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
 class HOTool;
 
-class HOCommandControl {
+class HX_EXPORT HOCommandControl {
 public:
     virtual ~HOCommandControl() = default;
     virtual void SetEditInfo(HOString text) = 0;

@@ -4,6 +4,7 @@
 
 #include <mutex>
 
+#include "private/HOCoordinateSystemOgr.h"
 #include "source/private/HOGdalEnvironment.h"
 
 namespace HXObjects {
@@ -73,20 +74,20 @@ HORefPtr<HOCoordinateSystem> HOCoordinateSystem::FromUserInput(const HOString& d
     if (definition.isEmpty()) return nullptr;
     OGRSpatialReference srs;
     if (srs.SetFromUserInput(definition.c_str()) != OGRERR_NONE) return nullptr;
-    return FromOgr(&srs);
+    return HOCoordinateSystemOgr::FromOgr(&srs);
 }
 
 HORefPtr<HOCoordinateSystem> HOCoordinateSystem::FromEpsg(int code) {
     OGRSpatialReference srs;
     if (srs.importFromEPSG(code) != OGRERR_NONE) return nullptr;
-    return FromOgr(&srs);
+    return HOCoordinateSystemOgr::FromOgr(&srs);
 }
 
-HORefPtr<HOCoordinateSystem> HOCoordinateSystem::FromOgr(const OGRSpatialReference* reference) {
+HORefPtr<HOCoordinateSystem> HOCoordinateSystemOgr::FromOgr(const OGRSpatialReference* reference) {
     if (!reference || reference->IsEmpty()) return nullptr;
     HOGdalEnvironment::Prepare();  // transformations report outside-domain points as errors
     HORefPtr<HOCoordinateSystem> system(new HOCoordinateSystem);
-    system->d = std::make_unique<Private>(*reference);
+    system->d = std::make_unique<HOCoordinateSystem::Private>(*reference);
     return system;
 }
 
@@ -157,8 +158,8 @@ bool HOCoordinateSystem::IsSame(const HOCoordinateSystem* other) const {
     return d->srs.IsSame(&other->d->srs, options);
 }
 
-const OGRSpatialReference* HOCoordinateSystem::Ogr() const {
-    return &d->srs;
+const OGRSpatialReference* HOCoordinateSystemOgr::Ogr(const HOCoordinateSystem* system) {
+    return &system->d->srs;
 }
 
 }  // namespace HXObjects

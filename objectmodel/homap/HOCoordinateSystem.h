@@ -5,14 +5,13 @@
 #include "HORefPtr.h"
 #include "HOString.h"
 #include "HOUnitType.h"
+#include "HXExport.h"
 
 #include <memory>
 
-class OGRSpatialReference;
-
 namespace HXObjects {
 
-class HOCoordinateSystem : public HORefBase {
+class HX_EXPORT HOCoordinateSystem : public HORefBase {
 public:
     // What a system measures. Only geographic and projected ones (alone or as the horizontal part of
     // a compound system) can carry a map.
@@ -21,8 +20,6 @@ public:
     // "EPSG:4490", WKT or a PROJ string; null when it cannot be read.
     static HORefPtr<HOCoordinateSystem> FromUserInput(const HOString& definition);
     static HORefPtr<HOCoordinateSystem> FromEpsg(int code);
-    // Copies the definition; null for a null or empty reference.
-    static HORefPtr<HOCoordinateSystem> FromOgr(const OGRSpatialReference* reference);
 
     virtual bool IsGeographic();
     virtual bool IsProjected();
@@ -37,12 +34,12 @@ public:
     HOString ToWkt() const;
     int GetEpsgCode() const;  // 0 when unknown
     bool IsSame(const HOCoordinateSystem* other) const;
-    const OGRSpatialReference* Ogr() const;
 
 protected:
     ~HOCoordinateSystem() override;
 
 private:
+    friend class HOCoordinateSystemOgr;  // the library's own way in and out of OGR
     HOCoordinateSystem();
     class Private;
     std::unique_ptr<Private> d;

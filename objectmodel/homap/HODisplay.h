@@ -3,12 +3,13 @@
 // map units. Owned by its view; thread-safe (the render thread reads what the GUI thread sets).
 #include "HODisplayTransform.h"
 #include "HOSize.h"
+#include "HXExport.h"
 
 #include <mutex>
 
 namespace HXObjects {
 
-class HODisplay {
+class HX_EXPORT HODisplay {
 public:
     HODisplayTransform GetDisplayTransform() const;
     void SetDisplayTransform(const HODisplayTransform& transform);

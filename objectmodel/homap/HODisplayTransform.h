@@ -4,10 +4,11 @@
 // pixel. A pixel (px, py) is the map point
 //   x = (px - left) * unitsPerPixel + extentLeft,  y = extentTop - (py - top) * unitsPerPixel.
 #include "HOPoint.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
-struct HODisplayTransform {
+struct HX_EXPORT HODisplayTransform {
     double deviceLeft = 0.0;
     double deviceTop = 0.0;
     double extentLeft = 0.0;

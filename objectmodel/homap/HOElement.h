@@ -7,10 +7,11 @@
 #include "HORefPtr.h"
 #include "HOString.h"
 #include "HOStyle.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
-class HOElement : public HORefBase {
+class HX_EXPORT HOElement : public HORefBase {
 public:
     HOElement(int id, HORefPtr<HOGeometry> geometry, HORefPtr<HOStyle> style, HOString label = HOString())
         : m_id(id), m_geometry(std::move(geometry)), m_style(std::move(style)), m_label(std::move(label)) {}

@@ -7,6 +7,7 @@
 // itself or others while the signal fires; an unbound callback is never called afterwards.
 #include "HOEvent.h"
 #include "HOString.h"
+#include "HXExport.h"
 
 #include <condition_variable>
 #include <functional>
@@ -16,7 +17,7 @@
 
 namespace HXObjects {
 
-class HOEventSignal {
+class HX_EXPORT HOEventSignal {
 public:
     using Callback = std::function<void(void* sender, HOEvent* event)>;
 

@@ -3,13 +3,14 @@
 #include "HOGeometry.h"
 #include "HORefPtr.h"
 #include "HOString.h"
+#include "HXExport.h"
 
 #include <utility>
 #include <vector>
 
 namespace HXObjects {
 
-class HOFeature : public HORefBase {
+class HX_EXPORT HOFeature : public HORefBase {
 public:
     using Attribute = std::pair<HOString, HOString>;  // field name, value as text
 

@@ -13,12 +13,13 @@
 #include "HOStyle.h"
 #include "HOUserFeatureRender.h"
 #include "HOFeatureChange.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
 class HOLabelEngine;
 
-class HOFeatureLayer : public HOLayer {
+class HX_EXPORT HOFeatureLayer : public HOLayer {
 public:
     LayerType GetLayerType() const override;
     HORefPtr<HOCoordinateSystem> GetSpatialReference() const override;

@@ -5,12 +5,13 @@
 #include "HOPoint.h"
 #include "HORect.h"
 #include "HORefBase.h"
+#include "HXExport.h"
 
 #include <vector>
 
 namespace HXObjects {
 
-class HOGeometry : public HORefBase {
+class HX_EXPORT HOGeometry : public HORefBase {
 public:
     enum GeoType {
         GeoUnknown = 0,

@@ -2,6 +2,7 @@
 
 #include <ogr_spatialref.h>
 
+#include "private/HOCoordinateSystemOgr.h"
 #include "HOCoordinateSystem.h"
 
 namespace HXObjects {
@@ -17,8 +18,8 @@ HOGeometryProject::~HOGeometryProject() = default;
 bool HOGeometryProject::SetPrj(HOCoordinateSystem* from, HOCoordinateSystem* to, HOParaConvertBase*) {
     d->transform.reset();
     if (!from || !to) return false;
-    OGRSpatialReference source(*from->Ogr());
-    OGRSpatialReference target(*to->Ogr());
+    OGRSpatialReference source(*HOCoordinateSystemOgr::Ogr(from));
+    OGRSpatialReference target(*HOCoordinateSystemOgr::Ogr(to));
     source.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
     target.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
     d->transform.reset(OGRCreateCoordinateTransformation(&source, &target));

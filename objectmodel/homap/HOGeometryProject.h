@@ -2,6 +2,7 @@
 // HOGeometryProject: reprojects geometries in place from one coordinate system to another.
 #include "HOGeometry.h"
 #include "HORefPtr.h"
+#include "HXExport.h"
 
 #include <memory>
 
@@ -10,7 +11,7 @@ namespace HXObjects {
 class HOCoordinateSystem;
 class HOParaConvertBase;  // datum-shift parameters; none are needed with PROJ
 
-class HOGeometryProject {
+class HX_EXPORT HOGeometryProject {
 public:
     HOGeometryProject();
     ~HOGeometryProject();

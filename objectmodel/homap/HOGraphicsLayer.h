@@ -6,6 +6,7 @@
 #include "HOElement.h"
 #include "HOEventSignal.h"
 #include "HOLayer.h"
+#include "HXExport.h"
 
 #include <mutex>
 #include <set>
@@ -17,7 +18,7 @@ namespace HXObjects {
 
 class HODisplay;
 
-class HOGraphicsLayer : public HOLayer {
+class HX_EXPORT HOGraphicsLayer : public HOLayer {
 public:
     HOGraphicsLayer();
 

@@ -5,6 +5,7 @@
 #include "HORefBase.h"
 #include "HORefPtr.h"
 #include "HOString.h"
+#include "HXExport.h"
 
 #include <algorithm>
 #include <atomic>
@@ -15,7 +16,7 @@ namespace HXObjects {
 class HOCoordinateSystem;
 struct HORenderContext;
 
-class HOLayer : public HORefBase {
+class HX_EXPORT HOLayer : public HORefBase {
 public:
     enum LayerType {
         UnknownLayer = 0,
@@ -71,6 +72,6 @@ private:
 // Opens any OGR vector source (first layer, or "path|layername=NAME") or GDAL raster; on failure null
 // and a readable error ("cannot open 'x.shp': reason"). HODataSource opens all layers of a source at
 // once and takes any file name.
-HORefPtr<HOLayer> OpenLayer(const HOString& source, HOString* error = nullptr);
+HX_EXPORT HORefPtr<HOLayer> OpenLayer(const HOString& source, HOString* error = nullptr);
 
 }  // namespace HXObjects

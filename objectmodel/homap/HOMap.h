@@ -12,6 +12,7 @@
 #include "HORect.h"
 #include "HORefPtr.h"
 #include "HOUnitType.h"
+#include "HXExport.h"
 
 #include <memory>
 #include <mutex>
@@ -23,7 +24,7 @@ namespace HXObjects {
 
 class HOCoordinateSystem;
 
-class HOMap : public HORefBase {
+class HX_EXPORT HOMap : public HORefBase {
 public:
     HOMap();
 

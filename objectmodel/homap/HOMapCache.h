@@ -1,8 +1,10 @@
 #pragma once
 // HOMapCache: the kinds of cached image a map view keeps; a refresh names the cache it invalidates.
+#include "HXExport.h"
+
 namespace HXObjects {
 
-class HOMapCache {
+class HX_EXPORT HOMapCache {
 public:
     enum CacheType {
         CacheAll = 0,       // every layer

@@ -5,6 +5,7 @@
 // them under its lock when it draws.
 #include "HOColor.h"
 #include "HOUnitType.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
@@ -16,7 +17,7 @@ public:                                                  \
 private:                                                 \
     Type m_##name = initial;
 
-class HOMapRulerAndGrid {
+class HX_EXPORT HOMapRulerAndGrid {
     HO_GRID_SETTING(bool, draw_km_grid, false)
     HO_GRID_SETTING(bool, draw_km_grid_ruler, false)
     HO_GRID_SETTING(bool, manually_set_km_grid_distanse, false)

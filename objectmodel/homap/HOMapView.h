@@ -20,6 +20,7 @@
 #include "HORefPtr.h"
 #include "HOString.h"
 #include "HOViewportView.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
@@ -31,7 +32,7 @@ class HOTrackCancel;
 class HOMapRulerAndGrid;
 class HOMapRenderer;
 
-class HOMapView : public HOViewportView {
+class HX_EXPORT HOMapView : public HOViewportView {
 public:
     explicit HOMapView(const HOString& name = HOString());
 

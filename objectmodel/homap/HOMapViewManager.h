@@ -3,6 +3,7 @@
 // document). The manager holds a reference on every view it created until its group is removed.
 #include "HORefPtr.h"
 #include "HOString.h"
+#include "HXExport.h"
 
 #include <map>
 #include <mutex>
@@ -12,7 +13,7 @@ namespace HXObjects {
 
 class HOMapView;
 
-class HOMapViewManager {
+class HX_EXPORT HOMapViewManager {
 public:
     static HOMapViewManager* GetInstance();
 

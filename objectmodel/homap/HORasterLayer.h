@@ -11,10 +11,11 @@
 
 #include "HOEventSignal.h"
 #include "HOLayer.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
-class HORasterLayer : public HOLayer {
+class HX_EXPORT HORasterLayer : public HOLayer {
 public:
     LayerType GetLayerType() const override;
     HORefPtr<HOCoordinateSystem> GetSpatialReference() const override;

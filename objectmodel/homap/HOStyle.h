@@ -6,10 +6,11 @@
 #include "HOColor.h"
 #include "HORefBase.h"
 #include "HORefPtr.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
-class HOStyle : public HORefBase {
+class HX_EXPORT HOStyle : public HORefBase {
 public:
     enum StyleType { MarkerStyle = 0, LineStyle = 1, FillStyle = 2 };
     enum MarkerShape { Circle = 0, Square, Triangle, Diamond, Cross, Star };

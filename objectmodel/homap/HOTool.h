@@ -13,6 +13,7 @@
 #include "HOPoint.h"
 #include "HORefBase.h"
 #include "HOString.h"
+#include "HXExport.h"
 
 class QPainter;
 
@@ -21,7 +22,7 @@ namespace HXObjects {
 class HOToolBuddy;
 class HOView;
 
-class HOTool : public HORefBase {
+class HX_EXPORT HOTool : public HORefBase {
 public:
     using Parameters = std::map<HOString, HOString>;
     // How a typed point is given: in the map's units, or as longitude and latitude in degrees.

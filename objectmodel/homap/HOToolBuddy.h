@@ -5,6 +5,7 @@
 #include "HOEventSignal.h"
 #include "HOPoint.h"
 #include "HOString.h"
+#include "HXExport.h"
 
 #include <QtGlobal>
 #include <vector>
@@ -16,7 +17,7 @@ class HOPageLayoutView;
 class HOTool;
 class HOLayer;
 
-class HOToolBuddy {
+class HX_EXPORT HOToolBuddy {
 public:
     // 0..24 are the toolkit's own cursor shapes; 26..29 are theme images.
     enum HOCursor : qint32 {

@@ -3,9 +3,11 @@
 // thread; the renderer polls IsCancelled() between small batches of work.
 #include <atomic>
 
+#include "HXExport.h"
+
 namespace HXObjects {
 
-class HOTrackCancel {
+class HX_EXPORT HOTrackCancel {
 public:
     void Cancel() { m_cancelled.store(true, std::memory_order_release); }
     bool IsCancelled() const { return m_cancelled.load(std::memory_order_acquire); }

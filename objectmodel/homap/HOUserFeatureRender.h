@@ -8,10 +8,11 @@
 #include "HORefBase.h"
 #include "HORefPtr.h"
 #include "HOStyle.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
-class HOUserFeatureRender : public HORefBase {
+class HX_EXPORT HOUserFeatureRender : public HORefBase {
 public:
     // Ids in ascending order.
     void GetCustomIds(std::vector<int>& ids) const;

@@ -6,6 +6,7 @@
 #include "HORect.h"
 #include "HORefBase.h"
 #include "HOSize.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
@@ -13,7 +14,7 @@ class HOGraphics;
 class HOTool;
 class HOToolBuddy;
 
-class HOView : public HORefBase {
+class HX_EXPORT HOView : public HORefBase {
 public:
     // True when the view (its current tool) used the key.
     virtual bool KeyDown(int key) = 0;

@@ -15,10 +15,11 @@
 #include "HORefPtr.h"
 #include "HOView.h"
 #include "HOViewport.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
-class HOViewportView : public HOView {
+class HX_EXPORT HOViewportView : public HOView {
 public:
     // HOView, in table order; the operations left out are the derived view's.
     bool KeyDown(int key) override;

@@ -11,12 +11,13 @@
 #include "HOEvent.h"
 #include "HOPageLayoutBaseElement.h"
 #include "HORefPtr.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
 class HOMapView;
 
-class HODataFrame : public HOPageLayoutBaseElement {
+class HX_EXPORT HODataFrame : public HOPageLayoutBaseElement {
 public:
     HODataFrame();
 

@@ -8,9 +8,11 @@
 #include <QString>
 #include <QStringList>
 
+#include "HXExport.h"
+
 namespace HXObjects {
 
-class HOFileFunc {
+class HX_EXPORT HOFileFunc {
 public:
     explicit HOFileFunc(const QString& path) : m_path(path) {}
 

@@ -6,10 +6,11 @@
 #include "HOPageLayoutBaseElement.h"
 #include "HOPoint.h"
 #include "HORefPtr.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
-class HOGraphicsContainer {
+class HX_EXPORT HOGraphicsContainer {
 public:
     void AddElement(HOPageLayoutBaseElement* element);
     void RemoveElement(HOPageLayoutBaseElement* element);

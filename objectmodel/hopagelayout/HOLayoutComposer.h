@@ -4,12 +4,14 @@
 // a legend and a scale bar tied to the frame.
 #include <QString>
 
+#include "HXExport.h"
+
 namespace HXObjects {
 
 class HOPageLayoutView;
 class HOMapView;
 
-class HOLayoutComposer {
+class HX_EXPORT HOLayoutComposer {
 public:
     // Puts the map view into the layout's operating frame and lays every element out on the layout's
     // sheet; elements already on the page other than that frame are removed.

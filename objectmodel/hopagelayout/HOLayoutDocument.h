@@ -18,13 +18,14 @@
 
 #include "HOPageLayoutBaseElement.h"
 #include "HOPageSetup.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
 class HOFileFunc;
 class HOPageLayoutView;
 
-class HOLayoutDocument {
+class HX_EXPORT HOLayoutDocument {
 public:
     static constexpr int kVersion = 1;
 

@@ -5,13 +5,15 @@
 // every map in full, so hosts call it off the GUI thread or headless.
 #include <QString>
 
+#include "HXExport.h"
+
 class QPrinter;
 
 namespace HXObjects {
 
 class HOPageLayoutView;
 
-class HOPageExporter {
+class HX_EXPORT HOPageExporter {
 public:
     static constexpr int kMaxDpi = 1200;
     // An image bigger than this many pixels is refused (an A0 sheet at 300 dpi is 140 million).

@@ -11,12 +11,13 @@
 #include "HORect.h"
 #include "HORefBase.h"
 #include "HORefPtr.h"
+#include "HXExport.h"
 
 class QPainter;
 
 namespace HXObjects {
 
-class HOPageLayoutBaseElement : public HORefBase {
+class HX_EXPORT HOPageLayoutBaseElement : public HORefBase {
 public:
     HOMapElementType get_element_type() const { return m_type; }
     double get_off_x() const { return m_offX; }

@@ -10,6 +10,7 @@
 #include "HOPageSetup.h"
 #include "HORefPtr.h"
 #include "HOViewportView.h"
+#include "HXExport.h"
 
 class QPainter;
 
@@ -19,7 +20,7 @@ class HOMapView;
 class HOFileFunc;
 class HODataFrame;
 
-class HOPageLayoutView : public HOViewportView {
+class HX_EXPORT HOPageLayoutView : public HOViewportView {
 public:
     HOPageLayoutView();
 

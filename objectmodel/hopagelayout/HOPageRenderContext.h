@@ -8,10 +8,11 @@
 
 #include "HODisplayTransform.h"
 #include "HORect.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
-struct HOPageRenderContext {
+struct HX_EXPORT HOPageRenderContext {
     HODisplayTransform transform;  // page units (mm) -> device pixels
     double dpi = 96.0;
     bool output = false;

@@ -4,10 +4,11 @@
 #include <QString>
 
 #include "HORect.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
-class HOPageSetup {
+class HX_EXPORT HOPageSetup {
 public:
     // The largest sheet accepted (A0 in either orientation): a bigger page is a typing error that
     // would allocate gigabytes when it is rendered.

@@ -5,7 +5,9 @@
 #include <QColor>
 #include <QToolButton>
 
-class HXColorBtn : public QToolButton {
+#include "HXExport.h"
+
+class HX_EXPORT HXColorBtn : public QToolButton {
     Q_OBJECT
 public:
     explicit HXColorBtn(QWidget* parent = nullptr);

@@ -5,7 +5,9 @@
 // when the tip is no longer wanted.
 #include <QLabel>
 
-class HXTooltip : public QLabel {
+#include "HXExport.h"
+
+class HX_EXPORT HXTooltip : public QLabel {
     Q_OBJECT
 public:
     explicit HXTooltip(QWidget* parent);

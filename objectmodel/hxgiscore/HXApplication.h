@@ -6,7 +6,9 @@
 #include <QPixmap>
 #include <QString>
 
-class HXApplication {
+#include "HXExport.h"
+
+class HX_EXPORT HXApplication {
 public:
     HXApplication() = delete;
 

@@ -2,11 +2,13 @@
 // HXGis: parsing of numbers that users type, and shared map constants.
 #include <QString>
 
+#include "HXExport.h"
+
 // The scales offered in scale boxes until the user configures others ("Map/scales").
 inline constexpr const char* PROJECT_SCALES =
     "1:1000000,1:500000,1:250000,1:100000,1:50000,1:25000,1:10000,1:5000,1:2500,1:1000,1:500";
 
-class HXGis {
+class HX_EXPORT HXGis {
 public:
     // A number written in the current locale (QLocale()), group separators allowed where the
     // locale puts them ("1,234.5" in English, "1.234,5" in German), or a plain C-locale number

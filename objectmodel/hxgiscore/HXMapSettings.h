@@ -9,8 +9,9 @@
 #include <QSize>
 
 #include "HORect.h"
+#include "HXExport.h"
 
-class HXMapSettings {
+class HX_EXPORT HXMapSettings {
 public:
     enum Flag {
         Antialiasing = 0x1,  // smooth edges of lines, fills and text

@@ -3,11 +3,13 @@
 #include <QPixmap>
 #include <QSize>
 
+#include "HXExport.h"
+
 namespace HXObjects {
 class HOStyle;
 }
 
-class HXSymbolUtils {
+class HX_EXPORT HXSymbolUtils {
 public:
     // The style drawn as a sample (marker, zigzag line or filled square) on a transparent pixmap;
     // a transparent pixmap for a null style.

@@ -8,6 +8,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include "HXExport.h"
 #include "HXLicenseInfo.h"
 #include "HXLicenseStatus.h"
 
@@ -15,26 +16,26 @@ namespace HXLicense {
 
 // Reads and verifies the licence file at path; it replaces the licence held before, even when it is
 // not valid (a failed load leaves no licence). error receives the reason when the result is not Valid.
-HXLicenseStatus initialize(const QString& path, QString* error = nullptr);
+HX_EXPORT HXLicenseStatus initialize(const QString& path, QString* error = nullptr);
 // The same for a licence's text.
-HXLicenseStatus initializeFromText(const QByteArray& text, QString* error = nullptr);
+HX_EXPORT HXLicenseStatus initializeFromText(const QByteArray& text, QString* error = nullptr);
 // Forgets the licence: status() becomes Absent.
-void reset();
+HX_EXPORT void reset();
 
-HXLicenseStatus status();
-bool isValid();
+HX_EXPORT HXLicenseStatus status();
+HX_EXPORT bool isValid();
 // True when the licence is valid and lists feature.
-bool hasFeature(const QString& feature);
+HX_EXPORT bool hasFeature(const QString& feature);
 // What the loaded licence grants (empty when none was read).
-HXLicenseInfo info();
-QString statusText(HXLicenseStatus status);
+HX_EXPORT HXLicenseInfo info();
+HX_EXPORT QString statusText(HXLicenseStatus status);
 
 // Trusts the Ed25519 public key in pem (PEM text) for licences loaded from now on; an empty text goes
 // back to the key compiled in. False, and nothing changes, when pem holds no Ed25519 public key.
-bool setTrustedPublicKey(const QByteArray& pem);
-QByteArray trustedPublicKey();
+HX_EXPORT bool setTrustedPublicKey(const QByteArray& pem);
+HX_EXPORT QByteArray trustedPublicKey();
 
 // This machine's identity as a licence's "machine" field names it.
-QString machineId();
+HX_EXPORT QString machineId();
 
 }  // namespace HXLicense

@@ -7,7 +7,9 @@
 #include <QString>
 #include <QStringList>
 
-struct HXLicenseInfo {
+#include "HXExport.h"
+
+struct HX_EXPORT HXLicenseInfo {
     QString licensee;
     QDate issued;
     // The last day the licence is valid.

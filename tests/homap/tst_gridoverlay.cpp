@@ -11,6 +11,7 @@
 #include <memory>
 
 #include "HOCoordinateSystem.h"
+#include "private/HOCoordinateSystemOgr.h"
 #include "HOGridSpacing.h"
 #include "HOMapGridOverlay.h"
 #include "HOTestColumns.h"
@@ -89,7 +90,7 @@ QImage render(const HOMapRulerAndGrid& settings, const HOMapGridOverlay::Target&
 class Geo {
 public:
     explicit Geo(const HOMapGridOverlay::Target& target) : m_target(target) {
-        OGRSpatialReference map(*target.system->Ogr());
+        OGRSpatialReference map(*HOCoordinateSystemOgr::Ogr(target.system));
         map.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
         OGRSpatialReference* geo = map.CloneGeogCS();
         geo->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);

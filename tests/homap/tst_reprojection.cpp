@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "HOFeatureLayer.h"
+#include "private/HOCoordinateSystemOgr.h"
 #include "HOLayerFixture.h"
 #include "HOMap.h"
 #include "HORasterLayer.h"
@@ -113,7 +114,7 @@ private slots:
         OGRSpatialReference wgs84;
         wgs84.importFromEPSG(4326);
         wgs84.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
-        OGRSpatialReference there(*target->Ogr());
+        OGRSpatialReference there(*HOCoordinateSystemOgr::Ogr(target));
         there.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
         std::unique_ptr<OGRCoordinateTransformation> transform(
             OGRCreateCoordinateTransformation(&wgs84, &there));

@@ -5,6 +5,7 @@
 
 #include <memory>
 
+#include "private/HOCoordinateSystemOgr.h"
 #include "HOCoordinateSystem.h"
 #include "HOGeometryProject.h"
 
@@ -46,17 +47,17 @@ HOGeometry::Part Distinct(const HOGeometry::Part& part) {
 
 // A metric frame centred on the point (map units) on the datum of the map's system.
 HORefPtr<HOCoordinateSystem> LocalFrame(HOCoordinateSystem* mapSystem, HOPoint centre) {
-    std::unique_ptr<OGRSpatialReference> geographic(mapSystem->Ogr()->CloneGeogCS());
+    std::unique_ptr<OGRSpatialReference> geographic(HOCoordinateSystemOgr::Ogr(mapSystem)->CloneGeogCS());
     if (!geographic) return nullptr;
     geographic->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
-    const HORefPtr<HOCoordinateSystem> lonLat = HOCoordinateSystem::FromOgr(geographic.get());
+    const HORefPtr<HOCoordinateSystem> lonLat = HOCoordinateSystemOgr::FromOgr(geographic.get());
     HOGeometryProject toLonLat;
     if (!lonLat || !toLonLat.SetPrj(mapSystem, lonLat.get(), nullptr) || !toLonLat.ProjPoint(centre.x, centre.y))
         return nullptr;
     OGRSpatialReference local(*geographic);
     local.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
     if (local.SetAE(centre.y, centre.x, 0, 0) != OGRERR_NONE) return nullptr;
-    return HOCoordinateSystem::FromOgr(&local);
+    return HOCoordinateSystemOgr::FromOgr(&local);
 }
 
 bool Reproject(HOGeometry& geometry, HOCoordinateSystem* from, HOCoordinateSystem* to) {

@@ -3,6 +3,7 @@
 // MIME type (geometry, style and label, exactly) and as WKT text, one geometry per line, so a text
 // editor receives WKT; WKT text copied elsewhere comes back as elements with the default style.
 #include "HOElement.h"
+#include "HXExport.h"
 
 #include <vector>
 
@@ -10,7 +11,7 @@ class QMimeData;
 
 namespace HXObjects {
 
-class HOElementClipboard {
+class HX_EXPORT HOElementClipboard {
 public:
     static const char* const kMimeType;
 

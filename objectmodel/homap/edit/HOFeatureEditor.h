@@ -10,13 +10,14 @@
 #include "HOFeatureChange.h"
 #include "HOFeatureEditCommand.h"
 #include "HOFeatureLayer.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
 class HOMap;
 class HOTool;
 
-class HOFeatureEditor {
+class HX_EXPORT HOFeatureEditor {
 public:
     // Submits the edit; false, with the reason shown, when the layer is read-only or there is
     // nothing to do. `settled` (optional) learns the outcome on the GUI thread once written.

@@ -2,10 +2,11 @@
 // HOSnapResult: where a pointer snapped, and to what: a vertex, a point on a segment, or nothing (the
 // point is then the pointer's own map point).
 #include "HOPoint.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
-struct HOSnapResult {
+struct HX_EXPORT HOSnapResult {
     enum Kind { None, Vertex, Segment };
     Kind kind = None;
     HOPoint point;

@@ -10,10 +10,11 @@
 #include "HODisplayTransform.h"
 #include "HORect.h"
 #include "HOSize.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
-class HOViewport {
+class HX_EXPORT HOViewport {
 public:
     // How far navigation may go, in map units: the units per pixel shown, and how far the centre may
     // lie from the origin along either axis. The default limits nothing.

@@ -13,10 +13,11 @@
 #include "HORefBase.h"
 #include "HORefPtr.h"
 #include "HOString.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
-class HODataSource : public HORefBase {
+class HX_EXPORT HODataSource : public HORefBase {
 public:
     // Null on failure, with the error "cannot open 'path': reason" when asked.
     static HORefPtr<HODataSource> Open(const HOString& path, HOString* error = nullptr);

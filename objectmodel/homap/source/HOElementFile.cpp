@@ -7,6 +7,7 @@
 #include <QFile>
 #include <memory>
 
+#include "private/HOCoordinateSystemOgr.h"
 #include "HOCoordinateSystem.h"
 #include "HOGraphicsLayer.h"
 #include "edit/HOGeometryWkt.h"
@@ -58,7 +59,8 @@ bool HOElementFile::Save(const HOString& path, const std::vector<HORefPtr<HOElem
         GDALDatasetUniquePtr file(driver->Create(part.toUtf8().constData(), 0, 0, 0, GDT_Unknown, nullptr));
         if (!file) return Fail(error, target, LastGdalError());
         // CreateLayer takes a non-const reference it only reads (and clones).
-        std::unique_ptr<OGRSpatialReference> srs(system && system->Ogr() ? system->Ogr()->Clone() : nullptr);
+        std::unique_ptr<OGRSpatialReference> srs(system ? HOCoordinateSystemOgr::Ogr(system)->Clone()
+                                                        : nullptr);
         OGRLayer* table = file->CreateLayer(kTable, srs.get(), wkbUnknown, nullptr);
         if (!table) return Fail(error, target, LastGdalError());
         OGRFieldDefn label("label", OFTString), style("style", OFTString);

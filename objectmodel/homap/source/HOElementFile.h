@@ -9,12 +9,13 @@
 
 #include "HOElement.h"
 #include "HOString.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
 class HOCoordinateSystem;
 
-class HOElementFile {
+class HX_EXPORT HOElementFile {
 public:
     // False with a readable error when the file cannot be written.
     static bool Save(const HOString& path, const std::vector<HORefPtr<HOElement>>& elements,

@@ -6,10 +6,11 @@
 // (and the stored one is not compared). A list of changes is written to the data source as one transaction.
 #include "HOFeature.h"
 #include "HORefPtr.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
-struct HOFeatureChange {
+struct HX_EXPORT HOFeatureChange {
     HORefPtr<HOFeature> before;
     HORefPtr<HOFeature> after;
 

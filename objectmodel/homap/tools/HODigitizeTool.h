@@ -9,10 +9,11 @@
 
 #include "HOGeometry.h"
 #include "HOMapTool.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
-class HODigitizeTool : public HOMapTool {
+class HX_EXPORT HODigitizeTool : public HOMapTool {
 public:
     void Activate() override;
     void Deactivate() override;

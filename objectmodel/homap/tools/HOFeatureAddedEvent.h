@@ -3,10 +3,11 @@
 // the host can ask for its attributes.
 #include "HOEvent.h"
 #include "HOFeatureLayer.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
-class HOFeatureAddedEvent : public HOEvent {
+class HX_EXPORT HOFeatureAddedEvent : public HOEvent {
 public:
     HORefPtr<HOFeatureLayer> layer;
     int featureId = -1;

@@ -6,10 +6,11 @@
 #include "HOEvent.h"
 #include "HOFeature.h"
 #include "HOPoint.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
-class HOIdentifyEvent : public HOEvent {
+class HX_EXPORT HOIdentifyEvent : public HOEvent {
 public:
     HOPoint point;  // the clicked map point
     HOString layerName;

@@ -7,6 +7,7 @@
 #include <Qt>
 #include <memory>
 
+#include "private/HOCoordinateSystemOgr.h"
 #include "HOCoordinateSystem.h"
 #include "HOFeatureLayer.h"
 #include "HOGeometryProject.h"
@@ -36,8 +37,8 @@ HOPoint HOMapTool::FromLonLat(HOMap* map, const HOPoint& lonLat) {
     const HORefPtr<HOCoordinateSystem> system = map ? map->GetSpatialReference() : nullptr;
     if (!system || !system->IsProjected()) return lonLat;
     // Degrees on the map system's own datum.
-    std::unique_ptr<OGRSpatialReference> geographic(system->Ogr()->CloneGeogCS());
-    const HORefPtr<HOCoordinateSystem> from = HOCoordinateSystem::FromOgr(geographic.get());
+    std::unique_ptr<OGRSpatialReference> geographic(HOCoordinateSystemOgr::Ogr(system)->CloneGeogCS());
+    const HORefPtr<HOCoordinateSystem> from = HOCoordinateSystemOgr::FromOgr(geographic.get());
     HOGeometryProject project;
     HOPoint point = lonLat;
     if (!from || !project.SetPrj(from.get(), system.get(), nullptr) || !project.ProjPoint(point.x, point.y))

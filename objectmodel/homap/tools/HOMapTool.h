@@ -5,15 +5,16 @@
 // something is selected, so that the host's deletion takes over. Tools that place points snap them
 // to nearby vertices and segments (HOSnapper) unless Alt is held, and mark the snapped point.
 #include "HOMapView.h"
-#include "edit/HOSnapResult.h"
+#include "HOSnapResult.h"
 #include "HOTool.h"
 #include "HOToolBuddy.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
 class HOMap;
 
-class HOMapTool : public HOTool {
+class HX_EXPORT HOMapTool : public HOTool {
 public:
     using HOTool::AddPoint;
     // Longitude and latitude are projected into a projected map's system first.

@@ -6,6 +6,7 @@
 #include <QString>
 #include <cmath>
 
+#include "private/HOCoordinateSystemOgr.h"
 #include "HOCoordinateSystem.h"
 #include "HOGeometryProject.h"
 
@@ -47,11 +48,11 @@ public:
 };
 
 HOMeasurement::HOMeasurement(HOCoordinateSystem* mapSystem) : d(new Private) {
-    if (!mapSystem || !mapSystem->Ogr()) return;
-    std::unique_ptr<OGRSpatialReference> geographic(mapSystem->Ogr()->CloneGeogCS());
+    if (!mapSystem || !HOCoordinateSystemOgr::Ogr(mapSystem)) return;
+    std::unique_ptr<OGRSpatialReference> geographic(HOCoordinateSystemOgr::Ogr(mapSystem)->CloneGeogCS());
     if (!geographic) return;
     geographic->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
-    const HORefPtr<HOCoordinateSystem> lonLat = HOCoordinateSystem::FromOgr(geographic.get());
+    const HORefPtr<HOCoordinateSystem> lonLat = HOCoordinateSystemOgr::FromOgr(geographic.get());
     if (!lonLat || !d->toLonLat.SetPrj(mapSystem, lonLat.get(), nullptr)) return;
     const double inverse = geographic->GetInvFlattening();
     geod_init(&d->ellipsoid, geographic->GetSemiMajor(), inverse > 0 ? 1.0 / inverse : 0.0);

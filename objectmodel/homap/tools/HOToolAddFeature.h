@@ -7,10 +7,11 @@
 #include "HODigitizeTool.h"
 #include "HOEventSignal.h"
 #include "HOFeatureLayer.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
-class HOToolAddFeature : public HODigitizeTool {
+class HX_EXPORT HOToolAddFeature : public HODigitizeTool {
 public:
     HOString GetClassName() override { return "HXObjects::HOToolAddFeature"; }
     void Activate() override;

@@ -4,10 +4,11 @@
 // the tool as sender; the host shows it.
 #include "HOEventSignal.h"
 #include "HOMapTool.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
-class HOToolIdentify : public HOMapTool {
+class HX_EXPORT HOToolIdentify : public HOMapTool {
 public:
     HOString GetClassName() override { return "HXObjects::HOToolIdentify"; }
     void Activate() override;

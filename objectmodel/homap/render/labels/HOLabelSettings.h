@@ -7,10 +7,11 @@
 #include <vector>
 
 #include "HOColor.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
-struct HOLabelSettings {
+struct HX_EXPORT HOLabelSettings {
     QString expression;  // empty: no labels
     QString fontFamily = QStringLiteral("Noto Sans CJK SC");
     double fontSize = 9.0;  // points

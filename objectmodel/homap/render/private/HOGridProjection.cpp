@@ -7,6 +7,7 @@
 #include <cmath>
 #include <optional>
 
+#include "private/HOCoordinateSystemOgr.h"
 #include "HOCoordinateSystem.h"
 
 namespace HXObjects {
@@ -51,7 +52,7 @@ HOGridProjection::HOGridProjection(const HOCoordinateSystem* map, Kind kind, dou
     d->centralMeridian = centralMeridian;
     if (kind == Identity || !map) return;
     CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
-    OGRSpatialReference mapSrs(*map->Ogr());
+    OGRSpatialReference mapSrs(*HOCoordinateSystemOgr::Ogr(map));
     mapSrs.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
     std::unique_ptr<OGRSpatialReference, void (*)(OGRSpatialReference*)> grid(mapSrs.CloneGeogCS(), release);
     if (!grid) return;

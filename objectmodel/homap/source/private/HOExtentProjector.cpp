@@ -6,6 +6,7 @@
 #include <memory>
 #include <thread>
 
+#include "private/HOCoordinateSystemOgr.h"
 #include "HOCoordinateSystem.h"
 #include "source/private/HOValidRegion.h"
 
@@ -15,8 +16,8 @@ namespace {
 
 std::unique_ptr<OGRCoordinateTransformation> transformation(const HOCoordinateSystem* from,
                                                             const HOCoordinateSystem* to) {
-    OGRSpatialReference source(*from->Ogr());
-    OGRSpatialReference target(*to->Ogr());
+    OGRSpatialReference source(*HOCoordinateSystemOgr::Ogr(from));
+    OGRSpatialReference target(*HOCoordinateSystemOgr::Ogr(to));
     source.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
     target.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
     CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);

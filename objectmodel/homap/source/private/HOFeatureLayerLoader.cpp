@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 
+#include "private/HOCoordinateSystemOgr.h"
 #include "render/private/HOFeatureStyleSet.h"
 #include "source/private/HOFeatureLayerPrivate.h"
 #include "source/private/HOFeatureWriter.h"
@@ -38,7 +39,7 @@ HORefPtr<HOFeatureLayer> HOFeatureLayerLoader::Load(const std::shared_ptr<HOShar
                                                         std::move(reader.Boxes()));
 
     HORefPtr<HOFeatureLayer> result(new HOFeatureLayer);
-    auto system = HOCoordinateSystem::FromOgr(layer->GetSpatialRef());
+    auto system = HOCoordinateSystemOgr::FromOgr(layer->GetSpatialRef());
     result->d = std::make_unique<HOFeatureLayer::Private>(source, layer, system, store);
     result->d->type = layerTypeOf(declared, dominant);
     result->d->geometryType = geoTypeOf(declared, dominant);

@@ -1,4 +1,5 @@
 #include "source/private/HORasterInfo.h"
+#include "private/HOCoordinateSystemOgr.h"
 
 #include <gdal_priv.h>
 
@@ -72,7 +73,7 @@ bool HORasterInfo::Inspect(GDALDataset* dataset, HORasterInfo* info, HOString* r
     }
     info->northUp = info->geo[2] == 0 && info->geo[4] == 0 && info->geo[1] > 0 && info->geo[5] < 0;
     info->extent = cornersExtent(info->geo, info->width, info->height);
-    info->system = HOCoordinateSystem::FromOgr(dataset->GetSpatialRef());
+    info->system = HOCoordinateSystemOgr::FromOgr(dataset->GetSpatialRef());
 
     GDALRasterBand* first = dataset->GetRasterBand(1);
     info->palette = paletteOf(first);

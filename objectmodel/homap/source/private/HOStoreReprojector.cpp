@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "private/HOCoordinateSystemOgr.h"
 #include "HOCoordinateSystem.h"
 #include "source/private/HOExtentProjector.h"
 #include "source/private/HOValidRegion.h"
@@ -32,7 +33,7 @@ std::shared_ptr<const HOFeatureStore> HOStoreReprojector::Project(const HOFeatur
     if (!degreesSystem || !HOExtentProjector::Project(vertices, from, degreesSystem)) return nullptr;
     const HOFeatureTopology& topology = source.Topology();
     std::shared_ptr<const HOFeatureTopology> parts = source.SharedTopology();
-    const bool densify = !to->Ogr()->IsGeographic();
+    const bool densify = !HOCoordinateSystemOgr::Ogr(to)->IsGeographic();
     if (topology.IsSinglePoints() || (region.IsWholeWorld() && !densify)) {
         // Parts stay as they are: points outside are left out when drawn.
         for (HOVertex& v : vertices)

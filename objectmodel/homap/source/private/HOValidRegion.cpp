@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "private/HOCoordinateSystemOgr.h"
 #include "HOCoordinateSystem.h"
 
 namespace HXObjects {
@@ -55,14 +56,14 @@ std::vector<HOVertex> outline(double west, double south, double east, double nor
 }  // namespace
 
 HOValidRegion::HOValidRegion(const HOCoordinateSystem* system) {
-    const OGRSpatialReference& srs = *system->Ogr();
+    const OGRSpatialReference& srs = *HOCoordinateSystemOgr::Ogr(system);
     if (srs.IsGeographic()) {
         m_geographic = const_cast<HOCoordinateSystem*>(system);
         m_wholeWorld = true;
         return;
     }
     OGRSpatialReference* base = srs.CloneGeogCS();
-    m_geographic = HOCoordinateSystem::FromOgr(base);
+    m_geographic = HOCoordinateSystemOgr::FromOgr(base);
     if (base) base->Release();
     m_centre = srs.GetNormProjParm(SRS_PP_CENTRAL_MERIDIAN, 0.0);
     // Azimuthal projections go on round the pole: no meridian is the world's edge.
