@@ -12,9 +12,14 @@
 
 using namespace HXObjects;
 
-HXAttributeForm::HXAttributeForm(HOMap* map, HOFeatureLayer* layer, const std::vector<int>& ids, bool newFeature,
-                                 HOTool* tool, QWidget* parent)
-    : QDialog(parent), mMap(map), mLayer(layer), mTool(tool), mNewFeature(newFeature), mTable(new QTableWidget(this)) {
+HXAttributeForm::HXAttributeForm(HOMap* map, HOFeatureLayer* layer, const std::vector<int>& ids,
+                                 bool newFeature, HOTool* tool, QWidget* parent)
+    : QDialog(parent),
+      mMap(map),
+      mLayer(layer),
+      mTool(tool),
+      mNewFeature(newFeature),
+      mTable(new QTableWidget(this)) {
     setWindowTitle(newFeature ? tr("New feature of %1").arg(layer->GetName().toQString())
                               : tr("Attributes of %1").arg(layer->GetName().toQString()));
     const auto fields = layer->GetFields();
@@ -66,7 +71,8 @@ void HXAttributeForm::accept() {
         }
         // Attributes only: the geometry is kept, and not compared.
         if (!edited.empty())
-            changes.push_back({new HOFeature(feature->GetID(), nullptr, values), new HOFeature(feature->GetID(), nullptr, edited)});
+            changes.push_back({new HOFeature(feature->GetID(), nullptr, values),
+                               new HOFeature(feature->GetID(), nullptr, edited)});
     }
     if (changes.empty()) {
         QDialog::accept();

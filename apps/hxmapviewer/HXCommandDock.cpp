@@ -25,7 +25,8 @@ HXCommandDock::HXCommandDock(HXMapCanvas* canvas, QWidget* parent)
     auto* row = new QHBoxLayout;
     mPrompt = new QLabel(tr("Command:"), body);
     mEdit = new QLineEdit(body);
-    mEdit->setPlaceholderText(tr("pan, zoomin, zoomout, select, identify, or a command for the current tool"));
+    mEdit->setPlaceholderText(
+        tr("pan, zoomin, zoomout, select, identify, or a command for the current tool"));
     row->addWidget(mPrompt);
     row->addWidget(mEdit, 1);
     layout->addWidget(mLog, 1);
@@ -48,9 +49,13 @@ bool HXCommandDock::eventFilter(QObject* watched, QEvent* event) {
     return QDockWidget::eventFilter(watched, event);
 }
 
-void HXCommandDock::SetEditInfo(HOString text) { mEdit->setText(text.toQString()); }
+void HXCommandDock::SetEditInfo(HOString text) {
+    mEdit->setText(text.toQString());
+}
 
-void HXCommandDock::AddNotice(HOString text) { mLog->appendPlainText(text.toQString()); }
+void HXCommandDock::AddNotice(HOString text) {
+    mLog->appendPlainText(text.toQString());
+}
 
 void HXCommandDock::ShowView(HOString text, HOTool* tool, bool show) {
     mTool = tool;
@@ -62,9 +67,13 @@ void HXCommandDock::SetViewFocus(bool focus) {
     if (focus && isVisible()) mEdit->setFocus(Qt::OtherFocusReason);
 }
 
-HOTool* HXCommandDock::GetCurrentTool() { return mTool ? mTool : mCanvas->getMapTool(); }
+HOTool* HXCommandDock::GetCurrentTool() {
+    return mTool ? mTool : mCanvas->getMapTool();
+}
 
-QString HXCommandDock::log() const { return mLog->toPlainText(); }
+QString HXCommandDock::log() const {
+    return mLog->toPlainText();
+}
 
 void HXCommandDock::runCommand() {
     const QString command = mEdit->text().trimmed();

@@ -17,9 +17,10 @@ std::vector<HORefPtr<HOLayer>> HXDataSources::openLayers(const QString& path, QS
 }
 
 void HXDataSources::sortForDrawing(std::vector<HORefPtr<HOLayer>>& layers) {
-    std::stable_sort(layers.begin(), layers.end(), [](const HORefPtr<HOLayer>& a, const HORefPtr<HOLayer>& b) {
-        return drawRank(a->GetLayerType()) < drawRank(b->GetLayerType());
-    });
+    std::stable_sort(layers.begin(), layers.end(),
+                     [](const HORefPtr<HOLayer>& a, const HORefPtr<HOLayer>& b) {
+                         return drawRank(a->GetLayerType()) < drawRank(b->GetLayerType());
+                     });
 }
 
 int HXDataSources::drawRank(HOLayer::LayerType type) {

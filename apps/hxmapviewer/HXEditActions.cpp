@@ -20,8 +20,11 @@
 using namespace HXObjects;
 
 HXEditActions::HXEditActions(HXMapCanvas* canvas, QActionGroup* tools, QWidget* parent)
-    : QObject(parent), mCanvas(canvas), mMap(canvas->GetMapView() ? canvas->GetMapView()->GetMap() : nullptr),
-      mTools(tools), mToolBar(new QToolBar(tr("Edit"), parent)),
+    : QObject(parent),
+      mCanvas(canvas),
+      mMap(canvas->GetMapView() ? canvas->GetMapView()->GetMap() : nullptr),
+      mTools(tools),
+      mToolBar(new QToolBar(tr("Edit"), parent)),
       mMenu(new QMenu(tr("&Edit"), parent)) {
     mToolBar->setObjectName("editTools");
     if (HOMap* map = mMap.get()) {
@@ -60,7 +63,8 @@ HXEditActions::HXEditActions(HXMapCanvas* canvas, QActionGroup* tools, QWidget* 
 HXEditActions::~HXEditActions() {
     if (HOMap* map = mMap.get()) {
         disconnect(map->GetUndoStack(), nullptr, this, nullptr);
-        HOUnbindMember(map->GetGraphicsLayer()->ElementsChangedSignal, this, &HXEditActions::onElementsChanged);
+        HOUnbindMember(map->GetGraphicsLayer()->ElementsChangedSignal, this,
+                       &HXEditActions::onElementsChanged);
     }
 }
 

@@ -15,7 +15,9 @@
 using namespace HXObjects;
 
 HXElementAutosave::HXElementAutosave(HXMapCanvas* canvas, const QString& path, QObject* parent)
-    : QObject(parent), mCanvas(canvas), mMap(canvas->GetMapView() ? canvas->GetMapView()->GetMap() : nullptr),
+    : QObject(parent),
+      mCanvas(canvas),
+      mMap(canvas->GetMapView() ? canvas->GetMapView()->GetMap() : nullptr),
       mPath(path) {
     if (!mMap) return;
     connect(mMap->GetUndoStack(), &QUndoStack::indexChanged, this, &HXElementAutosave::save);
@@ -48,11 +50,14 @@ void HXElementAutosave::load() {
     mWork = std::async(std::launch::async, [this, path = mPath] {
         HOString error;
         auto elements = HOElementFile::Load(HOString(path), &error);
-        QMetaObject::invokeMethod(this, [this, elements, error] {
-            if (!error.isEmpty()) emit failed(error.toQString());
-            insert(elements);
-            saveFinished(QString());
-        }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this,
+            [this, elements, error] {
+                if (!error.isEmpty()) emit failed(error.toQString());
+                insert(elements);
+                saveFinished(QString());
+            },
+            Qt::QueuedConnection);
     });
 }
 
@@ -60,7 +65,8 @@ void HXElementAutosave::load() {
 void HXElementAutosave::insert(const std::vector<HORefPtr<HOElement>>& elements) {
     if (!mMap || elements.empty()) return;
     const HORefPtr<HOGraphicsLayer> layer = mMap->GetGraphicsLayer();
-    for (const auto& e : elements) layer->InsertElement(layer->NewElement(e->GetGeometry(), e->GetStyle(), e->GetLabel()));
+    for (const auto& e : elements)
+        layer->InsertElement(layer->NewElement(e->GetGeometry(), e->GetStyle(), e->GetLabel()));
     layer->NotifyElementsChanged();
     mCanvas->refresh();
     emit loaded(int(elements.size()));
@@ -76,12 +82,14 @@ void HXElementAutosave::save() {
     if (mWork.valid()) mWork.wait();  // already finished: only collects it
     mBusy = true;
     mDirty = false;
-    mWork = std::async(std::launch::async, [this, path = mPath, elements = map->GetGraphicsLayer()->GetElements(),
-                                            system = map->GetSpatialReference()] {
-        HOString error;
-        HOElementFile::Save(HOString(path), elements, system.get(), &error);
-        QMetaObject::invokeMethod(this, [this, error] { saveFinished(error.toQString()); }, Qt::QueuedConnection);
-    });
+    mWork =
+        std::async(std::launch::async, [this, path = mPath, elements = map->GetGraphicsLayer()->GetElements(),
+                                        system = map->GetSpatialReference()] {
+            HOString error;
+            HOElementFile::Save(HOString(path), elements, system.get(), &error);
+            QMetaObject::invokeMethod(
+                this, [this, error] { saveFinished(error.toQString()); }, Qt::QueuedConnection);
+        });
 }
 
 void HXElementAutosave::saveFinished(const QString& error) {

@@ -5,8 +5,8 @@
 
 #include "HOCMDPool.h"
 #include "HOCallbackKey.h"
-#include "HOFeatureEditor.h"
 #include "HOFeatureAddedEvent.h"
+#include "HOFeatureEditor.h"
 #include "HOMap.h"
 #include "HOMapView.h"
 #include "HOToolAddFeature.h"
@@ -18,7 +18,8 @@ using namespace HXObjects;
 HXFeatureEditing::HXFeatureEditing(HXMapCanvas* canvas)
     : QObject(canvas),
       mCanvas(canvas),
-      mAddTool(dynamic_cast<HOToolAddFeature*>(HOCMDPool::GetInstance()->GetTool("HXObjects::HOToolAddFeature"))) {
+      mAddTool(
+          dynamic_cast<HOToolAddFeature*>(HOCMDPool::GetInstance()->GetTool("HXObjects::HOToolAddFeature"))) {
     connect(canvas, &HXMapCanvas::EditFeature, this, &HXFeatureEditing::onEditFeature);
     if (mAddTool) HOBindMember(mAddTool->FeatureAddedSignal, this, &HXFeatureEditing::onFeatureAdded);
 }
@@ -31,7 +32,8 @@ HOFeatureLayer* HXFeatureEditing::selectedLayer() const {
     HOMap* map = mCanvas->GetMapView() ? mCanvas->GetMapView()->GetMap() : nullptr;
     if (!map) return nullptr;
     for (const HORefPtr<HOLayer>& layer : map->GetLayers())
-        if (auto* features = dynamic_cast<HOFeatureLayer*>(layer.get()); features && features->HasSelectedFeatures())
+        if (auto* features = dynamic_cast<HOFeatureLayer*>(layer.get());
+            features && features->HasSelectedFeatures())
             return features;
     return nullptr;
 }
@@ -44,7 +46,8 @@ void HXFeatureEditing::onEditFeature(HOTool* tool, bool, int) {
     HORefPtr<HOFeatureLayer> held(layer);
     QTimer::singleShot(0, this, [this, canvas, held, tool] {
         if (!canvas || !canvas->GetMapView()) return;
-        HXAttributeForm form(canvas->GetMapView()->GetMap(), held.get(), held->GetSelectedIds(), false, tool, canvas);
+        HXAttributeForm form(canvas->GetMapView()->GetMap(), held.get(), held->GetSelectedIds(), false, tool,
+                             canvas);
         form.exec();
     });
 }

@@ -12,11 +12,14 @@ HXIdentifyPanel::HXIdentifyPanel(QWidget* parent) : QDockWidget(tr("Identify res
     setWidget(mTree);
 }
 
-void HXIdentifyPanel::clear() { mTree->clear(); }
+void HXIdentifyPanel::clear() {
+    mTree->clear();
+}
 
 void HXIdentifyPanel::addFeature(const QString& layerName, int featureId, const Attributes& attributes) {
     auto* feature = new QTreeWidgetItem(mTree, {layerName, tr("feature %1").arg(featureId)});
-    for (const auto& attribute : attributes) new QTreeWidgetItem(feature, {attribute.first, attribute.second});
+    for (const auto& attribute : attributes)
+        new QTreeWidgetItem(feature, {attribute.first, attribute.second});
     feature->setExpanded(true);
     if (!isVisible()) show();
 }

@@ -20,7 +20,9 @@ HORefPtr<HOStyle> parcel(int r, int g, int b, int alpha) {
     return HOStyle::NewFill(HOColor(r, g, b, alpha), HOColor(r - 30, g - 30, b - 30, 50), 0.5);
 }
 
-HORefPtr<HOStyle> road(double width, const HOColor& colour) { return HOStyle::NewLine(width, colour); }
+HORefPtr<HOStyle> road(double width, const HOColor& colour) {
+    return HOStyle::NewLine(width, colour);
+}
 
 HORefPtr<HOStyle> styleFor(const QString& name) {
     if (name == "land") return HOStyle::NewFill(HOColor(236, 232, 210), HOColor(150, 140, 110), 1.0);

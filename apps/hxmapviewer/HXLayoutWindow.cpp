@@ -71,11 +71,12 @@ void HXLayoutWindow::addFileMenuEntries(QMenu* menu, QWidget* parent, std::funct
 
 void HXLayoutWindow::buildMenus() {
     QMenu* file = menuBar()->addMenu(tr("&File"));
-    mDocumentActions
-        << file->addAction(tr("&New layout"), this, &HXLayoutWindow::newLayout, QKeySequence::New)
-        << file->addAction(tr("&Open…"), this, &HXLayoutWindow::openWithPrompt, QKeySequence::Open)
-        << file->addAction(tr("&Save"), this, &HXLayoutWindow::save, QKeySequence::Save)
-        << file->addAction(tr("Save &as…"), this, &HXLayoutWindow::saveAs, QKeySequence::SaveAs);
+    mDocumentActions << file->addAction(tr("&New layout"), this, &HXLayoutWindow::newLayout,
+                                        QKeySequence::New)
+                     << file->addAction(tr("&Open…"), this, &HXLayoutWindow::openWithPrompt,
+                                        QKeySequence::Open)
+                     << file->addAction(tr("&Save"), this, &HXLayoutWindow::save, QKeySequence::Save)
+                     << file->addAction(tr("Save &as…"), this, &HXLayoutWindow::saveAs, QKeySequence::SaveAs);
     file->addSeparator();
     mDocumentActions << file->addAction(tr("&Print…"), this, &HXLayoutWindow::print, QKeySequence::Print)
                      << file->addAction(tr("Export P&DF…"), this, &HXLayoutWindow::exportPdf)

@@ -21,7 +21,7 @@ class HXMapCanvas;
 namespace HXObjects {
 class HOFileFunc;
 class HOMap;
-}
+}  // namespace HXObjects
 
 class HXLayoutWindow : public QMainWindow {
     Q_OBJECT

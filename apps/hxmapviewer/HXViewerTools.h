@@ -7,7 +7,7 @@ struct HXViewerTool {
     QString command;    // what the command line accepts
     QString className;  // the command pool's name
     QString label;      // tool-bar text
-    QString icon;       // theme image, "pan" / "select" for the viewer's own drawings, or a resource (":/…")
+    QString icon;  // theme image, "pan" / "select" for the viewer's own drawings, or a resource (":/…")
     QString shortcut;
 };
 

@@ -1,7 +1,6 @@
 #include "HXViewerWindow.h"
 
 #include "HOCMDPool.h"
-#include "HXFeatureEditing.h"
 #include "HOCallbackKey.h"
 #include "HOCoordinateSystem.h"
 #include "HOIdentifyEvent.h"
@@ -14,6 +13,7 @@
 #include "HXCommandDock.h"
 #include "HXEditActions.h"
 #include "HXElementAutosave.h"
+#include "HXFeatureEditing.h"
 #include "HXFileOpening.h"
 #include "HXIdentifyPanel.h"
 #include "HXLayerPanel.h"
@@ -30,13 +30,13 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QElapsedTimer>
-#include <QStatusBar>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
 #include <QSettings>
+#include <QStatusBar>
 #include <QStyle>
 #include <QThread>
 #include <QToolBar>
@@ -46,7 +46,8 @@ using namespace HXObjects;
 
 namespace {
 const char* const kFileFilter =
-    "Map data (*.gpkg *.shp *.geojson *.json *.kml *.gml *.tab *.mif *.csv *.tif *.tiff *.img *.jp2 *.png *.jpg *.vrt);;"
+    "Map data (*.gpkg *.shp *.geojson *.json *.kml *.gml *.tab *.mif *.csv *.tif *.tiff *.img *.jp2 *.png "
+    "*.jpg *.vrt);;"
     "All files (*)";
 
 // The map's coordinate system from what a person typed: null, with the reason, when it cannot be
@@ -105,7 +106,8 @@ HXViewerWindow::HXViewerWindow(QWidget* parent) : QMainWindow(parent) {
     mCanvas->StatusBar()->addWidget(mOpening);
     connect(mOpening, &HXFileOpening::opened, this, &HXViewerWindow::onFileOpened);
 
-    if (HOMapView* view = mCanvas->GetMapView()) HOBindMember(view->RenderFinishedSignal, this, &HXViewerWindow::onRenderFinished);
+    if (HOMapView* view = mCanvas->GetMapView())
+        HOBindMember(view->RenderFinishedSignal, this, &HXViewerWindow::onRenderFinished);
     buildToolBar();
     buildMenus();
     buildEditing();
@@ -116,12 +118,15 @@ HXViewerWindow::HXViewerWindow(QWidget* parent) : QMainWindow(parent) {
 }
 
 HXViewerWindow::~HXViewerWindow() {
-    if (HOMapView* view = mCanvas->GetMapView()) HOUnbindMember(view->RenderFinishedSignal, this, &HXViewerWindow::onRenderFinished);
+    if (HOMapView* view = mCanvas->GetMapView())
+        HOUnbindMember(view->RenderFinishedSignal, this, &HXViewerWindow::onRenderFinished);
     if (mIdentifyTool) HOUnbindMember(mIdentifyTool->IdentifiedSignal, this, &HXViewerWindow::onIdentified);
 }
 
 // On the render thread: only counts.
-void HXViewerWindow::onRenderFinished(void*, HOEvent*) { ++mRendersFinished; }
+void HXViewerWindow::onRenderFinished(void*, HOEvent*) {
+    ++mRendersFinished;
+}
 
 void HXViewerWindow::buildToolBar() {
     Q_INIT_RESOURCE(hxmapviewer);  // the viewer's own icons, in a static library
@@ -146,7 +151,8 @@ void HXViewerWindow::buildToolBar() {
     bar->addSeparator();
     bar->addAction(style()->standardIcon(QStyle::SP_DesktopIcon), tr("Full extent"), this,
                    &HXViewerWindow::zoomToFullExtent);
-    bar->addAction(style()->standardIcon(QStyle::SP_BrowserReload), tr("Refresh"), mCanvas, &HXMapCanvas::refresh);
+    bar->addAction(style()->standardIcon(QStyle::SP_BrowserReload), tr("Refresh"), mCanvas,
+                   &HXMapCanvas::refresh);
 }
 
 void HXViewerWindow::buildMenus() {
@@ -219,7 +225,8 @@ void HXViewerWindow::openFiles(const QStringList& paths) {
 bool HXViewerWindow::waitForOpened(int timeoutMs) {
     QElapsedTimer clock;
     clock.start();
-    while (mOpening->isBusy() && clock.elapsed() < timeoutMs) QApplication::processEvents(QEventLoop::AllEvents, 50);
+    while (mOpening->isBusy() && clock.elapsed() < timeoutMs)
+        QApplication::processEvents(QEventLoop::AllEvents, 50);
     return !mOpening->isBusy();
 }
 
@@ -251,8 +258,8 @@ void HXViewerWindow::addLayer(HOLayer* layer) {
 }
 
 void HXViewerWindow::openWithPrompt() {
-    const std::vector<HOString> chosen = mCanvas->getOpenFileNames(HOString(tr("Open map data")), HOString(),
-                                                                    HOString(QString(kFileFilter)));
+    const std::vector<HOString> chosen =
+        mCanvas->getOpenFileNames(HOString(tr("Open map data")), HOString(), HOString(QString(kFileFilter)));
     QStringList paths;
     for (const HOString& path : chosen) paths << path.toQString();
     if (!paths.isEmpty()) openFiles(paths);
@@ -278,12 +285,12 @@ bool HXViewerWindow::setCoordinateSystem(const QString& definition, QString* err
 void HXViewerWindow::chooseCoordinateSystem() {
     HOMapView* view = mCanvas->GetMapView();
     HORefPtr<HOCoordinateSystem> current = view ? view->GetMap()->GetSpatialReference() : nullptr;
-    const QString initial =
-        current && current->GetEpsgCode() ? QString("EPSG:%1").arg(current->GetEpsgCode()) : QString("EPSG:4490");
+    const QString initial = current && current->GetEpsgCode() ? QString("EPSG:%1").arg(current->GetEpsgCode())
+                                                              : QString("EPSG:4490");
     bool ok = false;
-    const QString text = QInputDialog::getText(this, tr("Map coordinate system"),
-                                               tr("EPSG code, WKT or PROJ definition:"), QLineEdit::Normal,
-                                               initial, &ok);
+    const QString text =
+        QInputDialog::getText(this, tr("Map coordinate system"), tr("EPSG code, WKT or PROJ definition:"),
+                              QLineEdit::Normal, initial, &ok);
     if (ok && !text.trimmed().isEmpty()) setCoordinateSystem(text.trimmed());
 }
 
@@ -381,7 +388,8 @@ bool HXViewerWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void HXViewerWindow::bindIdentifyTool() {
-    mIdentifyTool = dynamic_cast<HOToolIdentify*>(HOCMDPool::GetInstance()->GetTool("HXObjects::HOToolIdentify"));
+    mIdentifyTool =
+        dynamic_cast<HOToolIdentify*>(HOCMDPool::GetInstance()->GetTool("HXObjects::HOToolIdentify"));
     if (mIdentifyTool) HOBindMember(mIdentifyTool->IdentifiedSignal, this, &HXViewerWindow::onIdentified);
 }
 

@@ -136,20 +136,21 @@ void ViewBench::Run(BenchReport& report) const {
     view->MouseUp(1, m_size.width() / 2, m_size.height() / 2);
     int step = 0;
     const double band = bestOf(50, [&] {
-        view->MouseMove(0, 100 + (step * 37) % (m_size.width() - 200), 100 + (step * 53) % (m_size.height() - 200));
+        view->MouseMove(0, 100 + (step * 37) % (m_size.width() - 200),
+                        100 + (step * 53) % (m_size.height() - 200));
         ++step;
         view->Draw(surface);
     });
-    report.Add(QStringLiteral("all"), QStringLiteral("view: mouse move to drawn rubber band (snapping on)"), band,
-               QString(), 0, QStringLiteral("<= 0.016 s"));
+    report.Add(QStringLiteral("all"), QStringLiteral("view: mouse move to drawn rubber band (snapping on)"),
+               band, QString(), 0, QStringLiteral("<= 0.016 s"));
     const HODisplayTransform transform = view->GetDisplayTransform();
     const int queries = 1000;
     const double snap = BenchClock::Seconds([&] {
         for (int i = 0; i < queries; ++i)
             HOSnapper::Snap(transform.ToMap((i * 37) % m_size.width(), (i * 53) % m_size.height()), view);
     });
-    report.Add(QStringLiteral("all"), QStringLiteral("1000 snap queries, 10 px, all layers"), snap, QString(), 0,
-               QStringLiteral("<= 1 s"));
+    report.Add(QStringLiteral("all"), QStringLiteral("1000 snap queries, 10 px, all layers"), snap, QString(),
+               0, QStringLiteral("<= 1 s"));
     view->SetCurrentTool(nullptr);
     view->StopRender(true);
     view->RenderFinishedSignal.unbind("hxbench");

@@ -20,8 +20,8 @@ using namespace HXObjects;
 namespace {
 
 bool Write(const QString& path, int count) {
-    GDALDatasetUniquePtr dataset(
-        GetGDALDriverManager()->GetDriverByName("GPKG")->Create(path.toUtf8(), 0, 0, 0, GDT_Unknown, nullptr));
+    GDALDatasetUniquePtr dataset(GetGDALDriverManager()->GetDriverByName("GPKG")->Create(
+        path.toUtf8(), 0, 0, 0, GDT_Unknown, nullptr));
     OGRLayer* layer = dataset ? dataset->CreateLayer("points", nullptr, wkbPoint) : nullptr;
     OGRFieldDefn name("name", OFTString);
     if (!layer || layer->CreateField(&name) != OGRERR_NONE) return false;
@@ -67,7 +67,8 @@ int main(int argc, char** argv) {
     // GUI thread's own share is the time the push or undo call itself took.
     const auto edit = [&](const char* what, std::vector<HOFeatureChange> changes) {
         bool written = false;
-        auto* command = new HOFeatureEditCommand(layer.get(), changes, what, [&](const HOString& why) { error = why; });
+        auto* command =
+            new HOFeatureEditCommand(layer.get(), changes, what, [&](const HOString& why) { error = why; });
         command->SetSettled([&](bool ok, const std::vector<HOFeatureChange>&) { written = ok; });
         timer.restart();
         stack.push(command);

@@ -5,8 +5,8 @@
 // watermark and the scrolling-notice overlay. The image lock is a std::mutex, which thread checkers
 // see, since the render thread and the GUI thread both take it.
 #include <QImage>
-#include <QSize>
 #include <QList>
+#include <QSize>
 #include <QTimer>
 #include <QWidget>
 #include <atomic>

@@ -132,7 +132,8 @@ void HXMapCanvas::clearToolpaint() const {
 void HXMapCanvas::setCurrentLayer(HOLayer* layer) {
     mCurrentLayer = layer;
     // New features are added to the current layer.
-    if (auto* add = dynamic_cast<HOToolAddFeature*>(HOCMDPool::GetInstance()->GetTool("HXObjects::HOToolAddFeature")))
+    if (auto* add =
+            dynamic_cast<HOToolAddFeature*>(HOCMDPool::GetInstance()->GetTool("HXObjects::HOToolAddFeature")))
         add->SetLayer(layer);
     emit currentLayerChanged(layer);
 }

@@ -18,7 +18,9 @@ public:
     int getA() const { return m_a; }
     QColor toQColor() const { return QColor(m_r, m_g, m_b, m_a); }
 
-    bool operator==(const HOColor& o) const { return m_r == o.m_r && m_g == o.m_g && m_b == o.m_b && m_a == o.m_a; }
+    bool operator==(const HOColor& o) const {
+        return m_r == o.m_r && m_g == o.m_g && m_b == o.m_b && m_a == o.m_a;
+    }
     bool operator!=(const HOColor& o) const { return !(*this == o); }
 
 private:

@@ -10,14 +10,21 @@ class HORefPtr {
 public:
     HORefPtr() = default;
     HORefPtr(std::nullptr_t) {}
-    HORefPtr(T* p) : m_p(p) { if (m_p) m_p->AddRef(); }
+    HORefPtr(T* p) : m_p(p) {
+        if (m_p) m_p->AddRef();
+    }
     HORefPtr(const HORefPtr& o) : HORefPtr(o.m_p) {}
     HORefPtr(HORefPtr&& o) noexcept : m_p(std::exchange(o.m_p, nullptr)) {}
     template <class U, class = std::enable_if_t<std::is_convertible<U*, T*>::value>>
     HORefPtr(const HORefPtr<U>& o) : HORefPtr(o.get()) {}
-    ~HORefPtr() { if (m_p) m_p->Release(); }
+    ~HORefPtr() {
+        if (m_p) m_p->Release();
+    }
 
-    HORefPtr& operator=(const HORefPtr& o) { reset(o.m_p); return *this; }
+    HORefPtr& operator=(const HORefPtr& o) {
+        reset(o.m_p);
+        return *this;
+    }
     HORefPtr& operator=(HORefPtr&& o) noexcept {
         if (this != &o) {
             T* old = std::exchange(m_p, std::exchange(o.m_p, nullptr));
@@ -25,7 +32,10 @@ public:
         }
         return *this;
     }
-    HORefPtr& operator=(T* p) { reset(p); return *this; }
+    HORefPtr& operator=(T* p) {
+        reset(p);
+        return *this;
+    }
 
     // Takes a reference on p before dropping the old one, so self-assignment is safe.
     void reset(T* p = nullptr) {
@@ -46,6 +56,8 @@ private:
 
 // A checked downcast that keeps the object alive: null when p is not a U.
 template <class U, class T>
-HORefPtr<U> HODynamicCast(const HORefPtr<T>& p) { return HORefPtr<U>(dynamic_cast<U*>(p.get())); }
+HORefPtr<U> HODynamicCast(const HORefPtr<T>& p) {
+    return HORefPtr<U>(dynamic_cast<U*>(p.get()));
+}
 
 }  // namespace HXObjects

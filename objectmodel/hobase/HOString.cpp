@@ -1,10 +1,10 @@
 #include "HOString.h"
 
 #include <QLocale>
+#include <clocale>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
-#include <clocale>
 #include <vector>
 
 namespace HXObjects {
@@ -37,7 +37,9 @@ int HOString::CompareNoCase(const char* other) const {
     return QString::compare(toQString(), QString::fromUtf8(other ? other : ""), Qt::CaseInsensitive);
 }
 
-std::wstring HOString::toStdWString() const { return toQString().toStdWString(); }
+std::wstring HOString::toStdWString() const {
+    return toQString().toStdWString();
+}
 
 double HOString::ToDouble() const {
     // strtod honours the process locale; parse with the C locale so "1.5" means one and a half

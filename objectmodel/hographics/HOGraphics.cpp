@@ -7,7 +7,9 @@ namespace HXObjects {
 
 HOGraphics::HOGraphics() = default;
 
-HOGraphics::~HOGraphics() { End(); }
+HOGraphics::~HOGraphics() {
+    End();
+}
 
 void HOGraphics::SetSize(int width, int height) {
     const QSize pixels(qCeil(width * m_devicePixelRatio), qCeil(height * m_devicePixelRatio));
@@ -27,13 +29,21 @@ void HOGraphics::SetDevicePixelRatio(double ratio) {
     m_devicePixelRatio = ratio > 0 ? ratio : 1.0;
 }
 
-unsigned char* HOGraphics::Bits() { return m_image.isNull() ? nullptr : m_image.bits(); }
+unsigned char* HOGraphics::Bits() {
+    return m_image.isNull() ? nullptr : m_image.bits();
+}
 
-int HOGraphics::Width() const { return m_image.width(); }
+int HOGraphics::Width() const {
+    return m_image.width();
+}
 
-int HOGraphics::Height() const { return m_image.height(); }
+int HOGraphics::Height() const {
+    return m_image.height();
+}
 
-void HOGraphics::Begin() { End(); }
+void HOGraphics::Begin() {
+    End();
+}
 
 void HOGraphics::Clear(const HOColor& color) {
     if (m_image.isNull()) return;

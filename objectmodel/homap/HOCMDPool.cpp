@@ -15,9 +15,9 @@
 #include "tools/HOToolEditAttributes.h"
 #include "tools/HOToolEditVertex.h"
 #include "tools/HOToolIdentify.h"
-#include "tools/HOToolMergeFeature.h"
 #include "tools/HOToolMeasureArea.h"
 #include "tools/HOToolMeasureDistance.h"
+#include "tools/HOToolMergeFeature.h"
 #include "tools/HOToolPan.h"
 #include "tools/HOToolPasteElement.h"
 #include "tools/HOToolSingleSelect.h"
@@ -32,13 +32,29 @@ HOCMDPool* HOCMDPool::GetInstance() {
 }
 
 HOCMDPool::HOCMDPool() {
-    for (HOTool* tool : std::initializer_list<HOTool*>{
-             new HOToolPan, new HOToolZoomIn, new HOToolZoomOut, new HOToolSingleSelect, new HOToolIdentify,
-             new HOCmdDigitizeLine, new HOCmdDigitizePolygon, new HOToolAddControlPoint, new HOToolDeleteElement,
-             new HOCmdDeleteElement, new HOToolCutElement, new HOToolCopyElement, new HOCmdCopyElement,
-             new HOToolPasteElement, new HOCmdPasteElement, new HOToolAddFeature, new HOToolDeleteFeature,
-             new HOToolEditAttributes, new HOToolMergeFeature, new HOToolDoubleLine, new HOToolMeasureDistance,
-             new HOToolMeasureArea, new HOToolEditVertex})
+    for (HOTool* tool : std::initializer_list<HOTool*>{new HOToolPan,
+                                                       new HOToolZoomIn,
+                                                       new HOToolZoomOut,
+                                                       new HOToolSingleSelect,
+                                                       new HOToolIdentify,
+                                                       new HOCmdDigitizeLine,
+                                                       new HOCmdDigitizePolygon,
+                                                       new HOToolAddControlPoint,
+                                                       new HOToolDeleteElement,
+                                                       new HOCmdDeleteElement,
+                                                       new HOToolCutElement,
+                                                       new HOToolCopyElement,
+                                                       new HOCmdCopyElement,
+                                                       new HOToolPasteElement,
+                                                       new HOCmdPasteElement,
+                                                       new HOToolAddFeature,
+                                                       new HOToolDeleteFeature,
+                                                       new HOToolEditAttributes,
+                                                       new HOToolMergeFeature,
+                                                       new HOToolDoubleLine,
+                                                       new HOToolMeasureDistance,
+                                                       new HOToolMeasureArea,
+                                                       new HOToolEditVertex})
         RegisterTool(tool);
 }
 

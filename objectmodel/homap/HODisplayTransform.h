@@ -19,7 +19,8 @@ struct HX_EXPORT HODisplayTransform {
         return {(px - deviceLeft) * unitsPerPixel + extentLeft, extentTop - (py - deviceTop) * unitsPerPixel};
     }
     HOPoint ToDevice(const HOPoint& map) const {
-        return {(map.x - extentLeft) / unitsPerPixel + deviceLeft, (extentTop - map.y) / unitsPerPixel + deviceTop};
+        return {(map.x - extentLeft) / unitsPerPixel + deviceLeft,
+                (extentTop - map.y) / unitsPerPixel + deviceTop};
     }
     bool operator==(const HODisplayTransform& o) const {
         return deviceLeft == o.deviceLeft && deviceTop == o.deviceTop && extentLeft == o.extentLeft &&

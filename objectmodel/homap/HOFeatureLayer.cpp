@@ -6,6 +6,9 @@
 
 #include <algorithm>
 
+#include "render/private/HOFeatureRenderer.h"
+#include "render/private/HOFeatureStyleSet.h"
+#include "render/private/HOStreamRenderer.h"
 #include "source/private/HOExtentProjector.h"
 #include "source/private/HOFeatureHitTest.h"
 #include "source/private/HOFeatureLayerPrivate.h"
@@ -13,9 +16,6 @@
 #include "source/private/HOGdalOpener.h"
 #include "source/private/HOMemoryBudget.h"
 #include "source/private/HOOgrGeometryReader.h"
-#include "render/private/HOFeatureRenderer.h"
-#include "render/private/HOFeatureStyleSet.h"
-#include "render/private/HOStreamRenderer.h"
 
 namespace HXObjects {
 
@@ -220,7 +220,8 @@ std::vector<HOGeometry::Part> HOFeatureLayer::PartsIn(const HORect& rect,
         for (uint32_t part = t.PartBegin(f); part < t.PartEnd(f); ++part) {
             HOGeometry::Part points;
             points.reserve(t.VertexEnd(part) - t.VertexBegin(part));
-            for (uint32_t i = t.VertexBegin(part); i < t.VertexEnd(part); ++i) points.emplace_back(v[i].x, v[i].y);
+            for (uint32_t i = t.VertexBegin(part); i < t.VertexEnd(part); ++i)
+                points.emplace_back(v[i].x, v[i].y);
             parts.push_back(std::move(points));
         }
     }
@@ -238,8 +239,9 @@ HORefPtr<HOFeature> HOFeatureLayer::GetFeature(int id) const {
         std::lock_guard<std::mutex> lock(d->source->mutex);
         OGRFeatureUniquePtr feature(d->ogrLayer->GetFeature(id));
         for (int i = 0; feature && i < feature->GetFieldCount(); ++i)
-            attributes->emplace_back(HOString(feature->GetFieldDefnRef(i)->GetNameRef()),
-                                     HOString(feature->IsFieldSetAndNotNull(i) ? feature->GetFieldAsString(i) : ""));
+            attributes->emplace_back(
+                HOString(feature->GetFieldDefnRef(i)->GetNameRef()),
+                HOString(feature->IsFieldSetAndNotNull(i) ? feature->GetFieldAsString(i) : ""));
         return feature != nullptr;
     };
     return HORefPtr<HOFeature>(new HOFeature(id, geometry, d->attributes.Get(id, read)));
@@ -277,8 +279,10 @@ bool HOFeatureLayer::IsEditable() const {
 }
 
 HOString HOFeatureLayer::GetReadOnlyReason() const {
-    return d->writer ? HOString() : HOString(QCoreApplication::translate("HXObjects::HOFeatureLayer", "the layer cannot be edited: %1")
-                                                            .arg(d->readOnlyReason.toQString()));
+    return d->writer ? HOString()
+                     : HOString(QCoreApplication::translate("HXObjects::HOFeatureLayer",
+                                                            "the layer cannot be edited: %1")
+                                    .arg(d->readOnlyReason.toQString()));
 }
 
 bool HOFeatureLayer::ApplyChanges(std::vector<HOFeatureChange>& changes, HOString* error) {
@@ -309,11 +313,13 @@ void HOFeatureLayer::resolveIds(HOFeatureChange& change) const {
     for (HORefPtr<HOFeature>* feature : {&change.before, &change.after}) {
         const auto found = *feature ? d->renamed.find((*feature)->GetID()) : d->renamed.end();
         if (found != d->renamed.end())
-            *feature = new HOFeature(int(found->second), (*feature)->GetGeometry(), (*feature)->GetAttributes());
+            *feature =
+                new HOFeature(int(found->second), (*feature)->GetGeometry(), (*feature)->GetAttributes());
     }
 }
 
-void HOFeatureLayer::noteIds(const std::vector<HOFeatureChange>& wanted, const std::vector<HOFeatureChange>& written) {
+void HOFeatureLayer::noteIds(const std::vector<HOFeatureChange>& wanted,
+                             const std::vector<HOFeatureChange>& written) {
     for (std::size_t i = 0; i < wanted.size(); ++i) {
         const HOFeatureChange& asked = wanted[i];
         if (!asked.before && asked.after && asked.after->GetID() >= 0 &&
@@ -347,8 +353,8 @@ bool HOFeatureLayer::Reload(HOString* error) {
     HOOgrGeometryReader reader;
     reader.Read(d->ogrLayer);
     auto topology = std::make_shared<HOFeatureTopology>(std::move(reader.Topology()));
-    d->stores.ReplaceSource(
-        std::make_shared<const HOFeatureStore>(topology, std::move(reader.Vertices()), std::move(reader.Boxes())));
+    d->stores.ReplaceSource(std::make_shared<const HOFeatureStore>(topology, std::move(reader.Vertices()),
+                                                                   std::move(reader.Boxes())));
     return true;
 }
 

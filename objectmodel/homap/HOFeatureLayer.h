@@ -8,11 +8,11 @@
 #include <vector>
 
 #include "HOFeature.h"
+#include "HOFeatureChange.h"
 #include "HOLabelSettings.h"
 #include "HOLayer.h"
 #include "HOStyle.h"
 #include "HOUserFeatureRender.h"
-#include "HOFeatureChange.h"
 #include "HXExport.h"
 
 namespace HXObjects {
@@ -73,7 +73,8 @@ public:
     // spatial index, in the rectangle's system (the layer's own when null). None while the layer's
     // copy in that system or its spatial index is still being made: callers on the GUI thread never
     // wait for them.
-    std::vector<HOGeometry::Part> PartsIn(const HORect& rect, const HOCoordinateSystem* rectSystem = nullptr) const;
+    std::vector<HOGeometry::Part> PartsIn(const HORect& rect,
+                                          const HOCoordinateSystem* rectSystem = nullptr) const;
     // Bytes of geometry held in memory in the layer's own system (spatial index aside).
     std::size_t GetGeometryBytes() const;
     // The bytes of geometry a layer may hold in memory; one opened later that would need more is

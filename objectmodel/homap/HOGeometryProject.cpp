@@ -2,8 +2,8 @@
 
 #include <ogr_spatialref.h>
 
-#include "private/HOCoordinateSystemOgr.h"
 #include "HOCoordinateSystem.h"
+#include "private/HOCoordinateSystemOgr.h"
 
 namespace HXObjects {
 

@@ -44,7 +44,8 @@ void HOGraphicsLayer::Render(const HORenderContext& context) {
     }
 }
 
-void HOGraphicsLayer::drawLabel(QPainter& painter, const HODisplayTransform& transform, const HOElement& element) {
+void HOGraphicsLayer::drawLabel(QPainter& painter, const HODisplayTransform& transform,
+                                const HOElement& element) {
     const HORect box = element.GetGeometry()->GetEnvelope();
     const HOPoint at = transform.ToDevice(HOPoint(box.maxx, box.maxy));
     const HOColor colour = element.GetStyle() ? element.GetStyle()->GetColor() : HOColor(0, 0, 0);

@@ -9,12 +9,16 @@
 
 namespace HXObjects {
 
-#define HO_GRID_SETTING(Type, name, initial)              \
-public:                                                  \
-    Type get_##name() const { return m_##name; }         \
-    void set_##name(const Type& value) { m_##name = value; } \
-                                                         \
-private:                                                 \
+#define HO_GRID_SETTING(Type, name, initial) \
+public:                                      \
+    Type get_##name() const {                \
+        return m_##name;                     \
+    }                                        \
+    void set_##name(const Type& value) {     \
+        m_##name = value;                    \
+    }                                        \
+                                             \
+private:                                     \
     Type m_##name = initial;
 
 class HX_EXPORT HOMapRulerAndGrid {

@@ -204,7 +204,8 @@ HOMapView::~HOMapView() {
     // No map callback may reach a view being destroyed, and no render may outlive it.
     if (d->map) {
         HOUnbindMember(d->map->LayersChangedSignal, d.get(), &Private::onLayersChanged);
-        HOUnbindMember(d->map->GetGraphicsLayer()->ElementsChangedSignal, d.get(), &Private::onElementsChanged);
+        HOUnbindMember(d->map->GetGraphicsLayer()->ElementsChangedSignal, d.get(),
+                       &Private::onElementsChanged);
     }
     d->watchRasters(nullptr);
     d->renderer.reset();

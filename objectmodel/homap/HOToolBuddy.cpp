@@ -4,6 +4,8 @@
 
 namespace HXObjects {
 
-HOTool* HOToolBuddy::GetToolByName(const HOString& name) { return HOCMDPool::GetInstance()->GetTool(name); }
+HOTool* HOToolBuddy::GetToolByName(const HOString& name) {
+    return HOCMDPool::GetInstance()->GetTool(name);
+}
 
 }  // namespace HXObjects

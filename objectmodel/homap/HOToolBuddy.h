@@ -74,7 +74,8 @@ public:
     virtual void setMapTool(HOTool* tool) = 0;
     virtual void SetCursor(HOCursor shape) = 0;
     virtual HOPoint GetCursorPos() = 0;
-    virtual HOString getOpenFileName(const HOString& caption, const HOString& dir, const HOString& filter) = 0;
+    virtual HOString getOpenFileName(const HOString& caption, const HOString& dir,
+                                     const HOString& filter) = 0;
     virtual std::vector<HOString> getOpenFileNames(const HOString& caption, const HOString& dir,
                                                    const HOString& filter) = 0;
     virtual void SetHOToolEnabled(HOTool* tool, bool enabled) = 0;

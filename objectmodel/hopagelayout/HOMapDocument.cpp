@@ -13,25 +13,56 @@ namespace HXObjects {
 namespace {
 
 // Every grid setting, written under its own name.
-#define HO_GRID_FIELDS(X)                                                                                 \
-    X(draw_km_grid)                                                                                       \
-    X(draw_km_grid_ruler)                                                                                 \
-    X(manually_set_km_grid_distanse)                                                                      \
-    X(km_grid_x_start_position) X(km_grid_y_start_position) X(km_grid_x_distance) X(km_grid_y_distance)   \
-        X(calc_km_grid_dis_style) X(km_grid_line_width) X(km_grid_color) X(km_grid_ruler_tick_mark_width) \
-            X(km_grid_ruler_tick_mark_color) X(km_grid_ruler_label_font_height)                           \
-                X(km_grid_ruler_label_font_width) X(km_grid_ruler_label_font_color) X(draw_bl_grid)       \
-                    X(draw_bl_grid_ruler) X(manually_set_bl_grid_distanse) X(bl_grid_x_start_position)    \
-                        X(bl_grid_y_start_position) X(bl_grid_x_distance) X(bl_grid_y_distance)           \
-                            X(bl_grid_line_width) X(bl_grid_color) X(bl_grid_ruler_tick_mark_width)       \
-                                X(bl_grid_ruler_tick_mark_color) X(bl_grid_ruler_label_font_height)       \
-                                    X(bl_grid_ruler_label_font_width) X(bl_grid_ruler_label_font_color)   \
-                                        X(convert_scale) X(ruler_unit_type)
+// clang-format off
+#define HO_GRID_FIELDS(X)              \
+    X(draw_km_grid)                    \
+    X(draw_km_grid_ruler)              \
+    X(manually_set_km_grid_distanse)   \
+    X(km_grid_x_start_position)        \
+    X(km_grid_y_start_position)        \
+    X(km_grid_x_distance)              \
+    X(km_grid_y_distance)              \
+    X(calc_km_grid_dis_style)          \
+    X(km_grid_line_width)              \
+    X(km_grid_color)                   \
+    X(km_grid_ruler_tick_mark_width)   \
+    X(km_grid_ruler_tick_mark_color)   \
+    X(km_grid_ruler_label_font_height) \
+    X(km_grid_ruler_label_font_width)  \
+    X(km_grid_ruler_label_font_color)  \
+    X(draw_bl_grid)                    \
+    X(draw_bl_grid_ruler)              \
+    X(manually_set_bl_grid_distanse)   \
+    X(bl_grid_x_start_position)        \
+    X(bl_grid_y_start_position)        \
+    X(bl_grid_x_distance)              \
+    X(bl_grid_y_distance)              \
+    X(bl_grid_line_width)              \
+    X(bl_grid_color)                   \
+    X(bl_grid_ruler_tick_mark_width)   \
+    X(bl_grid_ruler_tick_mark_color)   \
+    X(bl_grid_ruler_label_font_height) \
+    X(bl_grid_ruler_label_font_width)  \
+    X(bl_grid_ruler_label_font_color)  \
+    X(convert_scale)                   \
+    X(ruler_unit_type)
+// clang-format on
 
 // Every label setting, written under its own name.
-#define HO_LABEL_FIELDS(X)                                                                            \
-    X(expression) X(fontFamily) X(fontSize) X(bold) X(color) X(haloColor) X(haloWidth) X(minScale) \
-        X(maxScale) X(priority) X(repeatDistance)
+// clang-format off
+#define HO_LABEL_FIELDS(X) \
+    X(expression)          \
+    X(fontFamily)          \
+    X(fontSize)            \
+    X(bold)                \
+    X(color)               \
+    X(haloColor)           \
+    X(haloWidth)           \
+    X(minScale)            \
+    X(maxScale)            \
+    X(priority)            \
+    X(repeatDistance)
+// clang-format on
 
 QJsonValue toJson(const QString& v) {
     return v;
@@ -196,8 +227,7 @@ void applyLayerJson(HOLayer& layer, const QJsonObject& json) {
     if (json.contains("name")) layer.SetName(json["name"].toString());
     layer.SetVisible(json["visible"].toBool(true));
     layer.SetOpacity(json["opacity"].toDouble(1.0));
-    layer.SetComposition(
-        HOLayer::Composition(qBound(0, json["composition"].toInt(), int(HOLayer::Lighten))));
+    layer.SetComposition(HOLayer::Composition(qBound(0, json["composition"].toInt(), int(HOLayer::Lighten))));
     auto* features = dynamic_cast<HOFeatureLayer*>(&layer);
     if (!features) return;
     if (json.contains("labels")) features->SetLabelSettings(labelsFromJson(json["labels"].toObject()));

@@ -27,8 +27,9 @@ public:
     // HOView, in table order, where a page differs from HOViewportView. Input: with a data frame
     // activated, input inside it goes to the frame's map view (and its current tool, which is the
     // page's); otherwise the pan tool and the middle button move the page, the zoom tools and the
-    // wheel zoom it (the zoom-in tool by a click or to a dragged box), and with any other tool (or none) the left button selects, moves and resizes
-    // elements. A double click on a data frame activates it; one elsewhere deactivates it.
+    // wheel zoom it (the zoom-in tool by a click or to a dragged box), and with any other tool (or none) the
+    // left button selects, moves and resizes elements. A double click on a data frame activates it; one
+    // elsewhere deactivates it.
     void MouseDown(int button, int x, int y) override;
     void MouseUp(int button, int x, int y) override;
     void MouseMove(int button, int x, int y) override;

@@ -14,8 +14,8 @@ class TestDoubleLine : public QObject {
 private slots:
     void groundWidth_data() {
         QTest::addColumn<QString>("system");
-        QTest::addColumn<double>("y");          // the centre line runs east along this map y
-        QTest::addColumn<double>("expected");   // the left line's map y
+        QTest::addColumn<double>("y");         // the centre line runs east along this map y
+        QTest::addColumn<double>("expected");  // the left line's map y
         QTest::addColumn<double>("precision");
         // 1000 m north of the equator: 1000 / 110574.3 m per degree of latitude.
         QTest::newRow("degrees at the equator") << "EPSG:4326" << 0.0 << 0.0090437 << 1e-6;
@@ -29,7 +29,8 @@ private slots:
         QFETCH(double, y);
         QFETCH(double, expected);
         QFETCH(double, precision);
-        const auto crs = system.isEmpty() ? nullptr : HOCoordinateSystem::FromUserInput(system.toUtf8().data());
+        const auto crs =
+            system.isEmpty() ? nullptr : HOCoordinateSystem::FromUserInput(system.toUtf8().data());
         QVERIFY(system.isEmpty() || crs);
         const double dx = crs && crs->IsGeographic() ? 0.001 : 100;
         HOGeometry centre(HOGeometry::GeoLineString);
@@ -39,7 +40,8 @@ private slots:
         const HOPoint left = sides[0]->Parts().front().front();
         const HOPoint right = sides[1]->Parts().front().front();
         QVERIFY2(std::abs(left.y - expected) < precision, qPrintable(QString::number(left.y, 'f', 7)));
-        QVERIFY2(std::abs((y - right.y) - (expected - y)) < precision, qPrintable(QString::number(right.y, 'f', 7)));
+        QVERIFY2(std::abs((y - right.y) - (expected - y)) < precision,
+                 qPrintable(QString::number(right.y, 'f', 7)));
         QCOMPARE(sides[0]->GetType(), HOGeometry::GeoLineString);
     }
 

@@ -29,10 +29,12 @@ private slots:
         QTest::newRow("one per line, blank lines skipped")
             << "LINESTRING (0 0,1 1)\n\n  MULTIPOINT ((1 2),(3 4))  \n"
             << QStringList{"LINESTRING (0 0,1 1)", "MULTIPOINT (1 2,3 4)"};
-        QTest::newRow("polygon with a hole") << "POLYGON ((0 0,10 0,10 10,0 10,0 0),(2 2,2 4,4 4,2 2))"
-                                             << QStringList{"POLYGON ((0 0,10 0,10 10,0 10,0 0),(2 2,2 4,4 4,2 2))"};
-        QTest::newRow("multipolygon") << "MULTIPOLYGON (((0 0,1 0,1 1,0 0)),((5 5,6 5,6 6,5 5)))"
-                                      << QStringList{"MULTIPOLYGON (((0 0,1 0,1 1,0 0)),((5 5,6 5,6 6,5 5)))"};
+        QTest::newRow("polygon with a hole")
+            << "POLYGON ((0 0,10 0,10 10,0 10,0 0),(2 2,2 4,4 4,2 2))"
+            << QStringList{"POLYGON ((0 0,10 0,10 10,0 10,0 0),(2 2,2 4,4 4,2 2))"};
+        QTest::newRow("multipolygon")
+            << "MULTIPOLYGON (((0 0,1 0,1 1,0 0)),((5 5,6 5,6 6,5 5)))"
+            << QStringList{"MULTIPOLYGON (((0 0,1 0,1 1,0 0)),((5 5,6 5,6 6,5 5)))"};
         QTest::newRow("collection split") << "GEOMETRYCOLLECTION (POINT (1 2),LINESTRING (0 0,1 1))"
                                           << QStringList{"POINT (1 2)", "LINESTRING (0 0,1 1)"};
         QTest::newRow("written over several lines") << "MULTILINESTRING ((0 0,1 1),\n (2 2,3 3))"

@@ -20,8 +20,8 @@ HORefPtr<HOElement> Element(const char* wkt, HORefPtr<HOStyle> style, const char
 }
 
 QString Describe(const HOElement& e) {
-    return HOGeometryWkt::ToWkt(*e.GetGeometry()).toQString() + " | " + HOStyleJson::Write(*e.GetStyle()) + " | " +
-           e.GetLabel().toQString();
+    return HOGeometryWkt::ToWkt(*e.GetGeometry()).toQString() + " | " + HOStyleJson::Write(*e.GetStyle()) +
+           " | " + e.GetLabel().toQString();
 }
 
 }  // namespace
@@ -49,7 +49,8 @@ private slots:
         QVERIFY2(HOElementFile::Save(path.toUtf8().data(), elements, system.get(), &error), error.c_str());
         const auto loaded = HOElementFile::Load(path.toUtf8().data(), &error);
         QCOMPARE(int(loaded.size()), 3);
-        for (std::size_t i = 0; i < loaded.size(); ++i) QCOMPARE(Describe(*loaded[i]), Describe(*elements[i]));
+        for (std::size_t i = 0; i < loaded.size(); ++i)
+            QCOMPARE(Describe(*loaded[i]), Describe(*elements[i]));
         // Saving again replaces the file; an empty layer saves an empty table.
         QVERIFY(HOElementFile::Save(path.toUtf8().data(), {}, nullptr, &error));
         QVERIFY(HOElementFile::Load(path.toUtf8().data(), &error).empty());

@@ -32,7 +32,8 @@ QStringList Expected(int steps) {
 // interrupted swap is finished or dropped then); a message when it does not open.
 QStringList Stored(const QString& path) {
     HOString error;
-    if (!HODataSource::Open(path.toUtf8().constData(), &error)) return {"does not open: " + error.toQString()};
+    if (!HODataSource::Open(path.toUtf8().constData(), &error))
+        return {"does not open: " + error.toQString()};
     CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
     GDALDatasetUniquePtr dataset(GDALDataset::Open(path.toUtf8(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
     if (!dataset || dataset->GetLayerCount() != 1) return {"OGR cannot read it"};
@@ -55,16 +56,16 @@ class TestFeatureEditKill : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase() {
-        GDALAllRegister();
-    }
+    void initTestCase() { GDALAllRegister(); }
 
     void kill_data() {
         QTest::addColumn<QString>("driver");
         QTest::addColumn<QString>("file");
         QTest::addColumn<int>("kills");
-        QTest::newRow("GeoPackage") << "GPKG" << "stream.gpkg" << 110;
-        QTest::newRow("Shapefile") << "ESRI Shapefile" << "stream.shp" << 110;
+        QTest::newRow("GeoPackage") << "GPKG"
+                                    << "stream.gpkg" << 110;
+        QTest::newRow("Shapefile") << "ESRI Shapefile"
+                                   << "stream.shp" << 110;
     }
 
     void kill() {
@@ -74,8 +75,9 @@ private slots:
         QTemporaryDir dir;
         const QString path = dir.filePath(file);
         {
-            GDALDatasetUniquePtr dataset(GetGDALDriverManager()->GetDriverByName(driver.toUtf8())->Create(
-                path.toUtf8(), 0, 0, 0, GDT_Unknown, nullptr));
+            GDALDatasetUniquePtr dataset(GetGDALDriverManager()
+                                             ->GetDriverByName(driver.toUtf8())
+                                             ->Create(path.toUtf8(), 0, 0, 0, GDT_Unknown, nullptr));
             OGRLayer* layer = dataset->CreateLayer("stream", nullptr, wkbPoint);
             OGRFieldDefn step("step", OFTInteger), note("note", OFTString);
             QVERIFY(layer->CreateField(&step) == OGRERR_NONE && layer->CreateField(&note) == OGRERR_NONE);
@@ -92,19 +94,23 @@ private slots:
             const int stepsFirst = int(random.bounded(0, 3));
             QByteArray said;
             while (!said.contains("ready\n") || said.count('\n') - said.count("writing") - 1 < stepsFirst) {
-                QVERIFY2(helper.waitForReadyRead(20000), qPrintable("the helper never got that far: " + helper.readAllStandardError()));
+                QVERIFY2(helper.waitForReadyRead(20000),
+                         qPrintable("the helper never got that far: " + helper.readAllStandardError()));
                 said += helper.readAllStandardOutput();
             }
             QTest::qSleep(int(random.bounded(1, 30)));  // the random moment of the kill
             helper.kill();
             QVERIFY2(helper.waitForFinished(10000), "the killed helper did not end");
             said += helper.readAllStandardOutput();
-            QVERIFY2(helper.exitStatus() == QProcess::CrashExit, qPrintable("the helper stopped by itself: " + helper.readAllStandardError()));
+            QVERIFY2(helper.exitStatus() == QProcess::CrashExit,
+                     qPrintable("the helper stopped by itself: " + helper.readAllStandardError()));
             int reported = done;
             bool inWrite = false;
             for (const QByteArray& line : said.trimmed().split('\n')) {
-                if (line.startsWith("writing")) inWrite = true;
-                else if (line != "ready") reported = line.toInt(), inWrite = false;
+                if (line.startsWith("writing"))
+                    inWrite = true;
+                else if (line != "ready")
+                    reported = line.toInt(), inWrite = false;
             }
             inWrites += inWrite;
             const QStringList stored = Stored(path);
@@ -113,15 +119,21 @@ private slots:
                 ++interrupted;
             } else {
                 QVERIFY2(stored == Expected(reported),
-                         qPrintable(QString("after kill %1 at step %2 the file holds:\n  %3\nbut should hold:\n  %4")
-                                        .arg(kill).arg(reported).arg(stored.join("\n  "), Expected(reported).join("\n  "))));
+                         qPrintable(
+                             QString("after kill %1 at step %2 the file holds:\n  %3\nbut should hold:\n  %4")
+                                 .arg(kill)
+                                 .arg(reported)
+                                 .arg(stored.join("\n  "), Expected(reported).join("\n  "))));
                 done = reported;
             }
         }
-        qInfo("%d kills in %lld ms: %d steps done, %d kills inside a step, %d after a write reached the disk "
-              "before its report", kills, spent.elapsed(), done, inWrites, interrupted);
+        qInfo(
+            "%d kills in %lld ms: %d steps done, %d kills inside a step, %d after a write reached the disk "
+            "before its report",
+            kills, spent.elapsed(), done, inWrites, interrupted);
         // Kills must have landed inside writes, not only between them.
-        QVERIFY2(done >= kills / 2 && inWrites >= kills / 4, "the stream hardly moved: the kills proved little");
+        QVERIFY2(done >= kills / 2 && inWrites >= kills / 4,
+                 "the stream hardly moved: the kills proved little");
     }
 };
 

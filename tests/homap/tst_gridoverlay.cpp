@@ -11,10 +11,10 @@
 #include <memory>
 
 #include "HOCoordinateSystem.h"
-#include "private/HOCoordinateSystemOgr.h"
 #include "HOGridSpacing.h"
 #include "HOMapGridOverlay.h"
 #include "HOTestColumns.h"
+#include "private/HOCoordinateSystemOgr.h"
 
 Q_DECLARE_METATYPE(HXObjects::HOMapRulerAndGrid)
 

@@ -48,7 +48,9 @@ private slots:
         const int ticksAtStart = ticks;
         QTRY_COMPARE_WITH_TIMEOUT(finished, 1, 120000);
         QVERIFY2(ticks - ticksAtStart > 2 && longestRun <= 20,
-                 qPrintable(QString("%1 ticks while reading, up to %2 reports without one").arg(ticks - ticksAtStart).arg(longestRun)));
+                 qPrintable(QString("%1 ticks while reading, up to %2 reports without one")
+                                .arg(ticks - ticksAtStart)
+                                .arg(longestRun)));
         QVERIFY(!shares.empty());
         QVERIFY(std::is_sorted(shares.begin(), shares.end()));
         QCOMPARE(opening->IsCancelled(), cancel);

@@ -8,13 +8,13 @@
 #include <cmath>
 
 #include "HOFeatureLayer.h"
-#include "private/HOCoordinateSystemOgr.h"
 #include "HOLayerFixture.h"
 #include "HOMap.h"
 #include "HORasterLayer.h"
 #include "HOStderrCapture.h"
 #include "HOTestColumns.h"
 #include "HOTestPrinters.h"
+#include "private/HOCoordinateSystemOgr.h"
 
 using namespace HXObjects;
 

@@ -33,10 +33,13 @@ private slots:
     void form_data() {
         QTest::addColumn<bool>("newFeature");
         QTest::addColumn<QString>("meddle");  // a name another program writes after the form opened
-        QTest::addColumn<QString>("stored");   // after OK; the form stays open when it differs from "typed"
-        QTest::newRow("edited") << false << "" << "typed 7";
-        QTest::newRow("new feature: defaults written") << true << "" << "typed 0";
-        QTest::newRow("changed by another program meanwhile") << false << "other" << "other 7";
+        QTest::addColumn<QString>("stored");  // after OK; the form stays open when it differs from "typed"
+        QTest::newRow("edited") << false << ""
+                                << "typed 7";
+        QTest::newRow("new feature: defaults written") << true << ""
+                                                       << "typed 0";
+        QTest::newRow("changed by another program meanwhile") << false << "other"
+                                                              << "other 7";
     }
 
     void form() {
@@ -44,11 +47,12 @@ private slots:
         QFETCH(QString, meddle);
         QFETCH(QString, stored);
         GDALAllRegister();
-        const QString path = m_dir.filePath(QString("form%1.gpkg").arg(QTest::currentDataTag()).remove(' ').remove(':'));
+        const QString path =
+            m_dir.filePath(QString("form%1.gpkg").arg(QTest::currentDataTag()).remove(' ').remove(':'));
         int id = -1;
         {
-            GDALDatasetUniquePtr dataset(
-                GetGDALDriverManager()->GetDriverByName("GPKG")->Create(path.toUtf8(), 0, 0, 0, GDT_Unknown, nullptr));
+            GDALDatasetUniquePtr dataset(GetGDALDriverManager()->GetDriverByName("GPKG")->Create(
+                path.toUtf8(), 0, 0, 0, GDT_Unknown, nullptr));
             OGRLayer* layer = dataset->CreateLayer("points", nullptr, wkbPoint);
             OGRFieldDefn name("name", OFTString), count("count", OFTInteger);
             QVERIFY(layer->CreateField(&name) == OGRERR_NONE && layer->CreateField(&count) == OGRERR_NONE);

@@ -1,12 +1,12 @@
 // The reference viewer on the generated sample region: what a person sees, and how it reports files
 // it cannot open.
 #include <QLineEdit>
-#include <QProgressBar>
-#include <QToolButton>
 #include <QProcess>
+#include <QProgressBar>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTextEdit>
+#include <QToolButton>
 #include <QtTest>
 
 #include "HOFeatureLayer.h"
@@ -24,11 +24,19 @@ using namespace HXObjects;
 
 namespace {
 
-QString samplePath(const QString& name) { return qEnvironmentVariable("HX_TEST_DATA") + "/sample/" + name; }
+QString samplePath(const QString& name) {
+    return qEnvironmentVariable("HX_TEST_DATA") + "/sample/" + name;
+}
 
-bool isSea(QRgb c) { return qAbs(qRed(c) - 168) < 12 && qAbs(qGreen(c) - 204) < 12 && qAbs(qBlue(c) - 238) < 12; }
-bool isReddish(QRgb c) { return qRed(c) > qGreen(c) + 50 && qRed(c) > qBlue(c) + 50; }
-bool isLand(QRgb c) { return !isSea(c) && qRed(c) > 150 && qGreen(c) > 150 && qBlue(c) < qRed(c); }
+bool isSea(QRgb c) {
+    return qAbs(qRed(c) - 168) < 12 && qAbs(qGreen(c) - 204) < 12 && qAbs(qBlue(c) - 238) < 12;
+}
+bool isReddish(QRgb c) {
+    return qRed(c) > qGreen(c) + 50 && qRed(c) > qBlue(c) + 50;
+}
+bool isLand(QRgb c) {
+    return !isSea(c) && qRed(c) > 150 && qGreen(c) > 150 && qBlue(c) < qRed(c);
+}
 
 HOFeatureLayer* layerNamed(HOMap* map, const char* name) {
     for (const HORefPtr<HOLayer>& layer : map->GetLayers(true)) {

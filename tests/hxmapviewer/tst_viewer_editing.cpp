@@ -22,9 +22,13 @@ using namespace HXObjects;
 
 namespace {
 
-QString samplePath(const QString& name) { return qEnvironmentVariable("HX_TEST_DATA") + "/sample/" + name; }
+QString samplePath(const QString& name) {
+    return qEnvironmentVariable("HX_TEST_DATA") + "/sample/" + name;
+}
 
-HOMap* mapOf(HXViewerWindow& window) { return window.canvas()->GetMapView()->GetMap(); }
+HOMap* mapOf(HXViewerWindow& window) {
+    return window.canvas()->GetMapView()->GetMap();
+}
 
 QStringList elementTexts(HXViewerWindow& window) {
     QStringList texts;
@@ -43,7 +47,8 @@ class TestViewerEditing : public QObject {
     std::unique_ptr<HXViewerWindow> open() {
         auto window = std::make_unique<HXViewerWindow>();
         window->resize(1100, 750);
-        if (window->showAndOpen({samplePath("region.gpkg")}) != 0 || !window->waitForRender(120000)) return nullptr;
+        if (window->showAndOpen({samplePath("region.gpkg")}) != 0 || !window->waitForRender(120000))
+            return nullptr;
         return window;
     }
 
@@ -73,16 +78,19 @@ private slots:
             QVERIFY(!edit->copyAction()->isEnabled() && !edit->deleteAction()->isEnabled());
 
             draw(*window, 'G', {{300, 200}, {470, 180}, {440, 380}, {330, 360}});
-            QCOMPARE(window->canvas()->getMapTool()->GetClassName().toQString(), QString("HXObjects::HOCmdDigitizePolygon"));
+            QCOMPARE(window->canvas()->getMapTool()->GetClassName().toQString(),
+                     QString("HXObjects::HOCmdDigitizePolygon"));
             QCOMPARE(stack->undoText(), QString("Add polygon"));
-            QTRY_VERIFY_WITH_TIMEOUT(edit->copyAction()->isEnabled() && edit->deleteAction()->isEnabled(), 5000);
+            QTRY_VERIFY_WITH_TIMEOUT(edit->copyAction()->isEnabled() && edit->deleteAction()->isEnabled(),
+                                     5000);
             QTest::keyClick(window.get(), 'D');
             window->canvas()->getMapTool()->SetParameter("LineWidth", "1500");  // metres
             draw(*window, 'D', {{120, 120}, {260, 60}, {420, 90}});
             QCOMPARE(stack->undoText(), QString("Add double line"));
             QTest::keyClick(window.get(), 'C');
             for (const QPoint& p : {QPoint(150, 300), QPoint(210, 340)})
-                QTest::mouseClick(window->canvas()->findChild<HXMapWidget*>(), Qt::LeftButton, Qt::NoModifier, p);
+                QTest::mouseClick(window->canvas()->findChild<HXMapWidget*>(), Qt::LeftButton, Qt::NoModifier,
+                                  p);
             QCOMPARE(mapOf(*window)->GetGraphicsLayer()->GetElements().size(), std::size_t(5));
 
             // Undo names the command; the edit comes back on redo.

@@ -69,7 +69,8 @@ private slots:
         QTRY_VERIFY2_WITH_TIMEOUT(rulerShown(window.canvas()), "no ruler round the map", 5000);
 
         grid->trigger();
-        QVERIFY(!settings->get_draw_km_grid() && !settings->get_draw_bl_grid() && !settings->get_draw_bl_grid_ruler());
+        QVERIFY(!settings->get_draw_km_grid() && !settings->get_draw_bl_grid() &&
+                !settings->get_draw_bl_grid_ruler());
         QTRY_VERIFY2_WITH_TIMEOUT(!rulerShown(window.canvas()), "the ruler stayed", 5000);
     }
 };

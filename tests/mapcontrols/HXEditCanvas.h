@@ -18,12 +18,12 @@
 
 #include "HOCMDPool.h"
 #include "HOCoordinateSystem.h"
+#include "HOGeometryWkt.h"
 #include "HOMap.h"
 #include "HOTestRectLayer.h"
 #include "HXInputCanvas.h"
 #include "HXMapWidget.h"
 #include "HXModalAnswer.h"
-#include "HOGeometryWkt.h"
 
 const QColor kGround(235, 235, 235);
 
@@ -77,7 +77,8 @@ private:
         const auto at = [&](int i) { return QPoint(w[i].toInt(), w[i + 1].toInt()); };
         const QString op = w.value(0);
         if (op == "t") {
-            canvas.setMapTool(HXObjects::HOCMDPool::GetInstance()->GetTool(("HXObjects::" + w[1]).toUtf8().data()));
+            canvas.setMapTool(
+                HXObjects::HOCMDPool::GetInstance()->GetTool(("HXObjects::" + w[1]).toUtf8().data()));
         } else if (op == "c") {
             QTest::mouseClick(widget, Qt::LeftButton, modifier(w.value(3)), at(1));
         } else if (op == "d") {
@@ -105,11 +106,13 @@ private:
 
     static Qt::KeyboardModifiers modifier(const QString& name) {
         return name.isEmpty() ? Qt::NoModifier
-                              : Qt::KeyboardModifiers(QKeySequence::fromString(name + "+A")[0] & Qt::KeyboardModifierMask);
+                              : Qt::KeyboardModifiers(QKeySequence::fromString(name + "+A")[0] &
+                                                      Qt::KeyboardModifierMask);
     }
 
     void move(const QPoint& pos, Qt::MouseButtons held) {
-        QMouseEvent event(QEvent::MouseMove, pos, widget->mapToGlobal(pos), Qt::NoButton, held, Qt::NoModifier);
+        QMouseEvent event(QEvent::MouseMove, pos, widget->mapToGlobal(pos), Qt::NoButton, held,
+                          Qt::NoModifier);
         QApplication::sendEvent(widget, &event);
     }
 

@@ -32,7 +32,8 @@ QStringList ReadBack(const QString& source, const QString& table) {
     if (!layer) return {"cannot read " + source};
     QStringList result;
     for (auto& feature : *layer) {
-        const OGRGeometryUniquePtr multi(OGRGeometryFactory::forceToMultiPolygon(feature->GetGeometryRef()->clone()));
+        const OGRGeometryUniquePtr multi(
+            OGRGeometryFactory::forceToMultiPolygon(feature->GetGeometryRef()->clone()));
         const OGRGeometryUniquePtr geometry(multi->Normalize());
         result << QString("%1|%2").arg(feature->GetFieldAsString("name"), geometry->exportToWkt().c_str());
     }
@@ -84,7 +85,7 @@ class TestCanvasFeatureEdit : public QObject {
         } else {
             *source = m_dir.filePath(*table + "." + kind);
             dataset.reset(GetGDALDriverManager()->GetDriverByName(driver)->Create(source->toUtf8(), 0, 0, 0,
-                                                                                 GDT_Unknown, nullptr));
+                                                                                  GDT_Unknown, nullptr));
         }
         if (!dataset) return false;
         OGRLayer* layer = dataset->CreateLayer(table->toUtf8(), nullptr, wkbMultiPolygon);
@@ -103,7 +104,8 @@ class TestCanvasFeatureEdit : public QObject {
 
     HORefPtr<HOFeatureLayer> open(const QString& source, const QString& table) {
         HORefPtr<HODataSource> data = HODataSource::Open(source.toUtf8().constData());
-        return data ? dynamic_cast<HOFeatureLayer*>(data->OpenLayer(table.toUtf8().constData()).get()) : nullptr;
+        return data ? dynamic_cast<HOFeatureLayer*>(data->OpenLayer(table.toUtf8().constData()).get())
+                    : nullptr;
     }
 
     // The canvas with the layer current; the layer's features drawn over the canvas's ground.
@@ -121,15 +123,15 @@ class TestCanvasFeatureEdit : public QObject {
         QTest::newRow("PostGIS") << "postgis";
     }
 
-#define OPEN_SOURCE()                                                                   \
-    QFETCH(QString, kind);                                                              \
-    if (kind == "postgis" && !m_postgresUp)                                             \
-        QSKIP(qPrintable("no PostgreSQL server: " + m_postgres.error()));               \
-    QString source, table;                                                              \
-    QVERIFY(makeSource(kind, &source, &table));                                         \
-    HORefPtr<HOFeatureLayer> layer = open(source, table);                               \
-    QVERIFY(layer);                                                                     \
-    QVERIFY2(layer->IsEditable(), qPrintable(layer->GetReadOnlyReason().toQString()));  \
+#define OPEN_SOURCE()                                                                  \
+    QFETCH(QString, kind);                                                             \
+    if (kind == "postgis" && !m_postgresUp)                                            \
+        QSKIP(qPrintable("no PostgreSQL server: " + m_postgres.error()));              \
+    QString source, table;                                                             \
+    QVERIFY(makeSource(kind, &source, &table));                                        \
+    HORefPtr<HOFeatureLayer> layer = open(source, table);                              \
+    QVERIFY(layer);                                                                    \
+    QVERIFY2(layer->IsEditable(), qPrintable(layer->GetReadOnlyReason().toQString())); \
     const QStringList before = ReadBack(source, table)
 
 private slots:
@@ -154,11 +156,11 @@ private slots:
         QCOMPARE(before, QStringList({Square("a", 50, 50, 100), Square("b", 200, 50, 100)}));
         HXEditCanvas f;
         QVERIFY(show(f, layer.get()));
-        auto* tool = static_cast<HOToolAddFeature*>(HOCMDPool::GetInstance()->GetTool("HXObjects::HOToolAddFeature"));
+        auto* tool =
+            static_cast<HOToolAddFeature*>(HOCMDPool::GetInstance()->GetTool("HXObjects::HOToolAddFeature"));
         int added = -1;
-        tool->FeatureAddedSignal.bind("test", [&](void*, HOEvent* e) {
-            added = static_cast<HOFeatureAddedEvent*>(e)->featureId;
-        });
+        tool->FeatureAddedSignal.bind(
+            "test", [&](void*, HOEvent* e) { added = static_cast<HOFeatureAddedEvent*>(e)->featureId; });
         // Pixel (x, y) is the map point (x, 300 - y): the square 200..250 x 200..250.
         f.run("t HOToolAddFeature; c 200 100; c 250 100; c 250 50; d 200 50");
         SETTLED();
@@ -199,13 +201,18 @@ private slots:
         QTest::addColumn<QString>("script");
         QTest::addColumn<QString>("meddle");  // a change made by another program first
         for (const char* kind : {"gpkg", "shp", "postgis"}) {
-            QTest::addRow("%s: self-intersecting polygon", kind) << kind << "t HOToolAddFeature; c 200 100; c 250 50; c 250 100; d 200 50" << "";
+            QTest::addRow("%s: self-intersecting polygon", kind)
+                << kind << "t HOToolAddFeature; c 200 100; c 250 50; c 250 100; d 200 50"
+                << "";
             QTest::addRow("%s: delete of a feature changed meanwhile", kind)
-                << kind << "t HOToolSingleSelect; c 100 200; k Delete" << "moved";
+                << kind << "t HOToolSingleSelect; c 100 200; k Delete"
+                << "moved";
             QTest::addRow("%s: delete of a feature deleted meanwhile", kind)
-                << kind << "t HOToolSingleSelect; c 100 200; k Delete" << "delete";
+                << kind << "t HOToolSingleSelect; c 100 200; k Delete"
+                << "delete";
             QTest::addRow("%s: delete of a feature renamed meanwhile", kind)
-                << kind << "t HOToolSingleSelect; c 100 200; k Delete" << "renamed";
+                << kind << "t HOToolSingleSelect; c 100 200; k Delete"
+                << "renamed";
         }
     }
 
@@ -227,7 +234,8 @@ private slots:
             QVERIFY(a);
             if (meddle == "moved") {
                 OGRGeometry* moved = nullptr;
-                OGRGeometryFactory::createFromWkt("MULTIPOLYGON (((50 50,60 150,150 150,150 50,50 50)))", nullptr, &moved);
+                OGRGeometryFactory::createFromWkt("MULTIPOLYGON (((50 50,60 150,150 150,150 50,50 50)))",
+                                                  nullptr, &moved);
                 a->SetGeometryDirectly(moved);
                 QCOMPARE(l->SetFeature(a.get()), OGRERR_NONE);
             } else if (meddle == "renamed") {
@@ -248,8 +256,10 @@ private slots:
     void readOnly_data() {
         QTest::addColumn<QString>("file");
         QTest::addColumn<QString>("reason");
-        QTest::newRow("GeoJSON") << "a.geojson" << "the layer cannot be edited: the GeoJSON format cannot be edited";
-        QTest::newRow("read-only GeoPackage") << "ro.gpkg" << "is read-only";
+        QTest::newRow("GeoJSON") << "a.geojson"
+                                 << "the layer cannot be edited: the GeoJSON format cannot be edited";
+        QTest::newRow("read-only GeoPackage") << "ro.gpkg"
+                                              << "is read-only";
     }
 
     // A layer that cannot be edited says why; the tools write nothing to it.
@@ -266,7 +276,8 @@ private slots:
             OGRFeatureUniquePtr feature(OGRFeature::CreateFeature(l->GetLayerDefn()));
             OGRPolygon square;
             OGRLinearRing ring;
-            for (const auto& p : {OGRRawPoint{50, 50}, {150, 50}, {150, 150}, {50, 150}, {50, 50}}) ring.addPoint(p.x, p.y);
+            for (const auto& p : {OGRRawPoint{50, 50}, {150, 50}, {150, 150}, {50, 150}, {50, 50}})
+                ring.addPoint(p.x, p.y);
             square.addRing(&ring);
             feature->SetGeometry(&square);
             QCOMPARE(l->CreateFeature(feature.get()), OGRERR_NONE);
@@ -278,10 +289,12 @@ private slots:
         HORefPtr<HOFeatureLayer> layer = open(path, "a");
         QVERIFY(layer);
         QVERIFY(!layer->IsEditable());
-        QVERIFY2(layer->GetReadOnlyReason().toQString().contains(reason), qPrintable(layer->GetReadOnlyReason().toQString()));
+        QVERIFY2(layer->GetReadOnlyReason().toQString().contains(reason),
+                 qPrintable(layer->GetReadOnlyReason().toQString()));
         HXEditCanvas f;
         QVERIFY(show(f, layer.get()));
-        f.run("t HOToolAddFeature; c 200 100; c 250 100; d 250 50; t HOToolSingleSelect; c 100 200; k Delete");
+        f.run(
+            "t HOToolAddFeature; c 200 100; c 250 100; d 250 50; t HOToolSingleSelect; c 100 200; k Delete");
         SETTLED();
         QCOMPARE(f.map->GetUndoStack()->count(), 0);
         QCOMPARE(layer->GetFeatureCount(), 1);
@@ -296,9 +309,12 @@ private slots:
         QTest::addColumn<QString>("result");  // the feature left with the other's geometry; empty: unchanged
         const QString both = "|MULTIPOLYGON (" + Ring(200, 50, 100) + "," + Ring(50, 50, 100) + ")";
         for (const char* kind : {"gpkg", "shp", "postgis"}) {
-            QTest::addRow("%s: largest (the first of equals)", kind) << kind << "largest" << "a" + both;
-            QTest::addRow("%s: the attributes of b", kind) << kind << "b" << "b" + both;
-            QTest::addRow("%s: abandoned", kind) << kind << "cancel" << "";
+            QTest::addRow("%s: largest (the first of equals)", kind) << kind << "largest"
+                                                                     << "a" + both;
+            QTest::addRow("%s: the attributes of b", kind) << kind << "b"
+                                                           << "b" + both;
+            QTest::addRow("%s: abandoned", kind) << kind << "cancel"
+                                                 << "";
         }
     }
 
@@ -315,7 +331,8 @@ private slots:
             if (answer == "cancel") return;
             if (answer == "b") {
                 auto* tree = d->findChild<QTreeView*>("treeView");
-                const QModelIndexList rows = tree->model()->match(tree->model()->index(0, 0), Qt::DisplayRole, QString::number(b));
+                const QModelIndexList rows =
+                    tree->model()->match(tree->model()->index(0, 0), Qt::DisplayRole, QString::number(b));
                 QCOMPARE(rows.size(), 1);
                 QTest::mouseClick(d->findChild<QRadioButton*>("radioButton_feature"), Qt::LeftButton);
                 tree->setCurrentIndex(rows.first());
@@ -339,13 +356,16 @@ private slots:
         QTest::addColumn<QString>("script");
         QTest::addColumn<QString>("result");  // square a after the edit; empty: refused
         for (const char* kind : {"gpkg", "shp", "postgis"}) {
-            QTest::addRow("%s: vertex dragged", kind)
-                << kind << "c 100 200; g 150 250 170 270" << "a|POLYGON ((50 50,50 150,150 150,170 30,50 50))";
+            QTest::addRow("%s: vertex dragged", kind) << kind << "c 100 200; g 150 250 170 270"
+                                                      << "a|POLYGON ((50 50,50 150,150 150,170 30,50 50))";
             QTest::addRow("%s: vertex inserted on a segment", kind)
-                << kind << "c 100 200; d 100 250" << "a|POLYGON ((50 50,50 150,150 150,150 50,100 50,50 50))";
-            QTest::addRow("%s: vertex deleted", kind)
-                << kind << "c 100 200; m 150 250; k Backspace" << "a|POLYGON ((50 50,50 150,150 150,50 50))";
-            QTest::addRow("%s: drag that makes the ring cross itself", kind) << kind << "c 100 200; g 50 150 200 200" << "";
+                << kind << "c 100 200; d 100 250"
+                << "a|POLYGON ((50 50,50 150,150 150,150 50,100 50,50 50))";
+            QTest::addRow("%s: vertex deleted", kind) << kind << "c 100 200; m 150 250; k Backspace"
+                                                      << "a|POLYGON ((50 50,50 150,150 150,50 50))";
+            QTest::addRow("%s: drag that makes the ring cross itself", kind)
+                << kind << "c 100 200; g 50 150 200 200"
+                << "";
         }
     }
 
@@ -379,7 +399,8 @@ private slots:
         QVERIFY(other);
         HORefPtr<HOFeature> a = layer->GetFeature(layer->IdentifyAt(HOPoint(100, 100), 1).at(0));
         HORefPtr<HOFeature> aSeenByOther = other->GetFeature(a->GetID());
-        std::vector<HOFeatureChange> rename{{a, new HOFeature(a->GetID(), a->GetGeometry(), {{"name", "a1"}})}};
+        std::vector<HOFeatureChange> rename{
+            {a, new HOFeature(a->GetID(), a->GetGeometry(), {{"name", "a1"}})}};
         HOString error;
         QVERIFY2(layer->ApplyChanges(rename, &error), error.c_str());
         std::vector<HOFeatureChange> stale{{aSeenByOther, nullptr}};
@@ -408,7 +429,9 @@ private slots:
         SETTLED();
         QCOMPARE(f.map->GetUndoStack()->count(), 0);
         QCOMPARE(layer->GetFeatureCount(), 2);
-        std::vector<HOFeatureChange> add{{nullptr, new HOFeature(-1, layer->GetFeatureGeometry(layer->IdentifyAt(HOPoint(100, 100), 1).at(0)), {})}};
+        std::vector<HOFeatureChange> add{
+            {nullptr, new HOFeature(
+                          -1, layer->GetFeatureGeometry(layer->IdentifyAt(HOPoint(100, 100), 1).at(0)), {})}};
         HOString error;
         QVERIFY(!layer->ApplyChanges(add, &error));
         QVERIFY2(!error.isEmpty(), "no reason given");

@@ -12,18 +12,20 @@ class TestCanvasReshape : public QObject {
 
 private slots:
     void dragHandle_data() {
-        QTest::addColumn<QString>("draw");     // makes the elements; the last one is selected
-        QTest::addColumn<QString>("drag");     // the selection tool's drag
+        QTest::addColumn<QString>("draw");  // makes the elements; the last one is selected
+        QTest::addColumn<QString>("drag");  // the selection tool's drag
         QTest::addColumn<QStringList>("result");
         const QString polygon = "t HOCmdDigitizePolygon; c 100 100; c 300 100; d 300 250";
-        QTest::newRow("polygon vertex") << polygon << "g 300 100 320 80"
-                                        << QStringList{"POLYGON ((100 200,320 220,300 50,100 200))*"};
+        QTest::newRow("polygon vertex")
+            << polygon << "g 300 100 320 80" << QStringList{"POLYGON ((100 200,320 220,300 50,100 200))*"};
         QTest::newRow("first vertex of a ring closes it too")
             << polygon << "g 101 99 90 90" << QStringList{"POLYGON ((90 210,300 200,300 50,90 210))*"};
-        QTest::newRow("line vertex") << "t HOCmdDigitizeLine; c 50 50; c 150 50; d 150 150" << "g 150 50 170 60"
+        QTest::newRow("line vertex") << "t HOCmdDigitizeLine; c 50 50; c 150 50; d 150 150"
+                                     << "g 150 50 170 60"
                                      << QStringList{"LINESTRING (50 250,170 240,150 150)*"};
         QTest::newRow("snapped to another element's vertex")
-            << "t HOCmdDigitizeLine; c 50 50; d 150 50; c 50 200; d 150 200" << "g 150 200 146 56"
+            << "t HOCmdDigitizeLine; c 50 50; d 150 50; c 50 200; d 150 200"
+            << "g 150 200 146 56"
             << QStringList{"LINESTRING (50 250,150 250)", "LINESTRING (50 100,150 250)*"};
         QTest::newRow("a drag shorter than the click limit is a click")
             << polygon << "g 300 100 301 101" << QStringList{"POLYGON ((100 200,300 200,300 50,100 200))*"};

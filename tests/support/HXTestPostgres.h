@@ -30,11 +30,13 @@ public:
             return fail("cannot give the directory to the postgres user");
         if (!run(bin("initdb"), {"-D", data(), "-A", "trust", "-U", "postgres", "--no-sync", "-E", "UTF8"}))
             return fail("initdb failed: " + m_output);
-        const QString options = QString("-c listen_addresses='' -c unix_socket_directories='%1' -c fsync=off "
-                                        "-c full_page_writes=off -k %1 -p %2")
+        const QString options = QString(
+                                    "-c listen_addresses='' -c unix_socket_directories='%1' -c fsync=off "
+                                    "-c full_page_writes=off -k %1 -p %2")
                                     .arg(m_dir.path())
                                     .arg(m_port);
-        if (!run(bin("pg_ctl"), {"-D", data(), "-o", options, "-l", m_dir.path() + "/log", "-w", "-t", "30", "start"}))
+        if (!run(bin("pg_ctl"),
+                 {"-D", data(), "-o", options, "-l", m_dir.path() + "/log", "-w", "-t", "30", "start"}))
             return fail("the server did not start: " + m_output);
         m_started = true;
         if (!sql("CREATE EXTENSION postgis")) return fail("PostGIS is missing: " + m_output);
@@ -44,8 +46,10 @@ public:
 
     // Runs SQL through psql; false with the output kept for error().
     bool sql(const QString& statement) {
-        return run("psql", {"-h", m_dir.path(), "-p", QString::number(m_port), "-U", "postgres", "-d", "postgres",
-                            "-v", "ON_ERROR_STOP=1", "-q", "-c", statement}, false);
+        return run("psql",
+                   {"-h", m_dir.path(), "-p", QString::number(m_port), "-U", "postgres", "-d", "postgres",
+                    "-v", "ON_ERROR_STOP=1", "-q", "-c", statement},
+                   false);
     }
 
     // The OGR connection string of the database.

@@ -5,9 +5,9 @@
 
 #include <memory>
 
-#include "private/HOCoordinateSystemOgr.h"
 #include "HOCoordinateSystem.h"
 #include "HOGeometryProject.h"
+#include "private/HOCoordinateSystemOgr.h"
 
 namespace HXObjects {
 
@@ -21,18 +21,21 @@ using Context = std::unique_ptr<std::remove_pointer_t<GEOSContextHandle_t>, void
 
 GEOSGeometry* ToGeos(GEOSContextHandle_t context, const HOGeometry::Part& part) {
     GEOSCoordSequence* sequence = GEOSCoordSeq_create_r(context, unsigned(part.size()), 2);
-    for (unsigned i = 0; i < part.size(); ++i) GEOSCoordSeq_setXY_r(context, sequence, i, part[i].x, part[i].y);
+    for (unsigned i = 0; i < part.size(); ++i)
+        GEOSCoordSeq_setXY_r(context, sequence, i, part[i].x, part[i].y);
     return GEOSGeom_createLineString_r(context, sequence);  // takes the sequence
 }
 
 // Appends the paths of a line or multi-line.
 void AppendPaths(GEOSContextHandle_t context, const GEOSGeometry* lines, HOGeometry& out) {
     for (int g = 0; g < GEOSGetNumGeometries_r(context, lines); ++g) {
-        const GEOSCoordSequence* sequence = GEOSGeom_getCoordSeq_r(context, GEOSGetGeometryN_r(context, lines, g));
+        const GEOSCoordSequence* sequence =
+            GEOSGeom_getCoordSeq_r(context, GEOSGetGeometryN_r(context, lines, g));
         unsigned size = 0;
         if (!sequence || !GEOSCoordSeq_getSize_r(context, sequence, &size) || size < 2) continue;
         HOGeometry::Part path(size);
-        for (unsigned i = 0; i < size; ++i) GEOSCoordSeq_getXY_r(context, sequence, i, &path[i].x, &path[i].y);
+        for (unsigned i = 0; i < size; ++i)
+            GEOSCoordSeq_getXY_r(context, sequence, i, &path[i].x, &path[i].y);
         out.AddPart(std::move(path));
     }
 }
@@ -52,7 +55,8 @@ HORefPtr<HOCoordinateSystem> LocalFrame(HOCoordinateSystem* mapSystem, HOPoint c
     geographic->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
     const HORefPtr<HOCoordinateSystem> lonLat = HOCoordinateSystemOgr::FromOgr(geographic.get());
     HOGeometryProject toLonLat;
-    if (!lonLat || !toLonLat.SetPrj(mapSystem, lonLat.get(), nullptr) || !toLonLat.ProjPoint(centre.x, centre.y))
+    if (!lonLat || !toLonLat.SetPrj(mapSystem, lonLat.get(), nullptr) ||
+        !toLonLat.ProjPoint(centre.x, centre.y))
         return nullptr;
     OGRSpatialReference local(*geographic);
     local.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
@@ -74,13 +78,15 @@ std::vector<HORefPtr<HOGeometry>> HODoubleLine::Make(const HOGeometry& centre, d
     for (const auto& part : centre.Parts())
         if (Distinct(part).size() > 1) line->AddPart(Distinct(part));
     if (line->IsEmpty()) return {};
-    const HORefPtr<HOCoordinateSystem> local = mapSystem ? LocalFrame(mapSystem, line->GetEnvelope().Center()) : nullptr;
+    const HORefPtr<HOCoordinateSystem> local =
+        mapSystem ? LocalFrame(mapSystem, line->GetEnvelope().Center()) : nullptr;
     if (mapSystem && (!local || !Reproject(*line, mapSystem, local.get()))) return {};
     std::vector<HORefPtr<HOGeometry>> sides;
     for (const double side : {widthMetres / 2, -widthMetres / 2}) {
         HORefPtr<HOGeometry> parallel = offset(*line, side);
         if (!parallel || (mapSystem && !Reproject(*parallel, local.get(), mapSystem))) return {};
-        parallel->SetType(parallel->Parts().size() > 1 ? HOGeometry::GeoMultiLineString : HOGeometry::GeoLineString);
+        parallel->SetType(parallel->Parts().size() > 1 ? HOGeometry::GeoMultiLineString
+                                                       : HOGeometry::GeoLineString);
         sides.push_back(parallel);
     }
     return sides;

@@ -44,10 +44,11 @@ void HOElementEditCommand::apply(bool forward) {
 
 QString HOElementEditCommand::CountText(const char* verb, int count) {
     const QString action = QCoreApplication::translate("HXObjects::HOElementEditCommand", verb);
-    return count == 1 ? QCoreApplication::translate("HXObjects::HOElementEditCommand", "%1 1 element").arg(action)
-                      : QCoreApplication::translate("HXObjects::HOElementEditCommand", "%1 %2 elements")
-                            .arg(action)
-                            .arg(count);
+    return count == 1
+               ? QCoreApplication::translate("HXObjects::HOElementEditCommand", "%1 1 element").arg(action)
+               : QCoreApplication::translate("HXObjects::HOElementEditCommand", "%1 %2 elements")
+                     .arg(action)
+                     .arg(count);
 }
 
 }  // namespace HXObjects

@@ -34,8 +34,8 @@ HOPoint CentreOf(const std::vector<HORefPtr<HOElement>>& elements) {
 
 }  // namespace
 
-int HOElementEditor::Add(HOMap* map, HORefPtr<HOGeometry> geometry, const QString& text, HORefPtr<HOStyle> style,
-                         const HOString& label) {
+int HOElementEditor::Add(HOMap* map, HORefPtr<HOGeometry> geometry, const QString& text,
+                         HORefPtr<HOStyle> style, const HOString& label) {
     if (!map || !geometry || geometry->IsEmpty()) return 0;
     HOGraphicsLayer* layer = map->GetGraphicsLayer().get();
     if (!style) style = HOGraphicsLayer::DefaultStyle(geometry->GetType());
@@ -49,7 +49,8 @@ std::vector<int> HOElementEditor::AddAll(HOMap* map, const std::vector<HORefPtr<
     std::vector<HORefPtr<HOElement>> elements;
     for (const auto& geometry : geometries) {
         if (geometry && !geometry->IsEmpty())
-            elements.push_back(layer->NewElement(geometry, HOGraphicsLayer::DefaultStyle(geometry->GetType())));
+            elements.push_back(
+                layer->NewElement(geometry, HOGraphicsLayer::DefaultStyle(geometry->GetType())));
     }
     return elements.empty() ? std::vector<int>() : pushAdded(map, elements, text);
 }
@@ -83,7 +84,8 @@ bool HOElementEditor::removeSelected(HOMap* map, const char* verb) {
     if (selected.empty()) return false;
     auto* command = new HOElementEditCommand(
         layer, HOElementEditCommand::CountText(verb, static_cast<int>(selected.size())));
-    for (const auto& element : selected) command->AddChange(element, nullptr, layer->IndexOf(element->GetID()));
+    for (const auto& element : selected)
+        command->AddChange(element, nullptr, layer->IndexOf(element->GetID()));
     Push(map, command);
     return true;
 }
@@ -101,7 +103,8 @@ bool HOElementEditor::CopySelected(HOMap* map) {
 }
 
 bool HOElementEditor::CutSelected(HOMap* map) {
-    return CopySelected(map) && removeSelected(map, QT_TRANSLATE_NOOP("HXObjects::HOElementEditCommand", "Cut"));
+    return CopySelected(map) &&
+           removeSelected(map, QT_TRANSLATE_NOOP("HXObjects::HOElementEditCommand", "Cut"));
 }
 
 int HOElementEditor::Paste(HOMap* map, const HOPoint* at, HOToolBuddy* buddy) {
@@ -109,9 +112,10 @@ int HOElementEditor::Paste(HOMap* map, const HOPoint* at, HOToolBuddy* buddy) {
     const auto pasted = HOElementClipboard::Take();
     if (pasted.empty()) {
         if (buddy)
-            buddy->ShowMessage(QCoreApplication::translate("HXObjects::HOElementEditor",
-                                                           "Nothing to paste: the clipboard holds no elements "
-                                                           "and no WKT geometry"));
+            buddy->ShowMessage(
+                QCoreApplication::translate("HXObjects::HOElementEditor",
+                                            "Nothing to paste: the clipboard holds no elements "
+                                            "and no WKT geometry"));
         return 0;
     }
     HOGraphicsLayer* layer = map->GetGraphicsLayer().get();

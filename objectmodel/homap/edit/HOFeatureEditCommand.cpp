@@ -63,7 +63,8 @@ void HOFeatureEditCommand::submit(bool inverse) {
             return outcome;
         },
         [state, inverse](const HOFeatureEditQueue::Outcome& outcome) {
-            if (state->command) state->command->settle(outcome.written, inverse, outcome.changes, outcome.error);
+            if (state->command)
+                state->command->settle(outcome.written, inverse, outcome.changes, outcome.error);
         });
 }
 

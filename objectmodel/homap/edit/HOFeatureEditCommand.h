@@ -41,7 +41,8 @@ public:
 private:
     struct State;
     void submit(bool inverse);
-    void settle(bool written, bool inverse, const std::vector<HOFeatureChange>& changes, const HOString& error);
+    void settle(bool written, bool inverse, const std::vector<HOFeatureChange>& changes,
+                const HOString& error);
     void leaveStack(bool inverse);
 
     std::shared_ptr<State> m_state;

@@ -31,7 +31,8 @@ std::map<const HOFeatureLayer*, std::weak_ptr<Strand>> g_strands;
 // The layer's strand; a new one when all work for a layer of that address is done, as that layer
 // may be gone (work in flight keeps its layer alive, so the address cannot be reused meanwhile).
 std::shared_ptr<Strand> StrandFor(const HOFeatureLayer* layer) {
-    for (auto it = g_strands.begin(); it != g_strands.end();) it = it->second.expired() ? g_strands.erase(it) : ++it;
+    for (auto it = g_strands.begin(); it != g_strands.end();)
+        it = it->second.expired() ? g_strands.erase(it) : ++it;
     std::shared_ptr<Strand> strand = g_strands[layer].lock();
     if (!strand) {
         strand = std::make_shared<Strand>(boost::asio::make_strand(Pool().get_executor()));

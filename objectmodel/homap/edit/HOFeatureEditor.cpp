@@ -3,8 +3,8 @@
 #include <QCoreApplication>
 #include <QUndoStack>
 
-#include "HOFeatureEditCommand.h"
 #include "HOCoordinateSystem.h"
+#include "HOFeatureEditCommand.h"
 #include "HOGeometryProject.h"
 #include "HOMap.h"
 #include "HOMapView.h"
@@ -20,23 +20,26 @@ void HOFeatureEditor::Report(HOTool* tool, const HOString& text) {
 HOFeatureLayer* HOFeatureEditor::Editable(HOLayer* layer, HOTool* tool) {
     auto* features = dynamic_cast<HOFeatureLayer*>(layer);
     if (!features) {
-        Report(tool, QCoreApplication::translate("HXObjects::HOFeatureEditor", "Choose a feature layer to edit"));
+        Report(tool,
+               QCoreApplication::translate("HXObjects::HOFeatureEditor", "Choose a feature layer to edit"));
         return nullptr;
     }
     if (!features->IsEditable()) {
-        Report(tool, HOString(features->GetName().toQString() + ": " + features->GetReadOnlyReason().toQString()));
+        Report(tool,
+               HOString(features->GetName().toQString() + ": " + features->GetReadOnlyReason().toQString()));
         return nullptr;
     }
     return features;
 }
 
-HOFeatureEditCommand* HOFeatureEditor::make(HOMap* map, HOFeatureLayer* layer, std::vector<HOFeatureChange> changes,
-                                            const QString& text, HOTool* tool, QUndoCommand* parent) {
+HOFeatureEditCommand* HOFeatureEditor::make(HOMap* map, HOFeatureLayer* layer,
+                                            std::vector<HOFeatureChange> changes, const QString& text,
+                                            HOTool* tool, QUndoCommand* parent) {
     if (!map || !Editable(layer, tool) || changes.empty()) return nullptr;
     HORefPtr<HOTool> reporter(tool);
     auto* command = new HOFeatureEditCommand(
-        layer, std::move(changes), text, [reporter](const HOString& why) { Report(reporter.get(), why); }, parent,
-        map->GetUndoStack());
+        layer, std::move(changes), text, [reporter](const HOString& why) { Report(reporter.get(), why); },
+        parent, map->GetUndoStack());
     // The layer holds the change once it is written: draw the map again then.
     command->SetShow([reporter] {
         HOToolBuddy* buddy = reporter ? reporter->GetToolBuddy() : nullptr;
@@ -59,7 +62,8 @@ bool HOFeatureEditor::ToLayer(HOMap* map, HOFeatureLayer* layer, HOGeometry* geo
     HORefPtr<HOCoordinateSystem> to = layer->GetSpatialReference();
     if (!from || !to || from->IsSame(to.get())) return true;
     HOGeometryProject project;
-    return project.SetPrj(from.get(), to.get(), nullptr) && project.ProjHxGeometry(geometry, geometry->GetType());
+    return project.SetPrj(from.get(), to.get(), nullptr) &&
+           project.ProjHxGeometry(geometry, geometry->GetType());
 }
 
 HORefPtr<HOFeature> HOFeatureEditor::Current(HOFeatureLayer* layer, int id) {

@@ -21,8 +21,8 @@ class HX_EXPORT HOFeatureEditor {
 public:
     // Submits the edit; false, with the reason shown, when the layer is read-only or there is
     // nothing to do. `settled` (optional) learns the outcome on the GUI thread once written.
-    static bool Commit(HOMap* map, HOFeatureLayer* layer, std::vector<HOFeatureChange> changes, const QString& text,
-                       HOTool* tool, HOFeatureEditCommand::Settled settled = nullptr);
+    static bool Commit(HOMap* map, HOFeatureLayer* layer, std::vector<HOFeatureChange> changes,
+                       const QString& text, HOTool* tool, HOFeatureEditCommand::Settled settled = nullptr);
     // The selected features of every editable feature layer of the map deleted, one command per
     // layer (one undo step for all); a read-only layer with a selection is named with its reason.
     // The number of features submitted for deletion.

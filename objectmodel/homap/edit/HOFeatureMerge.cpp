@@ -33,7 +33,8 @@ struct Text {
 
 }  // namespace
 
-HORefPtr<HOGeometry> HOFeatureMerge::Union(const std::vector<HORefPtr<HOFeature>>& features, HOString* error) {
+HORefPtr<HOGeometry> HOFeatureMerge::Union(const std::vector<HORefPtr<HOFeature>>& features,
+                                           HOString* error) {
     CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
     OGRGeometryUniquePtr merged;
     OGRwkbGeometryType kind = wkbUnknown;

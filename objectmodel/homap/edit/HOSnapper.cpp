@@ -33,11 +33,13 @@ HOSnapResult HOSnapper::Snap(const HOPoint& mapPoint, HOMapView* view, int ignor
     HOMap* map = view ? view->GetMap() : nullptr;
     if (!map || map->GetSnapTolerance() <= 0) return {HOSnapResult::None, mapPoint};
     const double tolerance = map->GetSnapTolerance() * view->GetDisplayTransform().unitsPerPixel;
-    const HORect area(mapPoint.x - tolerance, mapPoint.x + tolerance, mapPoint.y - tolerance, mapPoint.y + tolerance);
+    const HORect area(mapPoint.x - tolerance, mapPoint.x + tolerance, mapPoint.y - tolerance,
+                      mapPoint.y + tolerance);
     return SnapTo(mapPoint, candidates(view, area, ignoredElement), tolerance);
 }
 
-HOSnapResult HOSnapper::SnapTo(const HOPoint& point, const std::vector<HOGeometry::Part>& parts, double tolerance) {
+HOSnapResult HOSnapper::SnapTo(const HOPoint& point, const std::vector<HOGeometry::Part>& parts,
+                               double tolerance) {
     HOSnapResult result{HOSnapResult::None, point};
     double best = std::numeric_limits<double>::infinity();
     const auto consider = [&](const HOPoint& candidate, HOSnapResult::Kind kind) {
@@ -64,13 +66,15 @@ std::vector<HOGeometry::Part> HOSnapper::candidates(HOMapView* view, const HORec
         auto* features = dynamic_cast<HOFeatureLayer*>(layer.get());
         if (!features || !features->IsVisible()) continue;
         auto found = features->PartsIn(area, system.get());
-        parts.insert(parts.end(), std::make_move_iterator(found.begin()), std::make_move_iterator(found.end()));
+        parts.insert(parts.end(), std::make_move_iterator(found.begin()),
+                     std::make_move_iterator(found.end()));
     }
     const auto graphics = map->GetGraphicsLayer();
     if (!graphics->IsVisible()) return parts;
     for (const auto& element : graphics->GetElements()) {
         const HORefPtr<HOGeometry> geometry = element->GetGeometry();
-        if (element->GetID() == ignoredElement || !geometry || !geometry->GetEnvelope().Intersects(area)) continue;
+        if (element->GetID() == ignoredElement || !geometry || !geometry->GetEnvelope().Intersects(area))
+            continue;
         parts.insert(parts.end(), geometry->Parts().begin(), geometry->Parts().end());
     }
     return parts;

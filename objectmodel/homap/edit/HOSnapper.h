@@ -17,7 +17,8 @@ public:
     // `ignoredElement`: an element (by id) the point must not snap to, such as the one being reshaped.
     static HOSnapResult Snap(const HOPoint& mapPoint, HOMapView* view, int ignoredElement = 0);
     // The same over given candidate parts, within `tolerance` map units.
-    static HOSnapResult SnapTo(const HOPoint& point, const std::vector<HOGeometry::Part>& parts, double tolerance);
+    static HOSnapResult SnapTo(const HOPoint& point, const std::vector<HOGeometry::Part>& parts,
+                               double tolerance);
 
 private:
     static std::vector<HOGeometry::Part> candidates(HOMapView* view, const HORect& area, int ignoredElement);

@@ -20,11 +20,16 @@ HOColor Colour(const QJsonValue& value) {
 
 QString HOStyleJson::Write(const HOStyle& style) {
     const QJsonObject object{
-        {"type", int(style.GetStyleType())},      {"shape", int(style.GetMarkerShape())},
-        {"size", style.GetSize()},                {"color", Colour(style.GetColor())},
-        {"width", style.GetWidth()},              {"dash", int(style.GetDash())},
-        {"outline", Colour(style.GetOutlineColor())}, {"casing", style.GetCasingWidth()},
-        {"fill", int(style.GetFillPattern())},    {"opacity", style.GetOpacity()},
+        {"type", int(style.GetStyleType())},
+        {"shape", int(style.GetMarkerShape())},
+        {"size", style.GetSize()},
+        {"color", Colour(style.GetColor())},
+        {"width", style.GetWidth()},
+        {"dash", int(style.GetDash())},
+        {"outline", Colour(style.GetOutlineColor())},
+        {"casing", style.GetCasingWidth()},
+        {"fill", int(style.GetFillPattern())},
+        {"opacity", style.GetOpacity()},
     };
     return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
 }

@@ -236,7 +236,8 @@ void HOMapRenderer::drawLayer(Pass& pass, HOLayer& layer, const QRegion& area) {
             QPainter painter(&m_layerPictures[id].image);
             painter.setCompositionMode(QPainter::CompositionMode_Source);
             const double ratio = request.devicePixelRatio;
-            const QRectF inPart(QPointF(rect.topLeft() - around.topLeft()) * ratio, QSizeF(rect.size()) * ratio);
+            const QRectF inPart(QPointF(rect.topLeft() - around.topLeft()) * ratio,
+                                QSizeF(rect.size()) * ratio);
             painter.drawImage(QRectF(rect), part, inPart);
         }
     }

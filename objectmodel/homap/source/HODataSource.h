@@ -28,7 +28,8 @@ public:
     // Told the share of a layer read now and then (0..1); answering false stops the read.
     using Progress = std::function<bool(double done)>;
     // Reads one layer; null with "cannot open 'path': reason" on failure or when stopped.
-    HORefPtr<HOLayer> OpenLayer(const HOString& name, HOString* error = nullptr, const Progress& progress = nullptr);
+    HORefPtr<HOLayer> OpenLayer(const HOString& name, HOString* error = nullptr,
+                                const Progress& progress = nullptr);
     // Reads every layer in the source's order. A layer that cannot be read is left out and its
     // reason added to `error` (one line each). `progress` is told the share of all layers read;
     // when it answers false the reading stops and none is returned.

@@ -7,11 +7,11 @@
 #include <QFile>
 #include <memory>
 
-#include "private/HOCoordinateSystemOgr.h"
 #include "HOCoordinateSystem.h"
 #include "HOGraphicsLayer.h"
 #include "edit/HOGeometryWkt.h"
 #include "edit/HOStyleJson.h"
+#include "private/HOCoordinateSystemOgr.h"
 #include "source/private/HOGdalEnvironment.h"
 
 namespace HXObjects {
@@ -41,7 +41,8 @@ bool WriteRow(OGRLayer* table, const HOElement& element) {
     OGRFeature row(table->GetLayerDefn());
     row.SetGeometryDirectly(geometry);
     row.SetField("label", element.GetLabel().toQString().toUtf8().constData());
-    if (element.GetStyle()) row.SetField("style", HOStyleJson::Write(*element.GetStyle()).toUtf8().constData());
+    if (element.GetStyle())
+        row.SetField("style", HOStyleJson::Write(*element.GetStyle()).toUtf8().constData());
     return table->CreateFeature(&row) == OGRERR_NONE;
 }
 

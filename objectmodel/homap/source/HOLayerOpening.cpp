@@ -65,7 +65,8 @@ void HOLayerOpening::post(std::function<void()> call) {
     // The opening stays alive until its calls have run.
     HORefPtr<HOLayerOpening> self(this);
     if (QCoreApplication* app = QCoreApplication::instance())
-        QMetaObject::invokeMethod(app, [self, call = std::move(call)] { call(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            app, [self, call = std::move(call)] { call(); }, Qt::QueuedConnection);
 }
 
 void HOLayerOpening::report(double progress) {

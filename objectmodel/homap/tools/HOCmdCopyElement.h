@@ -1,6 +1,6 @@
 #pragma once
-// HOCmdCopyElement ("HXObjects::HOCmdCopyElement"): a one-shot command that puts the selected graphic elements of
-// the buddy's map view on the clipboard; the current tool stays.
+// HOCmdCopyElement ("HXObjects::HOCmdCopyElement"): a one-shot command that puts the selected graphic
+// elements of the buddy's map view on the clipboard; the current tool stays.
 #include "HOMapTool.h"
 
 namespace HXObjects {

@@ -1,6 +1,6 @@
 #pragma once
-// HOCmdDeleteElement ("HXObjects::HOCmdDeleteElement"): a one-shot command that deletes the selected graphic elements
-// of the buddy's map view as one undoable edit; the current tool stays.
+// HOCmdDeleteElement ("HXObjects::HOCmdDeleteElement"): a one-shot command that deletes the selected graphic
+// elements of the buddy's map view as one undoable edit; the current tool stays.
 #include "HOMapTool.h"
 
 namespace HXObjects {

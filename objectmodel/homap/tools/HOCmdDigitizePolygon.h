@@ -11,7 +11,9 @@ public:
 protected:
     bool IsArea() const override { return true; }
     int NewPathOption(HOToolBuddy* buddy) const override { return buddy->getNewPathOption_Polygon(); }
-    void SetNewPathOption(HOToolBuddy* buddy, int option) const override { buddy->setNewPathOption_Polygon(option); }
+    void SetNewPathOption(HOToolBuddy* buddy, int option) const override {
+        buddy->setNewPathOption_Polygon(option);
+    }
 };
 
 }  // namespace HXObjects

@@ -1,6 +1,6 @@
 #pragma once
-// HOCmdPasteElement ("HXObjects::HOCmdPasteElement"): a one-shot command that pastes the clipboard's elements into
-// the buddy's map view where they were copied from, as one undoable edit; the current tool stays.
+// HOCmdPasteElement ("HXObjects::HOCmdPasteElement"): a one-shot command that pastes the clipboard's elements
+// into the buddy's map view where they were copied from, as one undoable edit; the current tool stays.
 #include "HOMapTool.h"
 
 namespace HXObjects {

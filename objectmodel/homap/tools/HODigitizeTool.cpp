@@ -89,9 +89,15 @@ void HODigitizeTool::OnDoubleClick(int button, int, int) {
 
 bool HODigitizeTool::OnKeyDown(int key) {
     switch (PathKeyOf(key)) {
-        case EndPathKey: finish(); return true;
-        case DropPointKey: CancelPoint(); return true;
-        case DropPathKey: abandon(); return true;
+        case EndPathKey:
+            finish();
+            return true;
+        case DropPointKey:
+            CancelPoint();
+            return true;
+        case DropPathKey:
+            abandon();
+            return true;
         case OtherKey:
             // While a shape is under way, Delete must not hand over to the deletion tools.
             return !inProgress() && HOMapTool::OnKeyDown(key);
@@ -162,9 +168,9 @@ void HODigitizeTool::finish() {
     abandon();
     if (parts.empty()) return;
     const bool multi = parts.size() > 1;
-    HORefPtr<HOGeometry> geometry = new HOGeometry(
-        IsArea() ? (multi ? HOGeometry::GeoMultiPolygon : HOGeometry::GeoPolygon)
-                 : (multi ? HOGeometry::GeoMultiLineString : HOGeometry::GeoLineString));
+    HORefPtr<HOGeometry> geometry =
+        new HOGeometry(IsArea() ? (multi ? HOGeometry::GeoMultiPolygon : HOGeometry::GeoPolygon)
+                                : (multi ? HOGeometry::GeoMultiLineString : HOGeometry::GeoLineString));
     for (auto& part : parts) geometry->AddPart(std::move(part));
     Create(TargetMap(), geometry);
 }

@@ -1,18 +1,18 @@
 #include "HOMapTool.h"
 
-#include <cmath>
 #include <ogr_spatialref.h>
+#include <cmath>
 
 #include <QPainter>
 #include <Qt>
 #include <memory>
 
-#include "private/HOCoordinateSystemOgr.h"
 #include "HOCoordinateSystem.h"
 #include "HOFeatureLayer.h"
 #include "HOGeometryProject.h"
 #include "HOMap.h"
 #include "edit/HOSnapper.h"
+#include "private/HOCoordinateSystemOgr.h"
 
 namespace HXObjects {
 
@@ -99,10 +99,14 @@ double HOMapTool::ZoomFactor() {
 HOMapTool::PathKey HOMapTool::PathKeyOf(int key) {
     switch (key) {
         case Qt::Key_Return:
-        case Qt::Key_Enter: return EndPathKey;
-        case Qt::Key_Backspace: return DropPointKey;
-        case Qt::Key_Escape: return DropPathKey;
-        default: return OtherKey;
+        case Qt::Key_Enter:
+            return EndPathKey;
+        case Qt::Key_Backspace:
+            return DropPointKey;
+        case Qt::Key_Escape:
+            return DropPathKey;
+        default:
+            return OtherKey;
     }
 }
 

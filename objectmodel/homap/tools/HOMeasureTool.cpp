@@ -49,10 +49,17 @@ void HOMeasureTool::OnDoubleClick(int button, int, int) {
 
 bool HOMeasureTool::OnKeyDown(int key) {
     switch (PathKeyOf(key)) {
-        case EndPathKey: finish(); return true;
-        case DropPointKey: dropLastPoint(); return true;
-        case DropPathKey: clear(); return true;
-        case OtherKey: return HOMapTool::OnKeyDown(key);
+        case EndPathKey:
+            finish();
+            return true;
+        case DropPointKey:
+            dropLastPoint();
+            return true;
+        case DropPathKey:
+            clear();
+            return true;
+        case OtherKey:
+            return HOMapTool::OnKeyDown(key);
     }
     return false;
 }

@@ -9,8 +9,8 @@
 #include <QString>
 
 #include "HOGraphicsLayer.h"
-#include "HOUnitType.h"
 #include "HOMapTool.h"
+#include "HOUnitType.h"
 
 namespace HXObjects {
 
@@ -36,7 +36,8 @@ protected:
     HOMeasureTool();
     ~HOMeasureTool() override;
     // The figure's text for the points (the pointer's position included while measuring).
-    virtual QString Figure(const HOMeasurement& measurement, const HOGeometry::Part& points, HOUnitType unit) const = 0;
+    virtual QString Figure(const HOMeasurement& measurement, const HOGeometry::Part& points,
+                           HOUnitType unit) const = 0;
     // The shape that joins the points on the map (a line, or a ring).
     virtual HOGeometry::GeoType PathType() const = 0;
 

@@ -6,9 +6,9 @@
 #include <QString>
 #include <cmath>
 
-#include "private/HOCoordinateSystemOgr.h"
 #include "HOCoordinateSystem.h"
 #include "HOGeometryProject.h"
+#include "private/HOCoordinateSystemOgr.h"
 
 namespace HXObjects {
 
@@ -21,12 +21,18 @@ struct Unit {
 
 Unit UnitOf(HOUnitType unit) {
     switch (unit) {
-        case HOUnitKilometer: return {1000.0, "km"};
-        case HOUnitFoot: return {0.3048, "ft"};
-        case HOUnitYard: return {0.9144, "yd"};
-        case HOUnitMile: return {1609.344, "mi"};
-        case HOUnitNauticalMile: return {1852.0, "nmi"};
-        default: return {1.0, "m"};
+        case HOUnitKilometer:
+            return {1000.0, "km"};
+        case HOUnitFoot:
+            return {0.3048, "ft"};
+        case HOUnitYard:
+            return {0.9144, "yd"};
+        case HOUnitMile:
+            return {1609.344, "mi"};
+        case HOUnitNauticalMile:
+            return {1852.0, "nmi"};
+        default:
+            return {1.0, "m"};
     }
 }
 
@@ -107,7 +113,8 @@ QString HOMeasurement::LengthText(double metres, HOUnitType unit) {
 QString HOMeasurement::AreaText(double squareMetres, HOUnitType unit) {
     const Unit u = UnitOf(unit);
     // The square sign goes in after the arguments: arg() would read "%2²" as a placeholder.
-    return QString("%1 %2").arg(squareMetres / (u.metres * u.metres), 0, 'f', 2).arg(u.symbol) + QChar(0x00B2);
+    return QString("%1 %2").arg(squareMetres / (u.metres * u.metres), 0, 'f', 2).arg(u.symbol) +
+           QChar(0x00B2);
 }
 
 }  // namespace HXObjects

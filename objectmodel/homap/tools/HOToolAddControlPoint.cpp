@@ -1,8 +1,8 @@
 #include "HOToolAddControlPoint.h"
 
 #include <QCoreApplication>
-#include <algorithm>
 #include <Qt>
+#include <algorithm>
 
 #include "HOMap.h"
 #include "edit/HOElementEditor.h"
@@ -34,10 +34,10 @@ void HOToolAddControlPoint::CancelPoint() {
         m_placed.pop_back();
         const HORefPtr<HOElement> element = map->GetGraphicsLayer()->GetElement(id);
         if (!element) continue;
-        HOElementEditor::Remove(map, id,
-                                QCoreApplication::translate("HXObjects::HOToolAddControlPoint",
-                                                            "Cancel control point %1")
-                                    .arg(element->GetLabel().toQString()));
+        HOElementEditor::Remove(
+            map, id,
+            QCoreApplication::translate("HXObjects::HOToolAddControlPoint", "Cancel control point %1")
+                .arg(element->GetLabel().toQString()));
         return;
     }
 }
@@ -61,7 +61,8 @@ int HOToolAddControlPoint::nextNumber(HOMap* map) {
     for (const auto& element : map->GetGraphicsLayer()->GetElements()) {
         bool ok = false;
         const int number = element->GetLabel().toQString().toInt(&ok);
-        if (ok && element->GetGeometry()->GetType() == HOGeometry::GeoPoint) highest = std::max(highest, number);
+        if (ok && element->GetGeometry()->GetType() == HOGeometry::GeoPoint)
+            highest = std::max(highest, number);
     }
     return highest + 1;
 }

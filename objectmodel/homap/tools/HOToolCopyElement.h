@@ -1,6 +1,6 @@
 #pragma once
-// HOToolCopyElement ("HXObjects::HOToolCopyElement"): puts the selected graphic elements on the clipboard when it
-// is installed, then works as the selection tool.
+// HOToolCopyElement ("HXObjects::HOToolCopyElement"): puts the selected graphic elements on the clipboard
+// when it is installed, then works as the selection tool.
 #include "HOToolSingleSelect.h"
 
 namespace HXObjects {

@@ -15,7 +15,9 @@ public:
 protected:
     bool IsArea() const override { return false; }
     int NewPathOption(HOToolBuddy* buddy) const override { return buddy->getNewPathOption_Line(); }
-    void SetNewPathOption(HOToolBuddy* buddy, int option) const override { buddy->setNewPathOption_Line(option); }
+    void SetNewPathOption(HOToolBuddy* buddy, int option) const override {
+        buddy->setNewPathOption_Line(option);
+    }
     void Create(HOMap* map, HORefPtr<HOGeometry> shape) override;
 };
 

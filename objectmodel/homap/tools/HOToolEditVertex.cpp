@@ -64,7 +64,8 @@ void HOToolEditVertex::pick(const HOPoint& point) {
     // The topmost layer first.
     for (auto it = layers.rbegin(); it != layers.rend(); ++it) {
         auto* layer = dynamic_cast<HOFeatureLayer*>(it->get());
-        const std::vector<int> ids = layer ? layer->IdentifyAt(point, tolerance, system.get()) : std::vector<int>();
+        const std::vector<int> ids =
+            layer ? layer->IdentifyAt(point, tolerance, system.get()) : std::vector<int>();
         if (ids.empty()) continue;
         if (!HOFeatureEditor::Editable(layer, this)) return;
         m_layer = layer;
@@ -82,7 +83,8 @@ void HOToolEditVertex::showFeature() {
     const HORefPtr<HOCoordinateSystem> own = m_layer->GetSpatialReference();
     if (geometry && system && own && !own->IsSame(system.get())) {
         HOGeometryProject project;
-        if (!project.SetPrj(own.get(), system.get(), nullptr) || !project.ProjHxGeometry(geometry.get(), geometry->GetType()))
+        if (!project.SetPrj(own.get(), system.get(), nullptr) ||
+            !project.ProjHxGeometry(geometry.get(), geometry->GetType()))
             geometry = nullptr;
     }
     if (!geometry) {
@@ -166,7 +168,8 @@ void HOToolEditVertex::OnDoubleClick(int button, int x, int y) {
     HOPoint at;
     for (int p = 0; p < int(parts.size()); ++p) {
         for (int i = 0; i + 1 < int(parts[std::size_t(p)].size()); ++i) {
-            const HOPoint n = Nearest(parts[std::size_t(p)][std::size_t(i)], parts[std::size_t(p)][std::size_t(i + 1)], point);
+            const HOPoint n = Nearest(parts[std::size_t(p)][std::size_t(i)],
+                                      parts[std::size_t(p)][std::size_t(i + 1)], point);
             if (Distance(n, point) <= nearest) {
                 nearest = Distance(n, point);
                 part = p;
@@ -192,8 +195,10 @@ bool HOToolEditVertex::OnKeyDown(int key) {
     const bool closed = Closed(points);
     points.erase(points.begin() + m_hovered.index);
     if (closed && (m_hovered.index == 0 || m_hovered.index == int(points.size()))) {
-        if (m_hovered.index == 0) points.back() = points.front();
-        else points.front() = points.back();
+        if (m_hovered.index == 0)
+            points.back() = points.front();
+        else
+            points.front() = points.back();
     }
     commit(parts);
     return true;
@@ -206,7 +211,8 @@ void HOToolEditVertex::commit(std::vector<HOGeometry::Part> parts) {
     HORefPtr<HOGeometry> held = layer->GetFeatureGeometry(m_id);
     if (!held) {
         HOFeatureEditor::Report(this, HOString(QCoreApplication::translate("HXObjects::HOToolEditVertex",
-                                                                           "Feature %1 no longer exists").arg(m_id)));
+                                                                           "Feature %1 no longer exists")
+                                                   .arg(m_id)));
         release();
         return;
     }
@@ -224,8 +230,8 @@ void HOToolEditVertex::commit(std::vector<HOGeometry::Part> parts) {
     const int id = m_id;
     if (!HOFeatureEditor::Commit(TargetMap(), layer.get(),
                                  {{new HOFeature(id, held, {}), new HOFeature(id, changed, {})}},
-                                 QCoreApplication::translate("HXObjects::HOToolEditVertex", "Edit vertices"), this,
-                                 [self, layer, id](bool, const std::vector<HOFeatureChange>&) {
+                                 QCoreApplication::translate("HXObjects::HOToolEditVertex", "Edit vertices"),
+                                 this, [self, layer, id](bool, const std::vector<HOFeatureChange>&) {
                                      if (self->m_layer == layer && self->m_id == id) self->showFeature();
                                  }))
         showFeature();

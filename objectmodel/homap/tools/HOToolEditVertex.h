@@ -42,7 +42,7 @@ private:
 
     HORefPtr<HOFeatureLayer> m_layer;
     int m_id = -1;
-    HORefPtr<HOGeometry> m_feature;       // as the layer holds it, in the map's system
+    HORefPtr<HOGeometry> m_feature;         // as the layer holds it, in the map's system
     std::vector<HOGeometry::Part> m_parts;  // as shown (guarded by paintMutex)
     Vertex m_dragged;
     Vertex m_hovered;

@@ -10,7 +10,8 @@ public:
     HOString GetClassName() override { return "HXObjects::HOToolMeasureArea"; }
 
 protected:
-    QString Figure(const HOMeasurement& measurement, const HOGeometry::Part& points, HOUnitType unit) const override;
+    QString Figure(const HOMeasurement& measurement, const HOGeometry::Part& points,
+                   HOUnitType unit) const override;
     HOGeometry::GeoType PathType() const override { return HOGeometry::GeoPolygon; }
 };
 

@@ -70,8 +70,9 @@ void HOToolMergeFeature::merge(HOFeatureLayer* layer) {
     }
     HORefPtr<HOFeatureLayer> target(layer);
     const int survivor = features[kept]->GetID();
-    HOFeatureEditor::Commit(TargetMap(), layer, std::move(changes), Text::tr("Merge %1 features").arg(features.size()),
-                            this, [target, survivor](bool written, const std::vector<HOFeatureChange>&) {
+    HOFeatureEditor::Commit(TargetMap(), layer, std::move(changes),
+                            Text::tr("Merge %1 features").arg(features.size()), this,
+                            [target, survivor](bool written, const std::vector<HOFeatureChange>&) {
                                 if (written) target->SetSelectedIds({survivor});
                             });
 }

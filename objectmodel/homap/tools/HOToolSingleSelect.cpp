@@ -86,7 +86,8 @@ void HOToolSingleSelect::OnMouseDown(int button, int x, int y) {
 void HOToolSingleSelect::OnMouseMove(int button, int x, int y) {
     if (m_handle) return dragHandle(x, y);
     if (!m_grabbed) return HORubberBandTool::OnMouseMove(button, x, y);
-    m_moving = m_moving || std::abs(x - m_grabX) >= kMinimumBoxPixels || std::abs(y - m_grabY) >= kMinimumBoxPixels;
+    m_moving =
+        m_moving || std::abs(x - m_grabX) >= kMinimumBoxPixels || std::abs(y - m_grabY) >= kMinimumBoxPixels;
     if (!m_moving) return;
     const HOPoint shift = SnapToMap(x, y, m_grabbed->GetID()) - ToMap(m_grabX, m_grabY);
     std::vector<HORefPtr<HOGeometry>> preview;
@@ -140,7 +141,8 @@ std::vector<HORefPtr<HOElement>> HOToolSingleSelect::selectedElements() const {
 }
 
 void HOToolSingleSelect::dragHandle(int x, int y) {
-    m_moving = m_moving || std::abs(x - m_grabX) >= kMinimumBoxPixels || std::abs(y - m_grabY) >= kMinimumBoxPixels;
+    m_moving =
+        m_moving || std::abs(x - m_grabX) >= kMinimumBoxPixels || std::abs(y - m_grabY) >= kMinimumBoxPixels;
     if (!m_moving) return;
     const HORefPtr<HOGeometry> moved = m_handle.Moved(SnapToMap(x, y, m_handle.element->GetID()));
     {
@@ -164,11 +166,12 @@ HORefPtr<HOElement> HOToolSingleSelect::elementAt(int x, int y) const {
     HOMap* map = MapView() ? MapView()->GetMap() : nullptr;
     if (!map) return nullptr;
     const auto elements = map->GetGraphicsLayer()->LocateElements(ToMap(x, y), PixelsToMap(kTolerancePixels),
-                                                                   MapView()->GetScreenDisplay());
+                                                                  MapView()->GetScreenDisplay());
     return elements.empty() ? nullptr : elements.front();
 }
 
-std::vector<HORefPtr<HOElement>> HOToolSingleSelect::draggedElements(const HORefPtr<HOElement>& grabbed) const {
+std::vector<HORefPtr<HOElement>> HOToolSingleSelect::draggedElements(
+    const HORefPtr<HOElement>& grabbed) const {
     HOMap* map = TargetMap();
     if (!map) return {};
     const HORefPtr<HOGraphicsLayer> graphics = map->GetGraphicsLayer();

@@ -1,8 +1,8 @@
 // hx_edit_stream FILE LAYER FIRST: applies the known stream of edits from step FIRST on to the point
 // layer LAYER of FILE through a feature layer, as the tools do, and prints "ready" and then, for each
-// step, "writing N" before it and its number N once it is written, so that a test killing it knows which states the file may be in.
-// The stream repeats four steps per feature b = 1, 5, 9, …: add the point (b, b) with step = b; move
-// it to (b + 1, -(b + 1)) with note = "u"; delete it; undo the delete.
+// step, "writing N" before it and its number N once it is written, so that a test killing it knows which
+// states the file may be in. The stream repeats four steps per feature b = 1, 5, 9, …: add the point (b, b)
+// with step = b; move it to (b + 1, -(b + 1)) with note = "u"; delete it; undo the delete.
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 #include <unistd.h>
@@ -47,13 +47,15 @@ int main(int argc, char** argv) {
     int step = std::atoi(argv[3]);
     GDALAllRegister();
     HORefPtr<HODataSource> source = HODataSource::Open(path.c_str());
-    HORefPtr<HOFeatureLayer> layer = source ? dynamic_cast<HOFeatureLayer*>(source->OpenLayer(argv[2]).get()) : nullptr;
+    HORefPtr<HOFeatureLayer> layer =
+        source ? dynamic_cast<HOFeatureLayer*>(source->OpenLayer(argv[2]).get()) : nullptr;
     if (!layer || !layer->IsEditable()) return 2;
     // The ids of the features by their step, as the file holds them now.
     std::map<int, int> ids;
     {
         GDALDatasetUniquePtr read(GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
-        for (auto& feature : *read->GetLayerByName(argv[2])) ids[feature->GetFieldAsInteger("step")] = int(feature->GetFID());
+        for (auto& feature : *read->GetLayerByName(argv[2]))
+            ids[feature->GetFieldAsInteger("step")] = int(feature->GetFID());
     }
     QUndoStack stack;
     Say("ready");
@@ -86,7 +88,8 @@ int main(int argc, char** argv) {
         }
         if (!changes.empty()) {
             bool written = false;
-            auto* command = new HOFeatureEditCommand(layer.get(), changes, "step", [&](const HOString& why) { error = why; });
+            auto* command = new HOFeatureEditCommand(layer.get(), changes, "step",
+                                                     [&](const HOString& why) { error = why; });
             command->SetSettled([&](bool ok, const std::vector<HOFeatureChange>& done) {
                 written = ok;
                 for (const HOFeatureChange& change : done)

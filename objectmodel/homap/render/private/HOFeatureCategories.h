@@ -5,9 +5,9 @@
 #include <memory>
 #include <vector>
 
-#include "source/private/HOFeatureTopology.h"
 #include "HOString.h"
 #include "HOStyle.h"
+#include "source/private/HOFeatureTopology.h"
 
 class OGRLayer;
 

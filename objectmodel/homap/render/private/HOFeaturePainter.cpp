@@ -155,7 +155,8 @@ void HOFeaturePainter::drawPolygonPath(uint32_t firstPart, uint32_t endPart) {
     path.setFillRule(Qt::OddEvenFill);
     for (uint32_t part = firstPart; part < endPart; ++part) {
         m_path.Clear();
-        if (m_path.Append(vertex(m_topology.VertexBegin(part)), vertex(m_topology.VertexEnd(part))) < 3) continue;
+        if (m_path.Append(vertex(m_topology.VertexBegin(part)), vertex(m_topology.VertexEnd(part))) < 3)
+            continue;
         path.moveTo(m_path.Points()[0]);
         for (int i = 1; i < m_path.Size(); ++i) path.lineTo(m_path.Points()[i]);
         path.closeSubpath();

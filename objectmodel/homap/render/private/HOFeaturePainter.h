@@ -9,12 +9,12 @@
 #include <QPen>
 #include <map>
 
-#include "source/private/HOFeatureStore.h"
+#include "HOStyle.h"
 #include "render/private/HOLineRasterizer.h"
 #include "render/private/HOMarkerBlitter.h"
 #include "render/private/HOMarkerPathBatch.h"
 #include "render/private/HOPixelPath.h"
-#include "HOStyle.h"
+#include "source/private/HOFeatureStore.h"
 
 class QPainter;
 
@@ -49,9 +49,9 @@ private:
     HOPixelPath m_path;
     HOMarkerBlitter m_blitter;
     HOMarkerPathBatch m_markerPaths;  // draws what it gathered when it goes, before the painter state below
-    HODirectTarget m_target;        // invalid: draw dots through the painter
-    HOLineRasterizer m_rasterizer;  // after the path: flushes what it queued when it goes
-    bool m_rasterizeLines = false;  // the current pen is drawn by m_rasterizer
+    HODirectTarget m_target;          // invalid: draw dots through the painter
+    HOLineRasterizer m_rasterizer;    // after the path: flushes what it queued when it goes
+    bool m_rasterizeLines = false;    // the current pen is drawn by m_rasterizer
     const HOStyle* m_current = nullptr;
     QPen m_pen;
     QPen m_casing;  // beneath the line pen; NoPen for most styles

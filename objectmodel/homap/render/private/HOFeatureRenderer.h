@@ -5,9 +5,9 @@
 // emphasised, on top. Reports progress through the context while it draws.
 #include <vector>
 
-#include "source/private/HOFeatureStore.h"
-#include "render/private/HOFeatureStyleSet.h"
 #include "HORenderContext.h"
+#include "render/private/HOFeatureStyleSet.h"
+#include "source/private/HOFeatureStore.h"
 
 namespace HXObjects {
 

@@ -5,9 +5,9 @@
 #include <map>
 #include <vector>
 
+#include "HOStyle.h"
 #include "render/private/HOFeatureCategories.h"
 #include "source/private/HOFeatureTopology.h"
-#include "HOStyle.h"
 
 namespace HXObjects {
 

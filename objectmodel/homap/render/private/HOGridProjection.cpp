@@ -7,8 +7,8 @@
 #include <cmath>
 #include <optional>
 
-#include "private/HOCoordinateSystemOgr.h"
 #include "HOCoordinateSystem.h"
+#include "private/HOCoordinateSystemOgr.h"
 
 namespace HXObjects {
 

@@ -3,8 +3,8 @@
 // the layer's overview is within a pixel of the source, draws the overview from memory (once it is
 // built); otherwise reads the features meeting the visible extent through the source's spatial index, batch
 // by batch, and draws each batch as it arrives — the picture fills in progressively, and each batch is
-// reported through the context's progress, so the view may show it meanwhile. Features in another coordinate system than the map's are
-// carried over batch by batch.
+// reported through the context's progress, so the view may show it meanwhile. Features in another coordinate
+// system than the map's are carried over batch by batch.
 #include "HORenderContext.h"
 #include "render/private/HOFeatureStyleSet.h"
 

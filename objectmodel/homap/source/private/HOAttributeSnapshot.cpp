@@ -2,7 +2,8 @@
 
 namespace HXObjects {
 
-HOAttributeSnapshot::Attributes HOAttributeSnapshot::Get(int64_t id, const std::function<bool(Attributes*)>& read) {
+HOAttributeSnapshot::Attributes HOAttributeSnapshot::Get(int64_t id,
+                                                         const std::function<bool(Attributes*)>& read) {
     {
         std::lock_guard<std::mutex> lock(m_mutex);
         const auto found = m_known.find(id);

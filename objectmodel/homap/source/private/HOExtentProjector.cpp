@@ -6,8 +6,8 @@
 #include <memory>
 #include <thread>
 
-#include "private/HOCoordinateSystemOgr.h"
 #include "HOCoordinateSystem.h"
+#include "private/HOCoordinateSystemOgr.h"
 #include "source/private/HOValidRegion.h"
 
 namespace HXObjects {
@@ -70,9 +70,9 @@ HORect HOExtentProjector::Project(const HORect& rect, const HOCoordinateSystem* 
             points.push_back({rect.minx + rect.Width() * i / n, rect.miny + rect.Height() * j / n});
     Project(points, from, degrees);
     for (HOVertex& p : points) p = region.Home(p);
-    points.erase(std::remove_if(points.begin(), points.end(),
-                                [&](const HOVertex& p) { return !region.Contains(p); }),
-                 points.end());
+    points.erase(
+        std::remove_if(points.begin(), points.end(), [&](const HOVertex& p) { return !region.Contains(p); }),
+        points.end());
     // ... and the region's edge where it runs through the rectangle.
     std::vector<HOVertex> edge = region.Edge();
     if (!region.IsWholeWorld()) {

@@ -2,8 +2,8 @@
 // HOExtentProjector: carries rectangles and vertex arrays from one coordinate system to another.
 #include <vector>
 
-#include "source/private/HOFeatureTopology.h"
 #include "HORect.h"
+#include "source/private/HOFeatureTopology.h"
 
 namespace HXObjects {
 

@@ -70,8 +70,9 @@ void HOFeatureLayerLoader::streamFrom(HOFeatureLayer::Private& d, const std::str
     d.stream = std::make_shared<const HOFeatureStream>(path, layer->GetName(), extent,
                                                        std::size_t(layer->GetFeatureCount(FALSE)));
     d.overview = std::make_unique<HOFeatureOverview>(d.stream, HOMemoryBudget::Bytes());
-    d.readOnlyReason = QCoreApplication::translate("HXObjects::HOFeatureLayerLoader",
-                                                 "it is larger than the memory budget and is drawn from its source");
+    d.readOnlyReason =
+        QCoreApplication::translate("HXObjects::HOFeatureLayerLoader",
+                                    "it is larger than the memory budget and is drawn from its source");
 }
 
 HOLayer::LayerType HOFeatureLayerLoader::layerTypeOf(OGRwkbGeometryType type, HOFeatureKind dominant) {

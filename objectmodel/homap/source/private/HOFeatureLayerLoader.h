@@ -18,7 +18,8 @@ public:
     // The layer at `index`; null with the reason on failure or when `progress` stopped the read.
     // Takes the dataset's lock.
     static HORefPtr<HOFeatureLayer> Load(const std::shared_ptr<HOSharedDataset>& source, int index,
-                                         HOString* reason, const HOOgrGeometryReader::Progress& progress = nullptr);
+                                         HOString* reason,
+                                         const HOOgrGeometryReader::Progress& progress = nullptr);
 
 private:
     // Makes the layer one drawn from its source, which it opens again for that.

@@ -9,9 +9,9 @@
 #include <mutex>
 
 #include "HOCoordinateSystem.h"
+#include "HOFeatureLayer.h"
 #include "render/labels/private/HOLayerLabels.h"
 #include "render/private/HOFeatureCategories.h"
-#include "HOFeatureLayer.h"
 #include "source/private/HOAttributeSnapshot.h"
 #include "source/private/HOFeatureOverview.h"
 #include "source/private/HOFeatureStream.h"
@@ -53,7 +53,7 @@ public:
     std::mutex editMutex;
     std::map<int64_t, int64_t> renamed;
     std::vector<std::pair<HOString, HOString>> fields;  // name, type
-    HOAttributeSnapshot attributes;  // as read, for the edits' comparison
+    HOAttributeSnapshot attributes;                     // as read, for the edits' comparison
     // A layer over the memory budget is drawn from its source: `stores` then holds no feature.
     std::shared_ptr<const HOFeatureStream> stream;
     std::unique_ptr<HOFeatureOverview> overview;  // of `stream`, which it reads while it is built

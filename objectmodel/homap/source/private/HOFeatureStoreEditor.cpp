@@ -15,8 +15,8 @@ OGRGeometryUniquePtr OgrOf(const HOFeature& feature) {
 
 }  // namespace
 
-std::shared_ptr<const HOFeatureStore> HOFeatureStoreEditor::Apply(const HOFeatureStore& store,
-                                                                  const std::vector<HOFeatureChange>& changes) {
+std::shared_ptr<const HOFeatureStore> HOFeatureStoreEditor::Apply(
+    const HOFeatureStore& store, const std::vector<HOFeatureChange>& changes) {
     std::map<int64_t, const HOFeature*> replaced;  // null: deleted
     for (const HOFeatureChange& change : changes)
         if (change.before) replaced[change.before->GetID()] = change.after.get();
@@ -30,7 +30,8 @@ std::shared_ptr<const HOFeatureStore> HOFeatureStoreEditor::Apply(const HOFeatur
             builder.AppendFeature(OgrOf(*found->second).get(), found->first);
     }
     for (const HOFeatureChange& change : changes)
-        if (!change.before && change.after) builder.AppendFeature(OgrOf(*change.after).get(), change.after->GetID());
+        if (!change.before && change.after)
+            builder.AppendFeature(OgrOf(*change.after).get(), change.after->GetID());
     builder.Finish();
     auto newTopology = std::make_shared<HOFeatureTopology>(std::move(builder.Topology()));
     return std::make_shared<const HOFeatureStore>(newTopology, std::move(builder.Vertices()),

@@ -56,8 +56,7 @@ long HOFeatureTopology::IndexOf(int64_t id) const {
 
 std::size_t HOFeatureTopology::Bytes() const {
     return (m_partStart.size() + m_featureStart.size()) * sizeof(uint32_t) + m_kinds.size() +
-           m_partKinds.size() + m_mixed.size() / 8 +
-           m_ids.size() * sizeof(int64_t);
+           m_partKinds.size() + m_mixed.size() / 8 + m_ids.size() * sizeof(int64_t);
 }
 
 }  // namespace HXObjects

@@ -22,7 +22,8 @@ OGRGeometryUniquePtr Comparable(const OGRGeometry* geometry) {
     if (!geometry || geometry->IsEmpty()) return nullptr;
     const OGRwkbGeometryType flat = wkbFlatten(geometry->getGeometryType());
     OGRGeometryUniquePtr multi(OGRGeometryFactory::forceTo(
-        geometry->clone(), OGR_GT_IsSubClassOf(flat, wkbGeometryCollection) ? flat : OGR_GT_GetCollection(flat)));
+        geometry->clone(),
+        OGR_GT_IsSubClassOf(flat, wkbGeometryCollection) ? flat : OGR_GT_GetCollection(flat)));
     OGRGeometryUniquePtr normal(multi ? multi->Normalize() : nullptr);
     return normal ? std::move(normal) : std::move(multi);
 }
@@ -148,10 +149,12 @@ bool HOFeatureWriter::matchesStored(OGRLayer* layer, const HOFeature& expected, 
                      .arg(expected.GetID());
         return false;
     }
-    bool same = !expected.GetGeometry() || SameGeometry(stored->GetGeometryRef(), expected.GetGeometry().get());
+    bool same =
+        !expected.GetGeometry() || SameGeometry(stored->GetGeometryRef(), expected.GetGeometry().get());
     for (const HOFeature::Attribute& attribute : expected.GetAttributes()) {
         const int field = stored->GetFieldIndex(attribute.first.c_str());
-        const HOString value(field >= 0 && stored->IsFieldSetAndNotNull(field) ? stored->GetFieldAsString(field) : "");
+        const HOString value(
+            field >= 0 && stored->IsFieldSetAndNotNull(field) ? stored->GetFieldAsString(field) : "");
         same = same && field >= 0 && value == attribute.second;
     }
     if (!same)
@@ -174,9 +177,10 @@ bool HOFeatureWriter::fill(OGRFeature& target, const HOFeature& source, OGRwkbGe
     // A single polygon in a layer of multipolygons (and the like) takes the layer's type.
     if (geometry && wkbFlatten(layerType) != wkbUnknown)
         geometry.reset(OGRGeometryFactory::forceTo(geometry.release(), layerType));
-    if (geometry) geometry->assignSpatialReference(target.GetDefnRef()->GetGeomFieldCount() > 0
-                                                       ? target.GetDefnRef()->GetGeomFieldDefn(0)->GetSpatialRef()
-                                                       : nullptr);
+    if (geometry)
+        geometry->assignSpatialReference(target.GetDefnRef()->GetGeomFieldCount() > 0
+                                             ? target.GetDefnRef()->GetGeomFieldDefn(0)->GetSpatialRef()
+                                             : nullptr);
     target.SetGeometryDirectly(geometry.release());
     return fillAttributes(target, source, error);
 }

@@ -12,8 +12,8 @@
 #include <string>
 #include <vector>
 
-#include "HOString.h"
 #include "HOFeatureChange.h"
+#include "HOString.h"
 
 namespace HXObjects {
 
@@ -23,8 +23,8 @@ public:
 
     // The writer for the layer named `layer` of the open `dataset` read from `path`; null with the
     // reason when the layer cannot be edited.
-    static std::unique_ptr<HOFeatureWriter> For(const std::string& path, GDALDataset* dataset, OGRLayer* layer,
-                                                HOString* reason);
+    static std::unique_ptr<HOFeatureWriter> For(const std::string& path, GDALDataset* dataset,
+                                                OGRLayer* layer, HOString* reason);
 
     // Writes the changes; the new features' ids are filled in (`after` of each added feature is
     // replaced by one with its id). False with the reason, having written nothing.
@@ -33,7 +33,8 @@ public:
     virtual bool ReplacesFiles() const { return false; }
 
 protected:
-    HOFeatureWriter(std::string path, std::string layer) : m_path(std::move(path)), m_layer(std::move(layer)) {}
+    HOFeatureWriter(std::string path, std::string layer)
+        : m_path(std::move(path)), m_layer(std::move(layer)) {}
 
     // Writes the changes into an open layer (inside whatever makes them atomic); false with the reason.
     // `keepsIds`: a deleted feature can be put back under its old id.
@@ -46,7 +47,8 @@ protected:
 
 private:
     static bool matchesStored(OGRLayer* layer, const HOFeature& expected, HOString* error);
-    static bool fill(OGRFeature& target, const HOFeature& source, OGRwkbGeometryType layerType, HOString* error);
+    static bool fill(OGRFeature& target, const HOFeature& source, OGRwkbGeometryType layerType,
+                     HOString* error);
     static bool fillAttributes(OGRFeature& target, const HOFeature& source, HOString* error);
     static bool writable(const std::string& path, HOString* reason);
 };

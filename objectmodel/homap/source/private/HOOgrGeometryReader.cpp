@@ -70,7 +70,8 @@ bool HOOgrGeometryReader::Read(OGRLayer* layer, const Progress& progress) {
     while (OGRFeatureUniquePtr feature{layer->GetNextFeature()}) {
         AppendFeature(feature->GetGeometryRef(), feature->GetFID());
         if (++count == 1024 && expected > 0) reserveFor(std::size_t(expected), count);
-        if (progress && count % kProgressEvery == 0 && !progress(expected > 0 ? std::min(1.0, double(count) / double(expected)) : 0.0))
+        if (progress && count % kProgressEvery == 0 &&
+            !progress(expected > 0 ? std::min(1.0, double(count) / double(expected)) : 0.0))
             return false;
     }
     Finish();

@@ -57,8 +57,9 @@ void HOShapefileWriter::Recover(const std::string& shp) {
         journal.close();
         // Finished once it is journaled: the renames not yet made are made now.
         for (const QString& ext : extensions)
-            if (QFileInfo::exists(names.Copy(ext))) ::rename(QFile::encodeName(names.Copy(ext)).constData(),
-                                                              QFile::encodeName(names.Original(ext)).constData());
+            if (QFileInfo::exists(names.Copy(ext)))
+                ::rename(QFile::encodeName(names.Copy(ext)).constData(),
+                         QFile::encodeName(names.Original(ext)).constData());
         Sync(names.dir);
         QFile::remove(names.Journal());
     }
@@ -96,7 +97,8 @@ bool HOShapefileWriter::Apply(std::vector<HOFeatureChange>& changes, HOString* e
     return true;
 }
 
-bool HOShapefileWriter::writeCopy(const Names& names, std::vector<HOFeatureChange>& changes, HOString* error) {
+bool HOShapefileWriter::writeCopy(const Names& names, std::vector<HOFeatureChange>& changes,
+                                  HOString* error) {
     for (const QString& ext : names.extensions) {
         QFile::remove(names.Copy(ext));
         if (!QFile::copy(names.Original(ext), names.Copy(ext))) {
@@ -107,7 +109,8 @@ bool HOShapefileWriter::writeCopy(const Names& names, std::vector<HOFeatureChang
         }
     }
     {
-        GDALDatasetUniquePtr dataset = openForUpdate(names.Copy(names.extensions.first()).toStdString(), error);
+        GDALDatasetUniquePtr dataset =
+            openForUpdate(names.Copy(names.extensions.first()).toStdString(), error);
         if (!dataset) return false;
         if (!write(dataset->GetLayer(0), changes, false, error)) return false;
         CPLErrorReset();

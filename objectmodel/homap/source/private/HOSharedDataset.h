@@ -12,7 +12,8 @@
 namespace HXObjects {
 
 struct HOSharedDataset {
-    HOSharedDataset(GDALDatasetUniquePtr opened, std::string source) : dataset(std::move(opened)), path(std::move(source)) {}
+    HOSharedDataset(GDALDatasetUniquePtr opened, std::string source)
+        : dataset(std::move(opened)), path(std::move(source)) {}
 
     std::mutex mutex;
     GDALDatasetUniquePtr dataset;

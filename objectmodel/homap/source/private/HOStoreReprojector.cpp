@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "private/HOCoordinateSystemOgr.h"
 #include "HOCoordinateSystem.h"
+#include "private/HOCoordinateSystemOgr.h"
 #include "source/private/HOExtentProjector.h"
 #include "source/private/HOValidRegion.h"
 

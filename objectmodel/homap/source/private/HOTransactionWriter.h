@@ -9,7 +9,8 @@ namespace HXObjects {
 
 class HOTransactionWriter : public HOFeatureWriter {
 public:
-    HOTransactionWriter(std::string path, std::string layer) : HOFeatureWriter(std::move(path), std::move(layer)) {}
+    HOTransactionWriter(std::string path, std::string layer)
+        : HOFeatureWriter(std::move(path), std::move(layer)) {}
     bool Apply(std::vector<HOFeatureChange>& changes, HOString* error) override;
 
     // A GeoPackage left with a hot journal by a crash in a transaction cannot be read read-only

@@ -7,8 +7,8 @@
 #include <cmath>
 #include <cstring>
 
-#include "private/HOCoordinateSystemOgr.h"
 #include "HOCoordinateSystem.h"
+#include "private/HOCoordinateSystemOgr.h"
 
 namespace HXObjects {
 
