@@ -14,12 +14,13 @@
 
 #include "HOFeatureChange.h"
 #include "HOFeatureLayer.h"
+#include "HXExport.h"
 
 class QUndoStack;
 
 namespace HXObjects {
 
-class HOFeatureEditCommand : public QUndoCommand {
+class HX_EXPORT HOFeatureEditCommand : public QUndoCommand {
 public:
     using Reporter = std::function<void(const HOString&)>;
     // The outcome of the first write: the changes as written (added features carry their ids), or

@@ -13,10 +13,11 @@
 #include "HORefBase.h"
 #include "HORefPtr.h"
 #include "HOString.h"
+#include "HXExport.h"
 
 namespace HXObjects {
 
-class HOLayerOpening : public HORefBase {
+class HX_EXPORT HOLayerOpening : public HORefBase {
 public:
     static HORefPtr<HOLayerOpening> Start(const HOString& path);
 
