@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QRegularExpression>
+#include <QTranslator>
 #include <cstdio>
 #include <cstring>
 
@@ -71,6 +72,11 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName("hxmapviewer");
     QApplication::setOrganizationName("HXMapControls");
+    // The viewer's own texts in the user's language, before any window is built (the library installs
+    // the translation of its widgets itself).
+    QTranslator translator;
+    if (translator.load(QLocale(), "hxmapviewer", "_", ":/i18n"))
+        QApplication::installTranslator(&translator);
 
     QCommandLineParser parser;
     parser.setApplicationDescription("A map viewer for vector and raster data.");

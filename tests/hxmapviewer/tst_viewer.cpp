@@ -1,12 +1,14 @@
 // The reference viewer on the generated sample region: what a person sees, and how it reports files
 // it cannot open.
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QProcess>
 #include <QProgressBar>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTextEdit>
 #include <QToolButton>
+#include <QTranslator>
 #include <QtTest>
 
 #include "HOFeatureLayer.h"
@@ -68,6 +70,7 @@ private slots:
     void homeShowsTheFullExtentWhileTheCommandLineHasFocus();
     void firstRenderIsAtTheFinalSize();
     void waitEndsAtOnceForAPictureFinishedBefore();
+    void menusAreInTheLocaleLanguage();
 
 private:
     std::unique_ptr<HXViewerWindow> openSample();
@@ -290,6 +293,16 @@ void TestViewer::waitEndsAtOnceForAPictureFinishedBefore() {
     window->messageBar()->clearWidgets();
     QVERIFY2(window->waitForRender(120000), "no finished map within 120 s after the message bar went");
     QVERIFY2(window->waitForRender(2000), "waited for a picture that was already there");
+}
+
+// The viewer's translations are embedded: a Chinese locale finds them without files beside the program.
+void TestViewer::menusAreInTheLocaleLanguage() {
+    QTranslator translator;
+    QVERIFY(translator.load(QLocale(QLocale::Chinese, QLocale::China), "hxmapviewer", "_", ":/i18n"));
+    QCoreApplication::installTranslator(&translator);
+    HXViewerWindow window;
+    QCoreApplication::removeTranslator(&translator);
+    QCOMPARE(window.menuBar()->actions().value(0)->text(), QString("文件(&F)"));
 }
 
 QTEST_MAIN(TestViewer)
