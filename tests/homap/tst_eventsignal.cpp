@@ -83,6 +83,7 @@ private slots:
         signal.bind("slow", [&](void*, HOEvent*) {
             inside = true;
             entered = true;
+            // The callback's own work, not a wait: it lasts long enough for unbind to come meanwhile.
             std::this_thread::sleep_for(std::chrono::milliseconds(50));
             inside = false;
         });
