@@ -1,7 +1,6 @@
 #include "HOMapRenderer.h"
 
 #include <QPainter>
-#include <QtMath>
 
 #include "HOCoordinateSystem.h"
 #include "HOLayer.h"
@@ -330,7 +329,7 @@ void HOMapRenderer::publish(const std::vector<HORefPtr<HOLayer>>& layers, const 
 
 QImage HOMapRenderer::freshImage(const QSize& size, double ratio) {
     // `size` logical pixels at the device pixel ratio: a painter on it draws in logical pixels.
-    const QSize pixels(qCeil(size.width() * ratio), qCeil(size.height() * ratio));
+    const QSize pixels = HORenderRequest::PictureSizeOf(size, ratio);
     {
         std::lock_guard<std::mutex> lock(m_spareMutex);
         for (auto it = m_spareImages.begin(); it != m_spareImages.end(); ++it) {
@@ -340,9 +339,7 @@ QImage HOMapRenderer::freshImage(const QSize& size, double ratio) {
             return image;
         }
     }
-    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
-    return image;
+    return HORenderRequest::PictureOf(size, ratio);
 }
 
 void HOMapRenderer::recycle(QImage image) {

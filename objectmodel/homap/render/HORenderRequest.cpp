@@ -41,12 +41,20 @@ HORenderContext HORenderRequest::Context(const HOCoordinateSystem* system,
 }
 
 QSize HORenderRequest::PictureSize() const {
-    return QSize(qCeil(size.width * devicePixelRatio), qCeil(size.height * devicePixelRatio));
+    return PictureSizeOf(QSize(size.width, size.height), devicePixelRatio);
 }
 
 QImage HORenderRequest::Picture() const {
-    QImage picture(PictureSize(), QImage::Format_ARGB32_Premultiplied);
-    picture.setDevicePixelRatio(devicePixelRatio);
+    return PictureOf(QSize(size.width, size.height), devicePixelRatio);
+}
+
+QSize HORenderRequest::PictureSizeOf(const QSize& logical, double ratio) {
+    return QSize(qCeil(logical.width() * ratio), qCeil(logical.height() * ratio));
+}
+
+QImage HORenderRequest::PictureOf(const QSize& logical, double ratio) {
+    QImage picture(PictureSizeOf(logical, ratio), QImage::Format_ARGB32_Premultiplied);
+    picture.setDevicePixelRatio(ratio);
     return picture;
 }
 

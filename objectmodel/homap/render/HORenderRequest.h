@@ -42,6 +42,9 @@ struct HORenderRequest {
     // that a painter opened on it draws in logical pixels and lines and text come out sharp.
     QImage Picture() const;
     QSize PictureSize() const;
+    // The same for any `logical` size at a pixel ratio (a part of the picture, say).
+    static QImage PictureOf(const QSize& logical, double ratio);
+    static QSize PictureSizeOf(const QSize& logical, double ratio);
 };
 
 }  // namespace HXObjects
