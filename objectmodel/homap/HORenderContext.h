@@ -26,6 +26,9 @@ struct HORenderContext {
     // Device pixels per logical pixel of the painter's device. The painter already draws in logical
     // pixels; a layer that reads or rasterises pixels itself uses this to work at the device's.
     double devicePixelRatio = 1.0;
+    // Threads a large layer may draw on at once: 0 for as many as the machine has cores, 1 for the
+    // calling thread alone. The picture is the same either way.
+    int parallelism = 0;
     // Called by ReportProgress; may be empty.
     std::function<void()> progress;
 

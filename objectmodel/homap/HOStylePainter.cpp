@@ -116,6 +116,13 @@ QPen HOStylePainter::CasingPen(const HOStyle& style) {
     return pen;
 }
 
+double HOStylePainter::Reach(const HOStyle& style) {
+    const double pen = std::max(1.0, style.GetWidth()) + 2 * style.GetCasingWidth();
+    const double marker = style.GetStyleType() == HOStyle::MarkerStyle ? style.GetSize() / 2 + pen : 0.0;
+    // QPen's mitre limit is twice the pen width.
+    return std::max(pen * 2, marker) + 1;
+}
+
 QBrush HOStylePainter::Brush(const HOStyle& style) {
     if (style.GetStyleType() == HOStyle::LineStyle) return QBrush(Qt::NoBrush);
     const Qt::BrushStyle pattern =

@@ -22,6 +22,9 @@ public:
     static QPen CasingPen(const HOStyle& style);
     // The fill of a fill or marker style, solid or hatched; no brush for a line style.
     static QBrush Brush(const HOStyle& style);
+    // Pixels the style draws beyond the geometry it draws: half a pen or a marker, a casing, the
+    // mitre of a sharp join, and a pixel of antialiasing.
+    static double Reach(const HOStyle& style);
     // Draws a marker centred on the point with the current painter state replaced by the style's.
     static void DrawMarker(QPainter& painter, const HOStyle& style, const QPointF& centre);
     // The marker's outline centred on (0, 0).

@@ -3,6 +3,7 @@
 // zooms; the graphics layer's hit tests.
 #include <QTemporaryDir>
 #include <QtTest>
+#include <random>
 
 #include "HODisplay.h"
 #include "HOFeatureLayer.h"
@@ -270,6 +271,58 @@ private slots:
         layer->ClearSelection();
         QVERIFY(layer->GetSelectedIds().empty());
         QCOMPARE(render({layer}, extent).pixel(20, 10), blue);
+    }
+
+    // A large layer is drawn in bands of the picture on several threads: the picture drawn on one.
+    void bandsDrawTheSamePixels_data() {
+        QTest::addColumn<int>("type");
+        QTest::newRow("polygons") << int(wkbPolygon);
+        QTest::newRow("lines") << int(wkbLineString);
+        QTest::newRow("points") << int(wkbMultiPoint);
+    }
+
+    void bandsDrawTheSamePixels() {
+        QFETCH(int, type);
+        // 2000 features of 120 random vertices each, crossing bands, over 400 x 300 pixels.
+        std::mt19937 random(7);
+        std::uniform_real_distribution<double> place(0, 100), step(-8, 8);
+        std::vector<HOLayerFixture::Feature> features;
+        for (int f = 0; f < 2000; ++f) {
+            double x = place(random), y = place(random);
+            QStringList vertices;
+            for (int v = 0; v < 120; ++v)
+                vertices << QStringLiteral("%1 %2").arg(x += step(random)).arg(y += step(random));
+            const QString ring = vertices.join(',') + ',' + vertices.first();
+            const QString wkt = type == wkbPolygon ? QStringLiteral("POLYGON((%1))").arg(ring)
+                                : type == wkbLineString
+                                    ? QStringLiteral("LINESTRING(%1)").arg(vertices.join(','))
+                                    : QStringLiteral("MULTIPOINT(%1)").arg(vertices.join(','));
+            features.push_back({wkt.toStdString()});
+        }
+        HORefPtr<HOFeatureLayer> layer =
+            open(QStringLiteral("bands%1.gpkg").arg(type), 4509, OGRwkbGeometryType(type), features);
+        QVERIFY(layer);
+        layer->SetSelectedIds({5, 500});
+        QImage pictures[2];
+        for (int threads : {1, 0}) {
+            QImage& image = pictures[threads];
+            image = HOLayerFixture::WhiteImage(QSize(400, 300));
+            QPainter painter(&image);
+            painter.setRenderHint(QPainter::Antialiasing, true);
+            HORenderContext context =
+                HOLayerFixture::Context(&painter, image.size(), HORect(-10, 110, -10, 80));
+            context.parallelism = threads;
+            layer->Render(context);
+        }
+        QVERIFY(pictures[0] != HOLayerFixture::WhiteImage(QSize(400, 300)));
+        // An antialiased edge pixel on a band's last row may come out one level apart.
+        for (int y = 0; y < 300; ++y)
+            for (int x = 0; x < 400; ++x) {
+                const QRgb a = pictures[0].pixel(x, y), b = pictures[1].pixel(x, y);
+                QVERIFY2(std::abs(qRed(a) - qRed(b)) <= 1 && std::abs(qGreen(a) - qGreen(b)) <= 1 &&
+                             std::abs(qBlue(a) - qBlue(b)) <= 1,
+                         qPrintable(QStringLiteral("(%1, %2)").arg(x).arg(y)));
+            }
     }
 
 private:

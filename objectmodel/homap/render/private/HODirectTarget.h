@@ -1,8 +1,10 @@
 #pragma once
 // HODirectTarget: the pixels of the 32-bit image a painter draws into, when they may be written
-// directly — no transform, device pixel ratio, clip, opacity or composition mode of the painter's would then
-// be skipped. Invalid (null bits) otherwise. Also the one premultiplied source-over blend they share.
+// directly — no transform, device pixel ratio, opacity or composition mode of the painter's would then
+// be skipped, and its clip, if any, is a run of whole rows, which writers keep to. Invalid (null
+// bits) otherwise. Also the one premultiplied source-over blend they share.
 #include <QPainter>
+#include <algorithm>
 #include <cstdint>
 
 namespace HXObjects {
@@ -12,6 +14,8 @@ struct HODirectTarget {
     std::ptrdiff_t stride = 0;  // pixels from one row to the next
     int width = 0;
     int height = 0;
+    int top = 0;     // the first row that may be written
+    int bottom = 0;  // the row after the last
 
     static HODirectTarget Of(QPainter& painter) {
         HODirectTarget target;
@@ -22,13 +26,21 @@ struct HODirectTarget {
             image->format() == QImage::Format_ARGB32_Premultiplied || image->format() == QImage::Format_RGB32;
         // A HiDPI picture's painter scales logical pixels to device ones outside its transform.
         if (!format || image->devicePixelRatio() != 1.0 || !painter.transform().isIdentity() ||
-            painter.hasClipping() || painter.opacity() != 1.0 ||
-            painter.compositionMode() != QPainter::CompositionMode_SourceOver)
+            painter.opacity() != 1.0 || painter.compositionMode() != QPainter::CompositionMode_SourceOver)
             return target;
         target.bits = reinterpret_cast<uint32_t*>(image->bits());
         target.stride = image->bytesPerLine() / 4;
         target.width = image->width();
         target.height = image->height();
+        target.top = 0;
+        target.bottom = target.height;
+        if (painter.hasClipping()) {
+            const QRegion clip = painter.clipRegion();
+            const QRect rows = clip.boundingRect();
+            if (clip.rectCount() != 1 || rows.left() > 0 || rows.right() < target.width - 1) return {};
+            target.top = std::max(0, rows.top());
+            target.bottom = std::max(target.top, std::min(target.height, rows.bottom() + 1));
+        }
         return target;
     }
 

@@ -21,6 +21,7 @@ public:
         const std::map<HOString, HORefPtr<HOStyle>>& styles);
 
     // The style of the feature's value, or null when its value has none.
+    const std::vector<HORefPtr<HOStyle>>& Styles() const { return m_styles; }
     const HOStyle* StyleOf(std::size_t feature) const {
         const uint16_t category = m_categories[feature];
         return category ? m_styles[category - 1u].get() : nullptr;

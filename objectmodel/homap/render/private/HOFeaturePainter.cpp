@@ -104,7 +104,7 @@ void HOFeaturePainter::dot() {
         m_painter.fillRect(QRect(x, y, 1, 1), colour);
         return;
     }
-    if (x >= 0 && y >= 0 && x < m_target.width && y < m_target.height)
+    if (x >= 0 && y >= m_target.top && x < m_target.width && y < m_target.bottom)
         HODirectTarget::Blend(m_target.bits[y * m_target.stride + x], qPremultiply(colour.rgba()));
 }
 

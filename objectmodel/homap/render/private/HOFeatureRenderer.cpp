@@ -3,6 +3,8 @@
 #include <QImage>
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
+#include <memory>
 #include <thread>
 
 #include "render/private/HOFeaturePainter.h"
@@ -14,9 +16,26 @@ namespace {
 
 constexpr std::size_t cancelPollInterval = 2048;
 // Below this many vertices a second thread costs more than it saves.
-constexpr uint32_t splitVertexThreshold = 200000;
+constexpr double splitVertexThreshold = 200000;
+// Features the bands draw between two looks at the whole picture (progress, cancel).
+constexpr std::size_t bandRound = 65536;
+// Features sampled to find where the work lies.
+constexpr std::size_t workSample = 65536;
 
 }  // namespace
+
+// Rows [top, bottom) of the target image, drawn through a painter of their own: the features whose
+// symbols reach those rows — whose boxes meet [low, high] in map units — in source order.
+struct HOFeatureRenderer::Band {
+    int top = 0;
+    int bottom = 0;
+    double low = 0;
+    double high = 0;
+    QImage picture;
+    std::unique_ptr<QPainter> painter;
+    std::unique_ptr<HOFeaturePainter> featurePainter;
+    std::vector<uint32_t> round;  // the features of the current round that are the band's
+};
 
 HOFeatureRenderer::HOFeatureRenderer(const HOFeatureStore& store, const HOFeatureStyleSet& styles,
                                      const HORenderContext& context)
@@ -33,19 +52,27 @@ void HOFeatureRenderer::Render() {
         std::copy_if(features.begin(), features.end(), std::back_inserter(selected), isSelected);
         features.erase(std::remove_if(features.begin(), features.end(), isSelected), features.end());
     }
-    const Range all{features.data(), features.data() + features.size()};
-    // Feature painters change pen, brush and hints; the caller gets its painter back as it was.
-    m_context.painter->save();
-    const bool finished = canSplit(features.size()) ? drawInTwo(all) : draw(*m_context.painter, all, false);
-    if (finished) draw(*m_context.painter, {selected.data(), selected.data() + selected.size()}, true);
-    m_context.painter->restore();
+    const int bands = bandCount(features.size());
+    const bool finished = bands > 1 ? drawInBands(features, bands) : drawHere(features, false);
+    if (finished) drawHere(selected, true);
 }
 
-bool HOFeatureRenderer::draw(QPainter& painter, Range features, bool highlighted) const {
-    HOFeaturePainter featurePainter(painter, m_store, m_context.transform);
+bool HOFeatureRenderer::drawHere(const std::vector<uint32_t>& features, bool highlighted) const {
+    // Feature painters change pen, brush and hints; the caller gets its painter back as it was.
+    m_context.painter->save();
+    bool finished;
+    {
+        HOFeaturePainter painter(*m_context.painter, m_store, m_context.transform);
+        finished =
+            draw(painter, {features.data(), features.data() + features.size()}, highlighted, !highlighted);
+    }
+    m_context.painter->restore();
+    return finished;
+}
+
+bool HOFeatureRenderer::draw(HOFeaturePainter& featurePainter, Range features, bool highlighted,
+                             bool reports) const {
     const HOFeatureTopology& topology = m_store.Topology();
-    // Only the context's own painter shows progress: a part drawn aside is not in its picture yet.
-    const bool reports = &painter == m_context.painter;
     std::size_t done = 0;
     for (const uint32_t* f = features.first; f != features.second; ++f) {
         if (++done % cancelPollInterval == 0) {
@@ -79,49 +106,98 @@ void HOFeatureRenderer::drawMembers(HOFeaturePainter& painter, uint32_t feature,
     }
 }
 
-bool HOFeatureRenderer::canSplit(std::size_t count) const {
-    if (count < 2 || std::thread::hardware_concurrency() < 2) return false;
+int HOFeatureRenderer::bandCount(std::size_t count) const {
+    const int threads =
+        m_context.parallelism > 0 ? m_context.parallelism : int(std::thread::hardware_concurrency());
+    if (count < 2 || threads < 2) return 1;
     const QPainter& painter = *m_context.painter;
     const QPaintDevice* device = painter.device();
+    // Bands share the target's pixels: only a plain image drawn without transform or clip.
     if (!device || device->devType() != QInternal::Image || device->devicePixelRatioF() != 1.0 ||
-        !painter.transform().isIdentity() || painter.hasClipping())
-        return false;
+        !painter.transform().isIdentity() || painter.hasClipping() || device->height() < threads)
+        return 1;
     const HOFeatureTopology& t = m_store.Topology();
     const uint32_t vertices = t.VertexBegin(t.PartEnd(m_store.FeatureCount() - 1));
     // The layer as a whole is a cheap proxy for the work: a zoomed-in view of a big layer still
     // carries few features, so weigh by the share of features visible.
-    return double(vertices) * double(count) / double(m_store.FeatureCount()) >= splitVertexThreshold;
+    if (double(vertices) * double(count) / double(m_store.FeatureCount()) < splitVertexThreshold) return 1;
+    return threads;
 }
 
-HOFeatureRenderer::Range::first_type HOFeatureRenderer::balancedMiddle(Range features) const {
+std::vector<int> HOFeatureRenderer::bandRows(const std::vector<uint32_t>& features, int bandCount) const {
+    // Where the work lies, row by row, from a sample of the features: their vertices at their middle.
+    const int height = m_context.painter->device()->height();
+    std::vector<double> work(std::size_t(height) + 1, 0.0);
     const HOFeatureTopology& t = m_store.Topology();
-    const auto firstVertex = [&](uint32_t f) { return t.VertexBegin(t.PartBegin(f)); };
-    const uint32_t low = firstVertex(*features.first);
-    const uint32_t high = t.VertexBegin(t.PartEnd(*(features.second - 1)));
-    const uint32_t half = low + (high - low) / 2;
-    // Features are in source order, so their first vertices ascend.
-    return std::lower_bound(features.first, features.second, half,
-                            [&](uint32_t f, uint32_t v) { return firstVertex(f) < v; });
+    const std::size_t stride = std::max<std::size_t>(1, features.size() / workSample);
+    for (std::size_t i = 0; i < features.size(); i += stride) {
+        const uint32_t f = features[i];
+        const HOBox box = m_store.FeatureBox(f);
+        const double row = m_context.transform.ToDevice({box.min.x, (box.min.y + box.max.y) / 2}).y;
+        const std::size_t at = std::size_t(std::clamp(row, 0.0, double(height)));
+        work[at] += 1.0 + t.VertexBegin(t.PartEnd(f)) - t.VertexBegin(t.PartBegin(f));
+    }
+    for (std::size_t row = 1; row < work.size(); ++row) work[row] += work[row - 1];
+    // Bands of equal work; each at least one row.
+    std::vector<int> rows{0};
+    for (int i = 1; i < bandCount; ++i) {
+        const double share = work.back() * i / bandCount;
+        const int row = int(std::lower_bound(work.begin(), work.end(), share) - work.begin());
+        rows.push_back(std::clamp(row, rows.back() + 1, height - (bandCount - i)));
+    }
+    rows.push_back(height);
+    return rows;
 }
 
-bool HOFeatureRenderer::drawInTwo(Range features) const {
-    QPainter& painter = *m_context.painter;
-    const QPaintDevice* device = painter.device();
-    QImage upper(device->width(), device->height(), QImage::Format_ARGB32_Premultiplied);
-    upper.fill(Qt::transparent);
-    const uint32_t* middle = balancedMiddle(features);
-    bool upperDone = false;
-    HORenderTasks upperHalf;
-    upperHalf.Add([&] {
-        QPainter upperPainter(&upper);
-        upperPainter.setRenderHints(painter.renderHints());
-        upperDone = draw(upperPainter, {middle, features.second}, false);
-    });
-    const bool lowerDone = draw(painter, {features.first, middle}, false);
-    upperHalf.Wait();
-    if (!lowerDone || !upperDone) return false;
-    painter.drawImage(0, 0, upper);
-    return true;
+std::vector<HOFeatureRenderer::Band> HOFeatureRenderer::bandsOf(const std::vector<int>& rows) const {
+    auto* image = static_cast<QImage*>(m_context.painter->device());
+    const HODisplayTransform& t = m_context.transform;
+    const double margin = std::ceil(m_styles.Reach());
+    std::vector<Band> bands(rows.size() - 1);
+    for (std::size_t i = 0; i < bands.size(); ++i) {
+        Band& band = bands[i];
+        band.top = rows[i];
+        band.bottom = rows[i + 1];
+        band.low = t.ToMap(0, band.bottom + margin).y;
+        band.high = t.ToMap(0, band.top - margin).y;
+        // The whole picture, drawn through a clip of the band's rows: the same arithmetic as in one
+        // pass, and only the band's own pixels written.
+        band.picture =
+            QImage(image->bits(), image->width(), image->height(), image->bytesPerLine(), image->format());
+        band.painter = std::make_unique<QPainter>(&band.picture);
+        band.painter->setRenderHints(m_context.painter->renderHints());
+        band.painter->setClipRect(0, band.top, image->width(), band.bottom - band.top);
+        band.featurePainter = std::make_unique<HOFeaturePainter>(*band.painter, m_store, t);
+    }
+    return bands;
+}
+
+void HOFeatureRenderer::drawBand(Band& band, Range features) const {
+    band.round.clear();
+    for (const uint32_t* f = features.first; f != features.second; ++f) {
+        const HOBox box = m_store.FeatureBox(*f);
+        if (box.max.y >= band.low && box.min.y <= band.high) band.round.push_back(*f);
+    }
+    draw(*band.featurePainter, {band.round.data(), band.round.data() + band.round.size()}, false, false);
+}
+
+bool HOFeatureRenderer::drawInBands(const std::vector<uint32_t>& features, int bandCount) const {
+    std::vector<Band> bands = bandsOf(bandRows(features, bandCount));
+    // In rounds: between two, no band is drawing and the picture may be shown as it stands.
+    for (std::size_t next = 0; next < features.size() && !m_context.IsCancelled();) {
+        const std::size_t end = std::min(features.size(), next + bandRound);
+        const Range range{features.data() + next, features.data() + end};
+        next = end;
+        HORenderTasks round;
+        for (Band& band : bands) round.Add([this, &band, range] { drawBand(band, range); });
+        round.Wait();
+        if (next < features.size()) m_context.ReportProgress();
+    }
+    // The painters draw what they queued as they go: that too at once.
+    HORenderTasks finish;
+    for (Band& band : bands) finish.Add([&band] { band.featurePainter.reset(); });
+    finish.Wait();
+    return !m_context.IsCancelled();
 }
 
 }  // namespace HXObjects

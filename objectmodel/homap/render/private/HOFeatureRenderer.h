@@ -1,8 +1,9 @@
 #pragma once
 // HOFeatureRenderer: one render of a feature layer. Finds the features meeting the visible extent,
-// draws them in source order — split in two pictures composed in order, the second drawn on a render
-// worker, when the load is large and the target is a plain image — and then the selected ones,
-// emphasised, on top. Reports progress through the context while it draws.
+// draws them in source order — when the load is large and the target a plain image, in horizontal
+// bands of that image drawn at once on the render workers, each band drawing the features that reach
+// it — and then the selected ones, emphasised, on top. Reports progress through the context while
+// it draws.
 #include <vector>
 
 #include "HORenderContext.h"
@@ -22,12 +23,19 @@ public:
 
 private:
     using Range = std::pair<const uint32_t*, const uint32_t*>;
+    struct Band;
 
-    bool draw(QPainter& painter, Range features, bool highlighted) const;
+    // False when cancelled. `reports`: show progress now and then (only where the picture is whole).
+    bool draw(HOFeaturePainter& painter, Range features, bool highlighted, bool reports) const;
+    // Through the context's own painter.
+    bool drawHere(const std::vector<uint32_t>& features, bool highlighted) const;
     void drawMembers(HOFeaturePainter& painter, uint32_t feature, bool highlighted) const;
-    bool drawInTwo(Range features) const;
-    Range::first_type balancedMiddle(Range features) const;
-    bool canSplit(std::size_t count) const;
+    bool drawInBands(const std::vector<uint32_t>& features, int bandCount) const;
+    // The first row of each band and the picture's height: bands of about equal work.
+    std::vector<int> bandRows(const std::vector<uint32_t>& features, int bandCount) const;
+    std::vector<Band> bandsOf(const std::vector<int>& rows) const;
+    void drawBand(Band& band, Range features) const;
+    int bandCount(std::size_t features) const;
 
     const HOFeatureStore& m_store;
     const HOFeatureStyleSet& m_styles;

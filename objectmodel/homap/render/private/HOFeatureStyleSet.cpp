@@ -1,5 +1,7 @@
 #include "render/private/HOFeatureStyleSet.h"
 
+#include "HOStylePainter.h"
+
 #include <algorithm>
 
 namespace HXObjects {
@@ -47,7 +49,12 @@ HOFeatureStyleSet::HOFeatureStyleSet(HORefPtr<HOStyle> layerStyle, std::map<int,
             layerStyle && layerStyle->GetStyleType() == StyleTypeOf(kind) && kind != HOFeatureKind::Empty;
         m_byKind[k] = own ? layerStyle : DefaultStyle(kind);
         m_highlight[k] = HighlightStyle(kind);
+        m_reach = std::max(m_reach, HOStylePainter::Reach(*m_byKind[k]));
     }
+    for (const auto& style : m_overrides) m_reach = std::max(m_reach, HOStylePainter::Reach(*style.second));
+    if (m_categories)
+        for (const auto& style : m_categories->Styles())
+            m_reach = std::max(m_reach, HOStylePainter::Reach(*style));
 }
 
 const HOStyle& HOFeatureStyleSet::StyleFor(HOFeatureKind kind, std::size_t feature, int64_t id) const {

@@ -32,6 +32,8 @@ public:
     const HOStyle& KindStyle(HOFeatureKind kind) const { return *m_byKind[int(kind)]; }
     bool IsSelected(int64_t id) const;
     bool HasSelection() const { return !m_selected.empty(); }
+    // The most any feature's style draws beyond its geometry, in pixels (the emphasis aside).
+    double Reach() const { return m_reach; }
 
 private:
     HORefPtr<HOStyle> m_byKind[4];
@@ -39,6 +41,7 @@ private:
     std::map<int, HORefPtr<HOStyle>> m_overrides;
     std::vector<int64_t> m_selected;
     std::shared_ptr<const HOFeatureCategories> m_categories;
+    double m_reach = 0;
 };
 
 }  // namespace HXObjects

@@ -37,8 +37,8 @@ void HOLineRasterizer::DrawPolyline(const QPointF* points, int count, bool queue
             queue(s);
             continue;
         }
-        m_top = 0;
-        m_bottom = m_target.height;
+        m_top = m_target.top;
+        m_bottom = m_target.bottom;
         drawSegment(s, m_top, m_bottom);
     }
     if (m_queued > queueLimit) Flush();
@@ -47,8 +47,8 @@ void HOLineRasterizer::DrawPolyline(const QPointF* points, int count, bool queue
 // Pixel centres at integer coordinates from here on.
 bool HOLineRasterizer::segment(const QPointF& a, const QPointF& b, bool last, Segment* s) const {
     const double x0 = a.x() - 0.5, y0 = a.y() - 0.5, x1 = b.x() - 0.5, y1 = b.y() - 0.5;
-    if ((x0 < -1 && x1 < -1) || (y0 < -1 && y1 < -1) || (x0 > m_target.width && x1 > m_target.width) ||
-        (y0 > m_target.height && y1 > m_target.height))
+    if ((x0 < -1 && x1 < -1) || (y0 < m_target.top - 1 && y1 < m_target.top - 1) ||
+        (x0 > m_target.width && x1 > m_target.width) || (y0 > m_target.bottom && y1 > m_target.bottom))
         return false;
     *s = {float(x0), float(y0), float(x1), float(y1), last};
     return true;
@@ -56,8 +56,8 @@ bool HOLineRasterizer::segment(const QPointF& a, const QPointF& b, bool last, Se
 
 void HOLineRasterizer::queue(const Segment& s) {
     const int maxBand = int(m_bands.size()) - 1;
-    const double top = std::max(-1.0f, std::min(s.y0, s.y1)),
-                 bottom = std::min(float(m_target.height), std::max(s.y0, s.y1));
+    const double top = std::max(float(m_target.top - 1), std::min(s.y0, s.y1)),
+                 bottom = std::min(float(m_target.bottom), std::max(s.y0, s.y1));
     const int first = std::clamp(int(std::floor(top)) >> bandShift, 0, maxBand);
     const int last = std::clamp((int(std::floor(bottom)) + 1) >> bandShift, 0, maxBand);
     for (int band = first; band <= last; ++band) m_bands[std::size_t(band)].push_back(s);
@@ -76,8 +76,8 @@ void HOLineRasterizer::Flush() {
 }
 
 void HOLineRasterizer::plot(int x, int y, uint32_t coverage) {
-    if (unsigned(x) >= unsigned(m_target.width) || y < m_top || y >= m_bottom || y >= m_target.height ||
-        !coverage)
+    if (unsigned(x) >= unsigned(m_target.width) || y < m_top || y >= m_bottom || y < m_target.top ||
+        y >= m_target.bottom || !coverage)
         return;
     HODirectTarget::Blend(m_target.bits[y * m_target.stride + x], HODirectTarget::ByteMul(m_color, coverage));
 }

@@ -32,8 +32,8 @@ void HOMarkerBlitter::Stamp(const QPointF& centre) {
         return;
     }
     // Far outside the image: nothing to stamp (and no integer overflow below).
-    if (centre.x() < -w || centre.y() < -h || centre.x() > m_target.width + w ||
-        centre.y() > m_target.height + h)
+    if (centre.x() < -w || centre.y() < m_target.top - h || centre.x() > m_target.width + w ||
+        centre.y() > m_target.bottom + h)
         return;
     const int x = int(std::floor(centre.x())), y = int(std::floor(centre.y()));
     if (m_skipRepeats)
@@ -69,7 +69,7 @@ bool HOMarkerBlitter::alreadyStamped(int x, int y) {
 
 void HOMarkerBlitter::composite(int left, int top) {
     const int x0 = std::max(0, left), x1 = std::min(m_target.width, left + m_markerWidth);
-    const int y0 = std::max(0, top), y1 = std::min(m_target.height, top + m_markerHeight);
+    const int y0 = std::max(m_target.top, top), y1 = std::min(m_target.bottom, top + m_markerHeight);
     const auto* markerBits = reinterpret_cast<const uint32_t*>(m_marker->constBits());
     const std::ptrdiff_t markerStride = m_marker->bytesPerLine() / 4;
     for (int y = y0; y < y1; ++y) {
