@@ -18,7 +18,7 @@ namespace {
 void addLayerFigures(BenchReport& report, const QString& dataset, const LayerFigures& f,
                      const ViewPathFigures& v, const PeerTimes& peers) {
     report.Add(dataset, QStringLiteral("open (read into memory)"), f.open, QStringLiteral("plain OGR read"),
-               f.plainRead, QStringLiteral("<= 1.2x"));
+               f.plainRead, QStringLiteral("<= 1.1x"));
     report.Add(dataset, QStringLiteral("index ready after open"), f.indexReady, QString(), 0);
     report.Add(dataset, QStringLiteral("geometry bytes / 16 per vertex"), f.memoryRatio,
                QStringLiteral("raw coordinates"), 1.0, QStringLiteral("<= 1.25x"));

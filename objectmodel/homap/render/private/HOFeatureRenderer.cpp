@@ -15,8 +15,10 @@ namespace HXObjects {
 namespace {
 
 constexpr std::size_t cancelPollInterval = 2048;
-// Below this many vertices a second thread costs more than it saves.
-constexpr double splitVertexThreshold = 200000;
+// Below this much work (vertices, or fill pixels over fillPixelsPerVertex) bands cost more than
+// they save.
+constexpr double splitWork = 50000;
+constexpr double fillPixelsPerVertex = 8;
 // Features the bands draw between two looks at the whole picture (progress, cancel).
 constexpr std::size_t bandRound = 65536;
 // Features sampled to find where the work lies.
@@ -52,8 +54,13 @@ void HOFeatureRenderer::Render() {
         std::copy_if(features.begin(), features.end(), std::back_inserter(selected), isSelected);
         features.erase(std::remove_if(features.begin(), features.end(), isSelected), features.end());
     }
-    const int bands = bandCount(features.size());
-    const bool finished = bands > 1 ? drawInBands(features, bands) : drawHere(features, false);
+    bool finished;
+    const int bands = features.size() > 1 ? threads() : 1;
+    const std::vector<double> work = bands > 1 ? workByRow(features) : std::vector<double>();
+    if (bands > 1 && work.back() >= splitWork)
+        finished = drawInBands(features, bandRows(work, bands));
+    else
+        finished = drawHere(features, false);
     if (finished) drawHere(selected, true);
 }
 
@@ -106,27 +113,25 @@ void HOFeatureRenderer::drawMembers(HOFeaturePainter& painter, uint32_t feature,
     }
 }
 
-int HOFeatureRenderer::bandCount(std::size_t count) const {
+int HOFeatureRenderer::threads() const {
     const int threads =
         m_context.parallelism > 0 ? m_context.parallelism : int(std::thread::hardware_concurrency());
-    if (count < 2 || threads < 2) return 1;
     const QPainter& painter = *m_context.painter;
     const QPaintDevice* device = painter.device();
     // Bands share the target's pixels: only a plain image drawn without transform or clip.
-    if (!device || device->devType() != QInternal::Image || device->devicePixelRatioF() != 1.0 ||
-        !painter.transform().isIdentity() || painter.hasClipping() || device->height() < threads)
+    if (threads < 2 || !device || device->devType() != QInternal::Image ||
+        device->devicePixelRatioF() != 1.0 || !painter.transform().isIdentity() || painter.hasClipping() ||
+        device->height() < threads)
         return 1;
-    const HOFeatureTopology& t = m_store.Topology();
-    const uint32_t vertices = t.VertexBegin(t.PartEnd(m_store.FeatureCount() - 1));
-    // The layer as a whole is a cheap proxy for the work: a zoomed-in view of a big layer still
-    // carries few features, so weigh by the share of features visible.
-    if (double(vertices) * double(count) / double(m_store.FeatureCount()) < splitVertexThreshold) return 1;
     return threads;
 }
 
-std::vector<int> HOFeatureRenderer::bandRows(const std::vector<uint32_t>& features, int bandCount) const {
-    // Where the work lies, row by row, from a sample of the features: their vertices at their middle.
-    const int height = m_context.painter->device()->height();
+std::vector<double> HOFeatureRenderer::workByRow(const std::vector<uint32_t>& features) const {
+    // From a sample of the features: a vertex each, and a pixel of fill for every few, at the
+    // feature's middle row; summed down the rows.
+    const QPaintDevice& device = *m_context.painter->device();
+    const double height = device.height(), width = device.width();
+    const double pixelsPerUnit = 1.0 / m_context.transform.unitsPerPixel;
     std::vector<double> work(std::size_t(height) + 1, 0.0);
     const HOFeatureTopology& t = m_store.Topology();
     const std::size_t stride = std::max<std::size_t>(1, features.size() / workSample);
@@ -134,11 +139,19 @@ std::vector<int> HOFeatureRenderer::bandRows(const std::vector<uint32_t>& featur
         const uint32_t f = features[i];
         const HOBox box = m_store.FeatureBox(f);
         const double row = m_context.transform.ToDevice({box.min.x, (box.min.y + box.max.y) / 2}).y;
-        const std::size_t at = std::size_t(std::clamp(row, 0.0, double(height)));
-        work[at] += 1.0 + t.VertexBegin(t.PartEnd(f)) - t.VertexBegin(t.PartBegin(f));
+        const double area = std::min(width, (box.max.x - box.min.x) * pixelsPerUnit) *
+                            std::min(height, (box.max.y - box.min.y) * pixelsPerUnit);
+        const double vertices = t.VertexBegin(t.PartEnd(f)) - t.VertexBegin(t.PartBegin(f));
+        work[std::size_t(std::clamp(row, 0.0, height))] +=
+            double(stride) * (vertices + area / fillPixelsPerVertex);
     }
     for (std::size_t row = 1; row < work.size(); ++row) work[row] += work[row - 1];
+    return work;
+}
+
+std::vector<int> HOFeatureRenderer::bandRows(const std::vector<double>& work, int bandCount) {
     // Bands of equal work; each at least one row.
+    const int height = int(work.size()) - 1;
     std::vector<int> rows{0};
     for (int i = 1; i < bandCount; ++i) {
         const double share = work.back() * i / bandCount;
@@ -181,8 +194,9 @@ void HOFeatureRenderer::drawBand(Band& band, Range features) const {
     draw(*band.featurePainter, {band.round.data(), band.round.data() + band.round.size()}, false, false);
 }
 
-bool HOFeatureRenderer::drawInBands(const std::vector<uint32_t>& features, int bandCount) const {
-    std::vector<Band> bands = bandsOf(bandRows(features, bandCount));
+bool HOFeatureRenderer::drawInBands(const std::vector<uint32_t>& features,
+                                    const std::vector<int>& rows) const {
+    std::vector<Band> bands = bandsOf(rows);
     // In rounds: between two, no band is drawing and the picture may be shown as it stands.
     for (std::size_t next = 0; next < features.size() && !m_context.IsCancelled();) {
         const std::size_t end = std::min(features.size(), next + bandRound);

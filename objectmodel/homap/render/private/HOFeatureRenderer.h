@@ -30,12 +30,16 @@ private:
     // Through the context's own painter.
     bool drawHere(const std::vector<uint32_t>& features, bool highlighted) const;
     void drawMembers(HOFeaturePainter& painter, uint32_t feature, bool highlighted) const;
-    bool drawInBands(const std::vector<uint32_t>& features, int bandCount) const;
-    // The first row of each band and the picture's height: bands of about equal work.
-    std::vector<int> bandRows(const std::vector<uint32_t>& features, int bandCount) const;
+    // `rows`: the first row of each band, then the picture's height.
+    bool drawInBands(const std::vector<uint32_t>& features, const std::vector<int>& rows) const;
+    // The threads the picture may be drawn on in bands (1: not in bands).
+    int threads() const;
+    // An estimate of the drawing work above each row of the picture (the last: all of it).
+    std::vector<double> workByRow(const std::vector<uint32_t>& features) const;
+    // The first row of each of `bandCount` bands of about equal work, then the picture's height.
+    static std::vector<int> bandRows(const std::vector<double>& work, int bandCount);
     std::vector<Band> bandsOf(const std::vector<int>& rows) const;
     void drawBand(Band& band, Range features) const;
-    int bandCount(std::size_t features) const;
 
     const HOFeatureStore& m_store;
     const HOFeatureStyleSet& m_styles;
