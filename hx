@@ -9,7 +9,7 @@ packages=(cmake ninja-build g++ ccache pkg-config qtbase5-dev qtbase5-dev-tools 
           fonts-dejavu-core fonts-noto-cjk fontconfig clang libclang-rt-14-dev poppler-utils
           postgresql-15-postgis-3)
 lint_packages=(clang-format clang-tidy)
-bench_packages=(mapserver-bin python3-mapnik hyperfine)
+bench_packages=(mapserver-bin python3-mapnik hyperfine time)
 
 missing() {
   local p out=()

@@ -73,7 +73,7 @@ LayerFigures LayerBench::Run() {
                       c.y + full.Height() / 20);
     QImage image;
     // The first zoomed render waits for the index, which is packed in the background after opening.
-    f.indexReady = f.open + BenchClock::Seconds([&] { render(layer, zoom, 1, &image); });
+    f.indexReady = f.open + BenchClock::Seconds([&] { Render(layer, zoom, m_size, 1, &image); });
     f.plainRead = std::min(f.plainRead, plainRead(nullptr, nullptr));
     layer = nullptr;
     f.open = std::min(f.open,
@@ -81,9 +81,9 @@ LayerFigures LayerBench::Run() {
     UseThePeersStyle(layer);
     f.memoryRatio = double(layer->GetGeometryBytes()) / (16.0 * double(f.vertices));
 
-    f.zoomRender = render(layer, zoom, 7, &image);
+    f.zoomRender = Render(layer, zoom, m_size, 7, &image);
     image.save(m_outDir + QStringLiteral("/hxbench-%1-zoom.png").arg(m_layer));
-    f.fullRender = render(layer, full, 5, &image);
+    f.fullRender = Render(layer, full, m_size, 5, &image);
     image.save(m_outDir + QStringLiteral("/hxbench-%1.png").arg(m_layer));
     return f;
 }
@@ -110,20 +110,21 @@ double LayerBench::plainRead(long long* features, long long* vertices) const {
     });
 }
 
-double LayerBench::render(HOFeatureLayer* layer, const HORect& extent, int runs, QImage* image) const {
+double LayerBench::Render(HOFeatureLayer* layer, const HORect& extent, const QSize& size, int runs,
+                          QImage* image) {
     double best = 1e9;
     for (int i = 0; i < runs; ++i) {
-        *image = QImage(m_size, QImage::Format_ARGB32_Premultiplied);
+        *image = QImage(size, QImage::Format_ARGB32_Premultiplied);
         image->fill(Qt::white);
         QPainter painter(image);
         painter.setRenderHint(QPainter::Antialiasing, true);
         HORenderContext context;
         context.painter = &painter;
-        context.size = {m_size.width(), m_size.height()};
+        context.size = {size.width(), size.height()};
         context.extent = extent;
         context.transform.extentLeft = extent.minx;
         context.transform.extentTop = extent.maxy;
-        context.transform.unitsPerPixel = extent.Width() / m_size.width();
+        context.transform.unitsPerPixel = extent.Width() / size.width();
         context.mapSystem = layer->GetSpatialReference();
         best = std::min(best, BenchClock::Seconds([&] { layer->Render(context); }));
     }

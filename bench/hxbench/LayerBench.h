@@ -28,11 +28,12 @@ public:
     static HXObjects::HORect Widened(const HXObjects::HORect& extent, const QSize& size);
     // The symbols bench/run gives the peers.
     static void UseThePeersStyle(HXObjects::HOFeatureLayer* layer);
+    // The best of `runs` renders of `extent` into a white image of `size` (the last one's kept), s.
+    static double Render(HXObjects::HOFeatureLayer* layer, const HXObjects::HORect& extent, const QSize& size,
+                         int runs, QImage* image);
 
 private:
     double plainRead(long long* features, long long* vertices) const;
-    double render(HXObjects::HOFeatureLayer* layer, const HXObjects::HORect& extent, int runs,
-                  QImage* image) const;
 
     QString m_gpkg;
     QString m_layer;

@@ -20,6 +20,10 @@ double PeerTimes::Seconds(const QString& dataset, const QString& peer) const {
     return m_seconds.value(peer).value(dataset, 0.0);
 }
 
+QStringList PeerTimes::Datasets(const QString& peer) const {
+    return m_seconds.value(peer).keys();
+}
+
 QStringList PeerTimes::Peers() const {
     return m_seconds.keys();
 }

@@ -1,6 +1,8 @@
 // hxbench: our figures on the benchmark GeoPackage, printed beside the peer renderers' and the plain
 // OGR baseline.
-//   hxbench --data bench.gpkg [--peers peers.tsv] [--out DIR] [--layers polygons,lines,points]
+//   hxbench --data bench.gpkg [--peers peers.tsv] [--peer-memory memory.tsv] [--out DIR]
+//           [--layers polygons,lines,points]
+//   hxbench --data bench.gpkg --peak-memory LAYER   (prints this process's peak after drawing LAYER)
 #include <gdal_priv.h>
 
 #include <QCommandLineParser>
@@ -9,6 +11,7 @@
 
 #include "BenchReport.h"
 #include "LayerBench.h"
+#include "MemoryBench.h"
 #include "PeerTimes.h"
 #include "ViewBench.h"
 #include "ViewPathBench.h"
@@ -45,6 +48,16 @@ void addLayerFigures(BenchReport& report, const QString& dataset, const LayerFig
     std::printf("%-9s %lld features, %lld vertices\n", qPrintable(dataset), f.features, f.vertices);
 }
 
+// Our peak memory beside MapServer's for each dataset the peers' file names.
+void addMemoryFigures(BenchReport& report, const QString& gpkg, const PeerTimes& peaks) {
+    for (const QString& peer : peaks.Peers())
+        for (const QString& dataset : peaks.Datasets(peer)) {
+            const double ours = MemoryBench::PeakInOwnProcess(gpkg, dataset);
+            report.Add(dataset, QStringLiteral("peak memory, open + render (MiB)"), ours,
+                       peer + QStringLiteral(" peak"), peaks.Seconds(dataset, peer), QStringLiteral("<= 2x"));
+        }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -59,14 +72,21 @@ int main(int argc, char** argv) {
     parser.addOption({"out", "Where the rendered images go.", "dir", QDir::currentPath()});
     parser.addOption({"layers", "Layers to measure.", "names", "polygons,lines,points"});
     parser.addOption({"view-path-only", "Only the view path figures, best of more runs (for profiling)."});
+    parser.addOption({"peer-memory", "Peer peak memory (dataset, peer, MiB per line).", "tsv"});
+    parser.addOption({"peak-memory", "Open and draw one layer, print the peak memory (MiB).", "layer"});
     parser.process(app);
     if (!parser.isSet("data")) parser.showHelp(2);
+    const QSize size(1920, 1080);
+    if (parser.isSet("peak-memory")) {
+        const double peak = MemoryBench::PeakHere(parser.value("data"), parser.value("peak-memory"), size);
+        std::printf("%.1f\n", peak);
+        return peak > 0 ? 0 : 1;
+    }
     PeerTimes peers;
     if (parser.isSet("peers") && !peers.Load(parser.value("peers")))
         std::fprintf(stderr, "hxbench: cannot read %s; no peer figures\n", qPrintable(parser.value("peers")));
     QDir().mkpath(parser.value("out"));
 
-    const QSize size(1920, 1080);
     BenchReport report;
     const QStringList layers = parser.value("layers").split(QLatin1Char(','), Qt::SkipEmptyParts);
     const bool viewPathOnly = parser.isSet("view-path-only");
@@ -85,6 +105,9 @@ int main(int argc, char** argv) {
         addLayerFigures(report, layer, own, view, peers);
     }
     if (!viewPathOnly) ViewBench(parser.value("data"), layers, size).Run(report);
+    PeerTimes peaks;
+    if (parser.isSet("peer-memory") && peaks.Load(parser.value("peer-memory")))
+        addMemoryFigures(report, parser.value("data"), peaks);
     report.Print();
     return 0;
 }

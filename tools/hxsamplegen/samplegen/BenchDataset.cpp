@@ -22,7 +22,8 @@ bool BenchDataset::write(const QString& path, const Progress& progress, QString*
         Maker make;
     } layers[] = {{"polygons", wkbPolygon, m_counts.polygons, &BenchDataset::polygon},
                   {"lines", wkbLineString, m_counts.lines, &BenchDataset::line},
-                  {"points", wkbPoint, m_counts.points, &BenchDataset::point}};
+                  {"points", wkbPoint, m_counts.points, &BenchDataset::point},
+                  {"polygons500k", wkbPolygon, m_counts.manyPolygons, &BenchDataset::polygon}};
     for (const auto& layer : layers) {
         QElapsedTimer timer;
         timer.start();

@@ -12,7 +12,8 @@ class OGRGeometry;
 
 // The benchmark load: one GeoPackage with a polygon, a line and a point layer over the region's extent,
 // streamed to disk feature by feature. Polygons are small blobs, lines long winding tracks, points
-// clustered where a noise field is high. Every feature has an integer `rank` from 1 to 4 for styling.
+// clustered where a noise field is high; polygons500k is five times the polygons. Every feature has an
+// integer `rank` from 1 to 4 for styling.
 class BenchDataset {
 public:
     struct Counts {
@@ -21,6 +22,7 @@ public:
         int lines = 100000;
         int lineVertices = 110;
         int points = 1000000;
+        int manyPolygons = 500000;  // a larger polygon layer, for the memory a whole layer takes
     };
     using Progress = std::function<void(const QString&)>;
 
