@@ -75,16 +75,10 @@ void HOLineRasterizer::Flush() {
     m_queued = 0;
 }
 
-void HOLineRasterizer::plot(int x, int y, uint32_t coverage) {
-    if (unsigned(x) >= unsigned(m_target.width) || y < m_top || y >= m_bottom || y < m_target.top ||
-        y >= m_target.bottom || !coverage)
-        return;
-    HODirectTarget::Blend(m_target.bits[y * m_target.stride + x], HODirectTarget::ByteMul(m_color, coverage));
-}
-
 // Steps along the major axis one pixel at a time and shares each step's coverage between the two
 // pixels the line passes between. A segment leaves out its end pixel, which the next one draws, so
-// joins are not drawn twice.
+// joins are not drawn twice. The major axis is cut to the rows (steep) or columns that may be
+// written, so only the minor axis is checked pixel by pixel.
 void HOLineRasterizer::drawSegment(const Segment& s, int top, int bottom) {
     double x0 = s.x0, y0 = s.y0, x1 = s.x1, y1 = s.y1;
     const bool steep = std::abs(y1 - y0) > std::abs(x1 - x0);
@@ -92,7 +86,9 @@ void HOLineRasterizer::drawSegment(const Segment& s, int top, int bottom) {
         std::swap(x0, y0);
         std::swap(x1, y1);
     }
-    // The major axis runs over the band's rows when steep, over the image's columns otherwise.
+    top = std::max(top, m_target.top);
+    bottom = std::min(bottom, m_target.bottom);
+    if (top >= bottom) return;
     const int low = steep ? top - 1 : -1;
     const int high = steep ? bottom : m_target.width;
     const double dx = x1 - x0;
@@ -108,27 +104,32 @@ void HOLineRasterizer::drawSegment(const Segment& s, int top, int bottom) {
         first = std::min(first, high - 1);
         end = std::max(end, low);
     }
-    const double minorLimit = (steep ? m_target.width : bottom) + 1.0;
-    const double minorLow = steep ? -2.0 : top - 2.0;
+    // The pixels of the minor axis that may be written: [minorFirst, minorEnd).
+    const int minorFirst = steep ? 0 : top;
+    const int minorEnd = steep ? m_target.width : bottom;
+    const double minorLimit = minorEnd + 1.0;
+    const double minorLow = minorFirst - 2.0;
+    uint32_t* const bits = m_target.bits;
+    const std::ptrdiff_t stride = m_target.stride;
+    const uint32_t color = m_color;
+    const auto put = [&](int major, int minor, uint32_t coverage) {
+        if (minor < minorFirst || minor >= minorEnd || !coverage) return;
+        uint32_t& pixel = steep ? bits[major * stride + minor] : bits[minor * stride + major];
+        HODirectTarget::Blend(pixel, coverage == 255 ? color : HODirectTarget::ByteMul(color, coverage));
+    };
     for (int x = first; step > 0 ? x < end : x > end; x += step) {
         const double y = y0 + gradient * (x - x0);
         if (!(y > minorLow && y < minorLimit)) continue;  // outside the band (or not a number)
-        const double floorY = std::floor(y);
-        const int iy = int(floorY);
         if (!m_antialias) {
-            const int ny = int(std::floor(y + 0.5));
-            steep ? plot(ny, x, 255) : plot(x, ny, 255);
+            put(x, int(std::floor(y + 0.5)), 255);
             continue;
         }
+        const double floorY = std::floor(y);
+        const int iy = int(floorY);
         // NOLINTNEXTLINE(bugprone-incorrect-roundings): the fraction is never negative
         const uint32_t lower = uint32_t((y - floorY) * 255.0 + 0.5);
-        if (steep) {
-            plot(iy, x, 255 - lower);
-            plot(iy + 1, x, lower);
-        } else {
-            plot(x, iy, 255 - lower);
-            plot(x, iy + 1, lower);
-        }
+        put(x, iy, 255 - lower);
+        put(x, iy + 1, lower);
     }
 }
 

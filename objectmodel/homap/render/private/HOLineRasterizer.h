@@ -37,7 +37,6 @@ private:
     bool segment(const QPointF& a, const QPointF& b, bool last, Segment* s) const;
     void queue(const Segment& s);
     void drawSegment(const Segment& s, int top, int bottom);
-    void plot(int x, int y, uint32_t coverage);
 
     HODirectTarget m_target;
     bool m_antialias;
