@@ -107,7 +107,7 @@ tidy_check() {
 # The render, cancel and signal tests under ThreadSanitizer: the libraries and those tests alone, in
 # build/tsan. A data race or lock-order inversion fails the test (TSan's exit code); what is known
 # to be safe is suppressed, with the reason, in tests/tsan.supp.
-tsan_tests=(tst_mapviewrender tst_layerrender tst_layercompose tst_eventsignal tst_canvas_render)
+tsan_tests=(tst_mapviewrender tst_layerrender tst_layercompose tst_eventsignal tst_canvas_render tst_featureread)
 tsan_test() {
   local dir="$root/build/tsan"
   configure "$root" "$dir" -DCMAKE_BUILD_TYPE=Debug -DHX_TSAN=ON -DHX_SANITIZE=OFF -DHX_BUILD_TESTS=ON

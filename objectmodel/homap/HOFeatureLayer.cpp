@@ -351,7 +351,7 @@ bool HOFeatureLayer::Reload(HOString* error) {
     std::lock_guard<std::mutex> lock(d->source->mutex);
     CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
     HOOgrGeometryReader reader;
-    reader.Read(d->ogrLayer);
+    reader.ReadLayer(d->ogrLayer, *d->source);
     auto topology = std::make_shared<HOFeatureTopology>(std::move(reader.Topology()));
     d->stores.ReplaceSource(std::make_shared<const HOFeatureStore>(topology, std::move(reader.Vertices()),
                                                                    std::move(reader.Boxes())));

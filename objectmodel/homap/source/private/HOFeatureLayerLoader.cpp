@@ -24,7 +24,7 @@ HORefPtr<HOFeatureLayer> HOFeatureLayerLoader::Load(const std::shared_ptr<HOShar
     const bool streamed = HOFeatureStream::Exceeds(layer, HOMemoryBudget::Bytes());
     HOOgrGeometryReader reader;
     CPLErrorReset();
-    if (!streamed && !reader.Read(layer, progress)) {
+    if (!streamed && !reader.ReadLayer(layer, *source, progress)) {
         *reason = QCoreApplication::translate("HXObjects::HOFeatureLayerLoader", "cancelled");
         return nullptr;
     }

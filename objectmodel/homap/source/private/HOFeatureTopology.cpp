@@ -6,6 +6,24 @@ namespace HXObjects {
 
 void HOFeatureTopology::EndFeature(HOFeatureKind kind, int64_t id) {
     m_featureStart.push_back(uint32_t(PartCount()));
+    addId(id);
+    m_kinds.push_back(kind);
+}
+
+void HOFeatureTopology::Append(const HOFeatureTopology& other) {
+    const uint32_t vertexBase = m_partStart.back();
+    const uint32_t partBase = uint32_t(PartCount());
+    for (std::size_t part = 1; part < other.m_partStart.size(); ++part)
+        m_partStart.push_back(other.m_partStart[part] + vertexBase);
+    m_partKinds.insert(m_partKinds.end(), other.m_partKinds.begin(), other.m_partKinds.end());
+    for (std::size_t feature = 0; feature < other.m_kinds.size(); ++feature) {
+        m_featureStart.push_back(other.m_featureStart[feature + 1] + partBase);
+        addId(other.Id(feature));
+        m_kinds.push_back(other.m_kinds[feature]);
+    }
+}
+
+void HOFeatureTopology::addId(int64_t id) {
     if (m_kinds.empty()) m_firstId = id;
     const int64_t expected = m_firstId + int64_t(m_kinds.size());
     if (m_ids.empty() && id != expected) {
@@ -13,7 +31,6 @@ void HOFeatureTopology::EndFeature(HOFeatureKind kind, int64_t id) {
         for (int64_t i = m_firstId; i < expected; ++i) m_ids.push_back(i);
     }
     if (!m_ids.empty()) m_ids.push_back(id);
-    m_kinds.push_back(kind);
 }
 
 void HOFeatureTopology::Compact() {

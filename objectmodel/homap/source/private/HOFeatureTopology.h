@@ -61,6 +61,9 @@ public:
         m_partKinds.push_back(kind);
     }
     void EndFeature(HOFeatureKind kind, int64_t id);
+    // Adds the features of another topology built the same way (neither compacted yet), whose
+    // vertices follow this one's in the array.
+    void Append(const HOFeatureTopology& other);
     void Reserve(std::size_t features) {
         m_kinds.reserve(features);
         m_featureStart.reserve(features + 1);
@@ -104,6 +107,8 @@ private:
     int64_t m_firstId = 0;
     std::vector<int64_t> m_ids;
     bool m_singlePoints = false;
+
+    void addId(int64_t id);
 };
 
 }  // namespace HXObjects

@@ -4,10 +4,14 @@
 #include <sys/mman.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdint>
+#include <future>
 #include <memory>
+#include <regex>
 
 #include "source/private/HOFeatureStore.h"
+#include "source/private/HOSharedDataset.h"
 
 namespace HXObjects {
 
@@ -15,6 +19,8 @@ namespace {
 
 // Features read between two reports of progress.
 constexpr std::size_t kProgressEvery = 4096;
+// Layers of at least this many features are read in two halves at once.
+constexpr GIntBig kHalvesFrom = 20000;
 
 // Skips every attribute field while reading and restores them on leaving.
 class IgnoreAttributes {
@@ -68,26 +74,119 @@ void HOOgrGeometryReader::SkipAttributes(OGRLayer* layer) {
 }
 
 bool HOOgrGeometryReader::Read(OGRLayer* layer, const Progress& progress) {
+    return Read(layer, progress, Span());
+}
+
+bool HOOgrGeometryReader::Read(OGRLayer* layer, const Progress& progress, const Span& span) {
     IgnoreAttributes ignore(layer);
     layer->SetSpatialFilter(nullptr);
     layer->SetAttributeFilter(nullptr);
+    const GIntBig total = layer->GetFeatureCount(FALSE);
+    const GIntBig size = span.size >= 0 ? span.size
+                         : total > 0    ? std::max<GIntBig>(0, total - span.first)
+                                        : total;
+    if (!span.where.empty() && layer->SetAttributeFilter(span.where.c_str()) != OGRERR_NONE) return false;
     layer->ResetReading();
-    const GIntBig expected = layer->GetFeatureCount(FALSE);
-    if (expected > 0) {
-        m_topology.Reserve(std::size_t(expected));
-        m_boxes.reserve(std::size_t(expected));
+    const bool read = (span.first == 0 || layer->SetNextByIndex(span.first) == OGRERR_NONE) &&
+                      readFeatures(layer, progress, span.count, size, span.room >= 0 ? span.room : size);
+    if (!span.where.empty()) layer->SetAttributeFilter(nullptr);
+    return read;
+}
+
+bool HOOgrGeometryReader::readFeatures(OGRLayer* layer, const Progress& progress, long long count,
+                                       long long size, long long room) {
+    const std::size_t features = m_boxes.size(), vertices = m_vertices.size();  // read before
+    if (room > 0) {
+        m_topology.Reserve(features + std::size_t(room));
+        m_boxes.reserve(features + std::size_t(room));
         adviseHugePages(m_boxes.data(), m_boxes.capacity() * sizeof(HOBox));
     }
-    std::size_t count = 0;
-    while (OGRFeatureUniquePtr feature{layer->GetNextFeature()}) {
+    std::size_t read = 0;
+    while (count < 0 || GIntBig(read) < count) {
+        const OGRFeatureUniquePtr feature{layer->GetNextFeature()};
+        if (!feature) break;
         AppendFeature(feature->GetGeometryRef(), feature->GetFID());
-        if (++count == 1024 && expected > 0) reserveFor(std::size_t(expected), count);
-        if (progress && count % kProgressEvery == 0 &&
-            !progress(expected > 0 ? std::min(1.0, double(count) / double(expected)) : 0.0))
+        if (++read == 1024 && room > 0) reserveFor(vertices, std::size_t(room), read);
+        if (progress && read % kProgressEvery == 0 &&
+            !progress(size > 0 ? std::min(1.0, double(read) / double(size)) : 0.0))
             return false;
     }
+    return true;
+}
+
+bool HOOgrGeometryReader::halvesOf(OGRLayer* layer, const HOSharedDataset& source, Span halves[2]) {
+    const std::string driver = source.dataset->GetDriverName();
+    if (!layer->TestCapability(OLCFastFeatureCount)) return false;
+    const GIntBig total = layer->GetFeatureCount(FALSE), half = total / 2;
+    if (total < kHalvesFrom) return false;
+    if (driver == "ESRI Shapefile" && layer->TestCapability(OLCFastSetNextByIndex)) {
+        // The first makes room for the second, appended to it.
+        halves[0] = {0, half, {}, half, total};
+        halves[1] = {half, -1, {}, total - half, -1};
+        return true;
+    }
+    const std::string fid = layer->GetFIDColumn();
+    if (driver != "GPKG" || fid.empty()) return false;
+    // A GeoPackage reads in the order of its row ids, which are the FIDs: split at the middle one.
+    const auto quoted = [](const std::string& name) {
+        return '"' + std::regex_replace(name, std::regex("\""), "\"\"") + '"';
+    };
+    const std::string middle = "SELECT " + quoted(fid) + " FROM " + quoted(layer->GetName()) + " ORDER BY " +
+                               quoted(fid) + " LIMIT 1 OFFSET " + std::to_string(half);
+    OGRLayer* result = source.dataset->ExecuteSQL(middle.c_str(), nullptr, nullptr);
+    if (!result) return false;
+    const OGRFeatureUniquePtr row{result->GetNextFeature()};
+    const std::string at = row ? std::to_string(row->GetFieldAsInteger64(0)) : std::string();
+    source.dataset->ReleaseResultSet(result);
+    if (at.empty()) return false;
+    halves[0] = {0, -1, quoted(fid) + " < " + at, half, total};
+    halves[1] = {0, -1, quoted(fid) + " >= " + at, total - half, -1};
+    return true;
+}
+
+bool HOOgrGeometryReader::ReadLayer(OGRLayer* layer, const HOSharedDataset& source,
+                                    const Progress& progress) {
+    Span halves[2];
+    if (halvesOf(layer, source, halves) ? !readInHalves(layer, source, halves, progress)
+                                        : !Read(layer, progress))
+        return false;
     Finish();
     return true;
+}
+
+bool HOOgrGeometryReader::readInHalves(OGRLayer* layer, const HOSharedDataset& source, const Span halves[2],
+                                       const Progress& progress) {
+    const std::string name = layer->GetName();
+    const std::string driver = source.dataset->GetDriverName();
+    std::atomic<double> secondDone{0.0};
+    std::atomic<bool> stop{false};
+    HOOgrGeometryReader second;
+    // The second half through a dataset of its own: GDAL lets one thread at a time use a dataset.
+    auto secondRead = std::async(std::launch::async, [&] {
+        const char* const drivers[] = {driver.c_str(), nullptr};
+        GDALDatasetUniquePtr again(
+            GDALDataset::Open(source.path.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY, drivers));
+        OGRLayer* same = again ? again->GetLayerByName(name.c_str()) : nullptr;
+        const auto told = [&](double done) {
+            secondDone = done;
+            return !stop;
+        };
+        return same && second.Read(same, told, halves[1]);
+    });
+    const auto told = [&](double done) {
+        if (progress && !progress((done + secondDone) / 2)) stop = true;
+        return !stop;
+    };
+    const bool firstRead = Read(layer, told, halves[0]);
+    stop = stop || !firstRead;
+    const bool secondReadWell = secondRead.get();
+    if (!firstRead) return false;
+    if (secondReadWell) {
+        Append(second);
+        return true;
+    }
+    // The source would not open again: the rest from here.
+    return Read(layer, progress, halves[1]);
 }
 
 void HOOgrGeometryReader::AppendFeature(const OGRGeometry* geometry, int64_t id) {
@@ -106,6 +205,13 @@ void HOOgrGeometryReader::CopyFeature(const HOFeatureStore& store, std::size_t f
     endFeature(t.Kind(feature), t.Id(feature));
 }
 
+void HOOgrGeometryReader::Append(const HOOgrGeometryReader& other) {
+    m_topology.Append(other.m_topology);
+    m_vertices.insert(m_vertices.end(), other.m_vertices.begin(), other.m_vertices.end());
+    m_boxes.insert(m_boxes.end(), other.m_boxes.begin(), other.m_boxes.end());
+    for (int k = 0; k < 4; ++k) m_kindCounts[k] += other.m_kindCounts[k];
+}
+
 void HOOgrGeometryReader::endFeature(HOFeatureKind kind, int64_t id) {
     m_topology.EndFeature(kind, id);
     m_boxes.push_back(m_box);
@@ -119,11 +225,11 @@ void HOOgrGeometryReader::Finish() {
     if (m_vertices.capacity() > m_vertices.size() + m_vertices.size() / 8) m_vertices.shrink_to_fit();
 }
 
-void HOOgrGeometryReader::reserveFor(std::size_t features, std::size_t read) {
+void HOOgrGeometryReader::reserveFor(std::size_t before, std::size_t features, std::size_t read) {
     // The first features tell the size of the rest closely enough for data sets of similar features;
     // a little headroom saves the copy a final small overflow would cost.
-    const double perFeature = double(m_vertices.size()) / double(read);
-    m_vertices.reserve(std::size_t(perFeature * double(features) * 1.04) + 64);
+    const double perFeature = double(m_vertices.size() - before) / double(read);
+    m_vertices.reserve(before + std::size_t(perFeature * double(features) * 1.04) + 64);
     adviseHugePages(m_vertices.data(), m_vertices.capacity() * sizeof(HOVertex));
 }
 
