@@ -19,6 +19,7 @@ HOFeaturePainter::HOFeaturePainter(QPainter& painter, const HOFeatureStore& stor
       m_markerPaths(painter),
       m_target(HODirectTarget::Of(painter)),
       m_rasterizer(m_target, painter.testRenderHint(QPainter::Antialiasing)),
+      m_filler(m_target),
       m_antialias(painter.testRenderHint(QPainter::Antialiasing)),
       m_vector(painter.paintEngine() && painter.paintEngine()->type() != QPaintEngine::Raster),
       m_markerShapes(m_vector || (painter.device() && painter.device()->devicePixelRatioF() != 1.0)) {}
@@ -55,6 +56,10 @@ void HOFeaturePainter::useStyle(const HOStyle& style) {
     m_casing = HOStylePainter::CasingPen(style);
     m_brush = HOStylePainter::Brush(style);
     m_mode = Mode::Unset;
+    // Our own fill where QPainter's would be aliased too: a solid brush under an outline.
+    const bool ownFill =
+        m_target.IsValid() && m_brush.style() == Qt::SolidPattern && m_pen.style() != Qt::NoPen;
+    m_fillColor = ownFill ? qPremultiply(m_brush.color().rgba()) : 0;
     // A hairline (width 0) on paper would be the printer's thinnest line: draw one screen pixel wide.
     if (m_vector && m_pen.style() != Qt::NoPen && m_pen.widthF() == 0.0) m_pen.setWidthF(1.0);
     // A cased line is drawn in two passes through the painter, so nothing may wait in the queue.
@@ -132,7 +137,9 @@ void HOFeaturePainter::drawPolygon(uint32_t firstPart, uint32_t endPart) {
     // Smaller than a pixel: still one pixel, so that small islands show at any scale.
     if (m_path.Width() < 1.0 && m_path.Height() < 1.0) return dot();
     if (m_path.Size() < 3) return;
-    if (m_brush.style() != Qt::NoBrush) {
+    if (m_fillColor && HOPolygonFiller::Handles(m_path.Width(), m_path.Height())) {
+        m_filler.Fill(m_path.Points(), m_path.Size(), m_fillColor);
+    } else if (m_brush.style() != Qt::NoBrush) {
         beginFill();
         m_painter.drawPolygon(m_path.Points(), m_path.Size(), Qt::OddEvenFill);
     }

@@ -14,6 +14,7 @@
 #include "render/private/HOMarkerBlitter.h"
 #include "render/private/HOMarkerPathBatch.h"
 #include "render/private/HOPixelPath.h"
+#include "render/private/HOPolygonFiller.h"
 #include "source/private/HOFeatureStore.h"
 
 class QPainter;
@@ -51,7 +52,9 @@ private:
     HOMarkerPathBatch m_markerPaths;  // draws what it gathered when it goes, before the painter state below
     HODirectTarget m_target;          // invalid: draw dots through the painter
     HOLineRasterizer m_rasterizer;    // after the path: flushes what it queued when it goes
-    bool m_rasterizeLines = false;    // the current pen is drawn by m_rasterizer
+    HOPolygonFiller m_filler;
+    uint32_t m_fillColor = 0;       // premultiplied; 0: m_brush is not one m_filler draws
+    bool m_rasterizeLines = false;  // the current pen is drawn by m_rasterizer
     const HOStyle* m_current = nullptr;
     QPen m_pen;
     QPen m_casing;  // beneath the line pen; NoPen for most styles
