@@ -132,6 +132,7 @@ std::vector<double> HOFeatureRenderer::workByRow(const std::vector<uint32_t>& fe
     const QPaintDevice& device = *m_context.painter->device();
     const double height = device.height(), width = device.width();
     const double pixelsPerUnit = 1.0 / m_context.transform.unitsPerPixel;
+    const double symbol = 2 * m_styles.Reach();
     std::vector<double> work(std::size_t(height) + 1, 0.0);
     const HOFeatureTopology& t = m_store.Topology();
     const std::size_t stride = std::max<std::size_t>(1, features.size() / workSample);
@@ -139,8 +140,9 @@ std::vector<double> HOFeatureRenderer::workByRow(const std::vector<uint32_t>& fe
         const uint32_t f = features[i];
         const HOBox box = m_store.FeatureBox(f);
         const double row = m_context.transform.ToDevice({box.min.x, (box.min.y + box.max.y) / 2}).y;
-        const double area = std::min(width, (box.max.x - box.min.x) * pixelsPerUnit) *
-                            std::min(height, (box.max.y - box.min.y) * pixelsPerUnit);
+        // The pixels its symbols may cover: a point's marker too.
+        const double area = std::min(width, (box.max.x - box.min.x) * pixelsPerUnit + symbol) *
+                            std::min(height, (box.max.y - box.min.y) * pixelsPerUnit + symbol);
         const double vertices = t.VertexBegin(t.PartEnd(f)) - t.VertexBegin(t.PartBegin(f));
         work[std::size_t(std::clamp(row, 0.0, height))] +=
             double(stride) * (vertices + area / fillPixelsPerVertex);
